@@ -1,0 +1,57 @@
+# How every target of the project is built.
+
+# Warnings, sanitizers and visibility for our own code.
+function(veka_compile_options target)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
+                                             -Woverloaded-virtual -Werror)
+    set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
+                                               POSITION_INDEPENDENT_CODE ON)
+    if(VEKA_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${VEKA_SANITIZE} -fno-sanitize-recover=all
+                                                 -fno-omit-frame-pointer)
+        target_link_options(${target} PUBLIC -fsanitize=${VEKA_SANITIZE})
+    endif()
+endfunction()
+
+# One folder of the project as a target. Its headers are seen as "folder/Header.h" by those targets alone that
+# name it among what they depend on, so that an include against the grain does not compile.
+#   veka_folder(<target> <folder below the project> [<target it may include from>...])
+function(veka_folder target folder)
+    get_filename_component(name ${folder} NAME)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp
+         ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    set(include ${PROJECT_BINARY_DIR}/include/${target})
+    file(MAKE_DIRECTORY ${include})
+    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${include}/${name} SYMBOLIC)
+    add_library(${target} OBJECT ${sources})
+    set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)  # a folder may hold headers alone
+    target_include_directories(${target} PUBLIC ${include})
+    target_link_libraries(${target} PUBLIC ${ARGN})
+    veka_compile_options(${target})
+    veka_check_headers(${target} ${sources})
+endfunction()
+
+# Compiles every header on its own.
+function(veka_check_headers target)
+    if(NOT VEKA_TESTS)
+        return()
+    endif()
+    set(units)
+    foreach(header IN LISTS ARGN)
+        if(header MATCHES "\\.h$")
+            file(RELATIVE_PATH path ${PROJECT_SOURCE_DIR} ${header})
+            set(unit ${PROJECT_BINARY_DIR}/headers/${path}.cpp)
+            file(CONFIGURE OUTPUT ${unit} CONTENT "#include \"${header}\"\n#include \"${header}\"\n")
+            list(APPEND units ${unit})
+        endif()
+    endforeach()
+    if(units)
+        add_library(${target}_headers OBJECT ${units})
+        get_target_property(folders ${target} INCLUDE_DIRECTORIES)
+        target_include_directories(${target}_headers PRIVATE $<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>)
+        target_compile_definitions(${target}_headers
+                                   PRIVATE $<TARGET_PROPERTY:${target},COMPILE_DEFINITIONS>)
+        veka_compile_options(${target}_headers)
+    endif()
+endfunction()

@@ -1,0 +1,56 @@
+#include "host/CommandLine.h"
+
+namespace host {
+
+const char* const kUsage =
+    "usage: veka-host [FILE] [--library DIR] [--overwrite yes|no|ask]\n"
+    "\n"
+    "Imports a part data file and stores the part in a library.\n"
+    "With FILE the import runs unattended; without, a dialog asks for file and directory.\n"
+    "\n"
+    "  --library DIR       directory that parts are stored in\n"
+    "  --overwrite HOW     what to do about a part that is there already (ask)\n"
+    "  --help              show this text\n"
+    "\n"
+    "exit code: 0 imported, 1 refused by the user or a check, 2 wrong usage, 3 failed\n";
+
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
+    CommandLine line;
+    bool optionsOver = false;
+    for (size_t i = 0; i < arguments.size(); ++i) {
+        std::string argument = arguments[i];
+        const bool option = !optionsOver && argument.size() > 1 && argument[0] == '-';
+        const auto value = [&] {
+            if (i + 1 == arguments.size()) throw UsageError(argument + " needs a value");
+            return arguments[++i];
+        };
+        if (!option) {
+            if (argument.empty()) throw UsageError("the file name is empty");
+            if (!line.file.empty()) throw UsageError("only one file can be imported");
+            line.file = argument;
+        } else if (argument == "--") {
+            optionsOver = true;
+        } else if (argument == "--help" || argument == "-h") {
+            line.help = true;
+        } else if (argument == "--library") {
+            line.library = value();
+        } else if (argument == "--overwrite") {
+            const std::string how = value();
+            if (how == "yes")
+                line.overwrite = Overwrite::Yes;
+            else if (how == "no")
+                line.overwrite = Overwrite::No;
+            else if (how == "ask")
+                line.overwrite = Overwrite::Ask;
+            else
+                throw UsageError("--overwrite takes yes, no or ask, not \"" + how + "\"");
+        } else {
+            throw UsageError("unknown option " + argument);
+        }
+    }
+    if (!line.help && !line.file.empty() && line.library.empty())
+        throw UsageError("--library DIR is needed with a file");
+    return line;
+}
+
+}  // namespace host

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace host {
+
+/// What to do about a part that is in the library already.
+enum class Overwrite { Yes, No, Ask };
+
+/// What the program was asked to do.
+struct CommandLine {
+    bool help = false;
+    std::string file;     ///< empty: the user names it in the dialog
+    std::string library;  ///< directory that parts are stored in
+    Overwrite overwrite = Overwrite::Ask;
+};
+
+/// A command line that cannot be understood.
+struct UsageError : std::runtime_error {
+    using runtime_error::runtime_error;
+};
+
+extern const char* const kUsage;
+
+/// Reads the arguments behind the program's name; raises `UsageError`.
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
+
+}  // namespace host

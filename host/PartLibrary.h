@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+namespace host {
+
+/// A library that cannot be written, or a file that cannot be read.
+struct StoreError : std::runtime_error {
+    using runtime_error::runtime_error;
+};
+
+/// A directory with one directory a part, which holds the part's source file.
+///
+/// A crash at any instant leaves either the old part or the new one, whole. Several programs may store into
+/// one library at the same time.
+class PartLibrary {
+public:
+    explicit PartLibrary(std::filesystem::path directory) : m_directory(std::move(directory)) {}
+
+    /// Stores a copy of `source` as the part `name`, which must be a single file name that begins neither
+    /// with a point nor is empty, and replaces what is there under that name. Raises `StoreError`.
+    void Store(const std::string& name, const std::filesystem::path& source);
+
+private:
+    std::filesystem::path m_directory;
+};
+
+}  // namespace host

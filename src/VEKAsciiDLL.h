@@ -1,0 +1,14 @@
+#pragma once
+
+/// Everything that a host needs: the import dialog, the parser, the model and the user interface to install.
+
+#include "dialog/CVEK_AsciiFile_Import_Dlg.h"
+#include "leveltree/CECadCls.h"
+#include "model/CVEKA_Manager.h"
+#include "model/CVEKA_MinMax.h"
+#include "model/CVEKA_RLC.h"
+#include "model/CVEKA_Type.h"
+#include "parser/CVEK_AsciiParser.h"
+#include "platform/CDialog.h"
+#include "platform/SBUtility.h"
+#include "platform/UserInterface.h"

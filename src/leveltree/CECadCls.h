@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+
+#include "leveltree/CECadClsLvl.h"
+#include "platform/CArray.h"
+
+/// Root of one level tree, and the reader that makes it from a file.
+///
+/// The rules are those of the format to the byte; what looks accidental among them is required.
+class VEKA_API CECadCls {
+public:
+    CECadCls();
+    virtual ~CECadCls();
+    CECadCls(const CECadCls&) = delete;
+    CECadCls& operator=(const CECadCls&) = delete;
+
+    /// Reads the file `m_strFilePath` into `m_pRootLevels`. 0 means that the file ended with balanced
+    /// levels, -1 that they were unbalanced or too deep; what had closed until then is in the tree. A file
+    /// that cannot be opened gives 0 and an empty tree. Shows a message box for a level that is too deep.
+    /// The low byte of the argument stands for the byte before the first line.
+    /// Raises `CFileException` where the file cannot be read on.
+    int ReadLevelTree(int nReserved);
+
+    int m_bStopAtDepthZero = 0;  ///< nonzero: stop after the first line, past line 1, that ends outside
+    Owned<CECadClsLvlArray> m_pRootLevels;  ///< closed top-level levels in file order
+    CString m_strFilePath;
+    int m_nLineCount = 0;  ///< lines taken from the file so far
+    CArrayN m_aReserved32;
+    CArray<std::uint64_t> m_aReserved64;
+};

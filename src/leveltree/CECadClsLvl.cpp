@@ -1,0 +1,7 @@
+#include "leveltree/CECadClsLvl.h"
+
+CECadClsLvlArray::CECadClsLvlArray() = default;
+CECadClsLvlArray::~CECadClsLvlArray() = default;
+
+CECadClsLvl::CECadClsLvl() = default;
+CECadClsLvl::~CECadClsLvl() = default;

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "model/Record.h"
+
+/// The company's preference for a part.
+class VEKA_API CVEKA_Preference {
+    VEKA_RECORD(CVEKA_Preference)
+    VEKA_TEXT(TempCPN, GetTempCPN, SetTempCPN)  ///< temporary company part number
+    VEKA_TEXT(Status, GetStatus, SetStatus)
+};

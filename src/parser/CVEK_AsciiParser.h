@@ -1,0 +1,53 @@
+#pragma once
+
+#include "leveltree/CECadClsLvl.h"
+#include "model/CVEKA_Color.h"
+#include "model/CVEKA_Comment.h"
+#include "model/CVEKA_Coordinate.h"
+#include "model/CVEKA_Manager.h"
+#include "model/CVEKA_USGKey.h"
+
+/// Reads a file into the model, and holds the model.
+///
+/// Every other method turns one level into a new record or array, which the caller owns. None of them keeps
+/// anything between calls or changes the parser.
+class VEKA_API CVEK_AsciiParser {
+public:
+    /// Makes an empty model.
+    CVEK_AsciiParser();
+    /// Copies share one model, which each of them deletes: a copy must never be destroyed beside its source.
+    CVEK_AsciiParser(const CVEK_AsciiParser& other);
+    CVEK_AsciiParser& operator=(const CVEK_AsciiParser& other);
+    /// Deletes the model.
+    virtual ~CVEK_AsciiParser();
+
+    CString GetVEKAsciiFilePath() const { return VEKAsciiFilePath; }
+    void SetVEKAsciiFilePath(CString path) { VEKAsciiFilePath = std::move(path); }
+    /// The model; it stays the parser's.
+    ::CVEKA_Manager* GetCVEKA_Manager() const noexcept { return CVEKA_Manager; }
+    /// Takes a model over. The former one is not deleted: it becomes the caller's.
+    void SetCVEKA_Manager(::CVEKA_Manager* manager) noexcept { CVEKA_Manager = manager; }
+
+    /// Reads the file into the model and returns 1, whatever the file is. Exceptions pass through: the model
+    /// is then as the last finished section left it.
+    int Parser();
+
+    // Values that many sections share.
+    CVEKA_Coordinate* PointParser(CECadClsLvl* level);
+    CVEKA_Color* ColorParser(CECadClsLvl* level);
+    CVEKA_CommentArray* COMMENTParser(CECadClsLvl* level);
+    CVEKA_USGKeyArray* USGKeysParser(CECadClsLvl* level);
+
+    // The part.
+    CVEKA_VEK* VEKParser(CECadClsLvl* level);
+    CVEKA_PartGeneral* PARTGENERALParser(CECadClsLvl* level);
+    CVEKA_Preference* PREFERENCEParser(CECadClsLvl* level);
+    CVEKA_Layout* LAYOUTParser(CECadClsLvl* level);
+    CVEKA_BOM* BOMParser(CECadClsLvl* level);
+
+private:
+    void ParseSection(CECadClsLvl* level);
+
+    CString VEKAsciiFilePath;
+    ::CVEKA_Manager* CVEKA_Manager;  // owned
+};

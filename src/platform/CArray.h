@@ -1,0 +1,143 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <new>
+#include <ostream>
+#include <type_traits>
+#include <utility>
+
+#include "platform/CObject.h"
+#include "platform/CStringArray.h"
+#include "platform/Exceptions.h"
+
+/// The toolkit's growable array, for plain elements such as numbers and pointers.
+///
+/// Without a grow step the capacity grows by an eighth of the size, at least 4 and at most 1024
+/// elements. The block is resized in place where the allocator can, so that long arrays stay linear.
+template <class TYPE, class ARG_TYPE = const TYPE&>
+class CArray : public CObject {
+    static_assert(std::is_trivially_copyable_v<TYPE>, "elements are moved as bytes");
+
+public:
+    CArray() = default;
+    ~CArray() override { std::free(m_pData); }
+
+    INT_PTR GetSize() const noexcept { return m_nSize; }
+    INT_PTR GetCount() const noexcept { return m_nSize; }
+    INT_PTR GetUpperBound() const noexcept { return m_nSize - 1; }
+    bool IsEmpty() const noexcept { return m_nSize == 0; }
+
+    /// Sets the size, new elements being zero; a grow step of 0 or more is kept for later growth.
+    /// A negative size is an invalid argument. Size 0 frees the storage.
+    void SetSize(INT_PTR size, INT_PTR growBy = -1) {
+        if (size < 0) AfxThrowInvalidArgException();
+        if (growBy >= 0) m_nGrowBy = growBy;
+        if (size == 0) {
+            std::free(std::exchange(m_pData, nullptr));
+            m_nSize = m_nMaxSize = 0;
+            return;
+        }
+        if (size > m_nMaxSize) Reallocate(std::max(size, m_nMaxSize + GrowStep()));
+        if (size > m_nSize) std::fill(m_pData + m_nSize, m_pData + size, TYPE{});
+        m_nSize = size;
+    }
+    /// Gives storage that is not in use back.
+    void FreeExtra() {
+        if (m_nSize == 0)
+            SetSize(0);
+        else if (m_nSize < m_nMaxSize)
+            Reallocate(m_nSize);
+    }
+    void RemoveAll() { SetSize(0); }
+
+    /// Element by index; an index outside the array raises `CInvalidArgException`.
+    const TYPE& GetAt(INT_PTR index) const { return m_pData[Checked(index)]; }
+    TYPE& ElementAt(INT_PTR index) { return m_pData[Checked(index)]; }
+    void SetAt(INT_PTR index, ARG_TYPE element) { m_pData[Checked(index)] = element; }
+    const TYPE& operator[](INT_PTR index) const { return m_pData[Checked(index)]; }
+    TYPE& operator[](INT_PTR index) { return m_pData[Checked(index)]; }
+    /// All elements in a row; null while there is no storage.
+    const TYPE* GetData() const noexcept { return m_pData; }
+    TYPE* GetData() noexcept { return m_pData; }
+
+    /// Stores at any index from 0 on; the array grows by zero elements up to there.
+    void SetAtGrow(INT_PTR index, ARG_TYPE element) {
+        if (index < 0) AfxThrowInvalidArgException();
+        const TYPE kept = element;  // the argument may lie in the block that is about to move
+        if (index >= m_nSize) SetSize(index + 1);
+        m_pData[index] = kept;
+    }
+    /// Appends an element and returns its index.
+    INT_PTR Add(ARG_TYPE element) {
+        SetAtGrow(m_nSize, element);
+        return m_nSize - 1;
+    }
+    /// Puts `count` copies of an element before an index; behind the end the gap is filled with zeros.
+    void InsertAt(INT_PTR index, ARG_TYPE element, INT_PTR count = 1) {
+        if (index < 0 || count < 1) AfxThrowInvalidArgException();
+        const TYPE kept = element;
+        const INT_PTR old = m_nSize;
+        SetSize(std::max(index, old) + count);
+        if (index < old) std::copy_backward(m_pData + index, m_pData + old, m_pData + old + count);
+        std::fill(m_pData + index, m_pData + index + count, kept);
+    }
+    /// Closes the gap over `count` elements; a range outside the array raises `CInvalidArgException`.
+    void RemoveAt(INT_PTR index, INT_PTR count = 1) {
+        if (index < 0 || count < 0 || index > m_nSize || count > m_nSize - index)
+            AfxThrowInvalidArgException();
+        std::copy(m_pData + index + count, m_pData + m_nSize, m_pData + index);
+        m_nSize -= count;
+    }
+
+    TYPE* begin() noexcept { return m_pData; }
+    TYPE* end() noexcept { return m_pData + m_nSize; }
+    const TYPE* begin() const noexcept { return m_pData; }
+    const TYPE* end() const noexcept { return m_pData + m_nSize; }
+
+    const CRuntimeClass* GetRuntimeClass() const override {
+        static const CRuntimeClass runtimeClass{"CArray"};
+        return &runtimeClass;
+    }
+    void AssertValid() const override {
+        if (m_nSize < 0 || m_nSize > m_nMaxSize || (m_nMaxSize > 0) != (m_pData != nullptr))
+            AfxThrowInvalidArgException();
+    }
+    void Dump(std::ostream& out) const override {
+        out << GetRuntimeClass()->m_lpszClassName << " with " << m_nSize << " elements\n";
+    }
+
+protected:
+    /// Exchanges elements and storage with another array.
+    void Swap(CArray& other) noexcept {
+        std::swap(m_pData, other.m_pData);
+        std::swap(m_nSize, other.m_nSize);
+        std::swap(m_nMaxSize, other.m_nMaxSize);
+        std::swap(m_nGrowBy, other.m_nGrowBy);
+    }
+
+    TYPE* m_pData = nullptr;
+    INT_PTR m_nSize = 0;
+    INT_PTR m_nMaxSize = 0;
+    INT_PTR m_nGrowBy = 0;
+
+private:
+    INT_PTR GrowStep() const { return m_nGrowBy > 0 ? m_nGrowBy : std::clamp<INT_PTR>(m_nSize / 8, 4, 1024); }
+    INT_PTR Checked(INT_PTR index) const {
+        if (index < 0 || index >= m_nSize) AfxThrowInvalidArgException();
+        return index;
+    }
+    void Reallocate(INT_PTR capacity) {
+        constexpr INT_PTR most = std::numeric_limits<INT_PTR>::max() / INT_PTR{sizeof(TYPE)};
+        if (capacity > most) throw std::bad_array_new_length();
+        void* block = std::realloc(m_pData, static_cast<size_t>(capacity) * sizeof(TYPE));
+        if (!block) throw std::bad_alloc();
+        m_pData = static_cast<TYPE*>(block);
+        m_nMaxSize = capacity;
+    }
+};
+
+/// Array of 32-bit integers.
+using CArrayN = CArray<int>;

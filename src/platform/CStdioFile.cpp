@@ -1,0 +1,90 @@
+#include "platform/CStdioFile.h"
+
+#include <algorithm>
+#include <cstring>
+#include <system_error>
+
+#include "platform/Exceptions.h"
+#include "platform/Paths.h"
+
+namespace {
+
+constexpr size_t kBlock = 64 * 1024;
+
+std::FILE* OpenForReading(const CString& path) {
+    // A path with a zero byte would be taken for the shorter one before it.
+    if (path.View().find('\0') != std::string_view::npos) return nullptr;
+    const std::filesystem::path native = veka::ToPath(path);
+    std::error_code error;
+    if (std::filesystem::is_directory(native, error)) return nullptr;
+#ifdef _WIN32
+    return _wfopen(native.c_str(), L"rb");
+#else
+    return std::fopen(native.c_str(), "rb");
+#endif
+}
+
+}  // namespace
+
+bool CStdioFile::Open(const CString& path) {
+    Close();
+    m_file.reset(OpenForReading(path));
+    if (!m_file) return false;
+    std::setvbuf(m_file.get(), nullptr, _IONBF, 0);  // the blocks are read straight into the own buffer
+    m_path = path;
+    m_atEnd = false;
+    return true;
+}
+
+void CStdioFile::Close() noexcept {
+    m_file.reset();
+    m_begin = m_end = 0;
+    m_atEnd = true;
+}
+
+bool CStdioFile::ReadString(CString& line) {
+    std::string_view view;
+    if (!ReadLine(view)) return false;
+    line = CString(view);
+    return true;
+}
+
+bool CStdioFile::ReadLine(std::string_view& line) {
+    size_t searched = m_begin;
+    for (;;) {
+        const char* start = m_buffer.data() + m_begin;
+        const void* found =
+            searched < m_end ? std::memchr(m_buffer.data() + searched, '\n', m_end - searched) : nullptr;
+        if (found) {
+            size_t length = static_cast<size_t>(static_cast<const char*>(found) - start);
+            m_begin += length + 1;
+            if (length > 0 && start[length - 1] == '\r') --length;
+            line = {start, length};
+            return true;
+        }
+        if (m_atEnd) {
+            if (m_begin == m_end) return false;
+            line = {start, m_end - m_begin};
+            m_begin = m_end;
+            return true;
+        }
+        const size_t unsearched = m_end - m_begin;
+        ReadBlock();
+        searched = m_begin + unsearched;
+    }
+}
+
+void CStdioFile::ReadBlock() {
+    // The begun line goes to the front; the buffer doubles when one line fills it.
+    std::copy(m_buffer.begin() + static_cast<std::ptrdiff_t>(m_begin),
+              m_buffer.begin() + static_cast<std::ptrdiff_t>(m_end), m_buffer.begin());
+    m_end -= m_begin;
+    m_begin = 0;
+    if (m_buffer.size() - m_end < kBlock) m_buffer.resize(std::max(m_buffer.size() * 2, kBlock));
+    const size_t count = std::fread(m_buffer.data() + m_end, 1, m_buffer.size() - m_end, m_file.get());
+    m_end += count;
+    if (count == 0) {
+        if (std::ferror(m_file.get())) throw CFileException("The file \"" + m_path + "\" cannot be read.");
+        m_atEnd = true;
+    }
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <utility>
+
+/// A sub-record that lives inside its owner and is used as a pointer that is never null.
+///
+/// Copying copies the content, so two owners never share a sub-record. As with any pointer field, what
+/// it leads to can be changed through a const owner.
+template <class T>
+class Owned {
+public:
+    T* get() const noexcept { return &m_value; }
+    T* operator->() const noexcept { return &m_value; }
+    T& operator*() const noexcept { return m_value; }
+    operator T*() const noexcept { return &m_value; }
+
+private:
+    mutable T m_value{};
+};

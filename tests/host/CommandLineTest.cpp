@@ -1,0 +1,45 @@
+#include "host/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using host::Overwrite;
+using host::ParseCommandLine;
+using host::UsageError;
+
+TEST(CommandLine, NothingMeansTheDialog) {
+    const host::CommandLine line = ParseCommandLine({});
+    EXPECT_EQ(line.file, "");
+    EXPECT_EQ(line.library, "");
+    EXPECT_EQ(line.overwrite, Overwrite::Ask);
+    EXPECT_FALSE(line.help);
+}
+
+TEST(CommandLine, TakesItsOptionsInAnyOrder) {
+    for (const auto& line : {ParseCommandLine({"f", "--library", "l", "--overwrite", "yes"}),
+                             ParseCommandLine({"--overwrite", "yes", "--library", "l", "f"})}) {
+        EXPECT_EQ(line.file, "f");
+        EXPECT_EQ(line.library, "l");
+        EXPECT_EQ(line.overwrite, Overwrite::Yes);
+    }
+    EXPECT_EQ(ParseCommandLine({"--overwrite", "no"}).overwrite, Overwrite::No);
+    EXPECT_EQ(ParseCommandLine({"--overwrite", "ask"}).overwrite, Overwrite::Ask);
+    EXPECT_TRUE(ParseCommandLine({"-h"}).help);
+}
+
+TEST(CommandLine, AFileMayBeginWithAHyphen) {
+    EXPECT_EQ(ParseCommandLine({"--library", "l", "--", "--f"}).file, "--f");
+    EXPECT_EQ(ParseCommandLine({"--library", "l", "-"}).file, "-");
+}
+
+TEST(CommandLine, RaisesWhatItCannotUnderstand) {
+    EXPECT_THROW(ParseCommandLine({"f"}), UsageError);
+    EXPECT_THROW(ParseCommandLine({""}), UsageError);
+    EXPECT_THROW(ParseCommandLine({"f", "g", "--library", "l"}), UsageError);
+    EXPECT_THROW(ParseCommandLine({"--library"}), UsageError);
+    EXPECT_THROW(ParseCommandLine({"--overwrite", "maybe"}), UsageError);
+    EXPECT_THROW(ParseCommandLine({"--what"}), UsageError);
+}
+
+}  // namespace

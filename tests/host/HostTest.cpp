@@ -1,0 +1,146 @@
+#include "host/Host.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "support/Files.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class HostTest : public testing::Test {
+protected:
+    HostTest() {
+        library = directory.Path() / "lib";
+        std::filesystem::create_directory(library);
+    }
+    int Run(std::vector<std::string> arguments, const std::string& input = "") {
+        std::istringstream in(input);
+        out.str("");
+        err.str("");
+        return host::RunHost(arguments, in, out, err);
+    }
+    /// Imports a text unattended.
+    int Import(std::string_view text, const std::string& overwrite = "ask", const std::string& input = "") {
+        return Run({directory.Write("part.veka", text).GetString(), "--library", library.string(),
+                    "--overwrite", overwrite},
+                   input);
+    }
+    bool Stored(const char* name) const { return std::filesystem::exists(library / name / "part.veka"); }
+
+    test::TemporaryDirectory directory;
+    std::filesystem::path library;
+    std::ostringstream out, err;
+};
+
+TEST_F(HostTest, ImportsShowsAndStoresAPart) {
+    EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN A/1) (MANUFACTURER Maker)))"), 0);
+    EXPECT_THAT(out.str(), HasSubstr("Part A/1\n"));
+    EXPECT_THAT(out.str(), HasSubstr("Manufacturer      Maker\n"));
+    EXPECT_EQ(err.str(), "");
+    EXPECT_TRUE(Stored("A&#47;1"));
+}
+
+TEST_F(HostTest, AsksBeforeAPartIsOverwritten) {
+    const char* text = "(VEK (PARTGENERAL (MPN A)))";
+    Import(text);
+    EXPECT_EQ(Import(text, "ask", "y\n"), 0);
+    EXPECT_EQ(Import(text, "ask", "n\n"), 1);
+    EXPECT_EQ(err.str(), "veka-host: the part is in the library already and was left alone\n");
+    EXPECT_EQ(Import(text, "ask"), 1) << "the end of the input is a No";
+    EXPECT_EQ(Import(text, "yes"), 0);
+    EXPECT_EQ(Import(text, "no"), 1);
+}
+
+TEST_F(HostTest, OverwritingReplacesTheStoredFile) {
+    Import("(VEK (PARTGENERAL (MPN A)))");
+    Import("(VEK (PARTGENERAL (MPN A) (UNIT MM)))", "yes");
+    EXPECT_EQ(test::ReadFile(library / "A/part.veka"), "(VEK (PARTGENERAL (MPN A) (UNIT MM)))");
+    Import("(VEK (PARTGENERAL (MPN A)))", "no");
+    EXPECT_EQ(test::ReadFile(library / "A/part.veka"), "(VEK (PARTGENERAL (MPN A) (UNIT MM)))");
+}
+
+TEST_F(HostTest, APartWithoutANumberIsNeverStored) {
+    for (const char* overwrite : {"yes", "no", "ask"}) {
+        EXPECT_EQ(Import("(VEK (PARTGENERAL (UNIT MM)))", overwrite, "y\n"), 1);
+        EXPECT_NE(err.str(), "");
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(library));
+}
+
+TEST_F(HostTest, AMissingFileIsRefused) {
+    EXPECT_EQ(Run({directory.Path() / "missing", "--library", library}), 1);
+    EXPECT_EQ(err.str(), "veka-host: VEK Ascii File Path Fail!\n");
+}
+
+TEST_F(HostTest, AMissingLibraryIsRefused) {
+    EXPECT_EQ(Run({directory.Write("f", "").GetString(), "--library", directory.Path() / "missing"}), 1);
+    EXPECT_EQ(err.str(), "veka-host: VEK Library Directory Not Exist!\n");
+}
+
+TEST_F(HostTest, ADirectoryInPlaceOfAFileHoldsNoPart) {
+    EXPECT_EQ(Run({directory.Path(), "--library", library, "--overwrite", "yes"}), 1);
+    EXPECT_THAT(err.str(), HasSubstr("holds no part with a part number"));
+}
+
+TEST_F(HostTest, AFileThatCannotBeReadFails) {
+    if (!std::filesystem::exists("/proc/self/mem")) GTEST_SKIP() << "There is no file that cannot be read.";
+    EXPECT_EQ(Run({"/proc/self/mem", "--library", library}), 3);
+    EXPECT_EQ(
+        err.str(),
+        "veka-host: \"/proc/self/mem\" could not be imported: The file \"/proc/self/mem\" cannot be read.\n");
+}
+
+TEST_F(HostTest, ALibraryThatCannotBeWrittenFails) {
+    // A regular file can be no library, whoever asks; a directory without rights still lets the superuser in.
+    std::ofstream(directory.Path() / "file").put('x');
+    EXPECT_EQ(Run({directory.Write("f", "(VEK (PARTGENERAL (MPN A)))").GetString(), "--library",
+                   directory.Path() / "file"}),
+              3);
+    EXPECT_THAT(err.str(), HasSubstr("veka-host: the part could not be stored: cannot write"));
+    chmod(library.c_str(), 0555);
+    if (access(library.c_str(), W_OK) != 0) {
+        EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN A)))"), 3);
+        EXPECT_TRUE(std::filesystem::is_empty(library));
+    }
+    chmod(library.c_str(), 0755);
+}
+
+TEST_F(HostTest, ABraceErrorIsToldAndTheRestIsImported) {
+    EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN A)))\n)("), 0);
+    EXPECT_EQ(err.str(), "veka-host: Parser meet unexpected Brace Counting Number, 0 at line number 2.!\n");
+}
+
+TEST_F(HostTest, WrongUsageIsOneSentence) {
+    EXPECT_EQ(Run({"--what"}), 2);
+    EXPECT_EQ(err.str(), "veka-host: unknown option --what (--help tells more)\n");
+}
+
+TEST_F(HostTest, HelpIsShown) {
+    EXPECT_EQ(Run({"--help"}), 0);
+    EXPECT_THAT(out.str(), HasSubstr("usage: veka-host"));
+}
+
+TEST_F(HostTest, WithoutAFileTheDialogAsksOnTheTerminal) {
+    const CString file = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A)))");
+    EXPECT_EQ(Run({}, std::string(file.View()) + "\n" + library.string() + "\n"), 0);
+    EXPECT_TRUE(Stored("A"));
+    EXPECT_EQ(Run({"--library", library}, std::string(file.View()) + "\n\nn\n"), 1) << "then the input ends";
+    EXPECT_EQ(Run({}), 1);
+}
+
+TEST_F(HostTest, APartNumberCannotLeaveTheLibrary) {
+    EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN ../../escape)))"), 0);
+    EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN ..)))"), 0);
+    EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN \"" + std::string(5000, '/') + "\")))"), 0);
+    for (const auto& entry : std::filesystem::directory_iterator(directory.Path()))
+        EXPECT_THAT(entry.path().filename().string(), testing::AnyOf("lib", "part.veka"));
+}
+
+}  // namespace

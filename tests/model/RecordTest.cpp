@@ -1,0 +1,59 @@
+#include "model/Record.h"
+
+#include <gtest/gtest.h>
+
+#include "model/CVEKA_Comment.h"
+#include "model/CVEKA_Type.h"
+#include "model/part/CVEKA_PartGeneral.h"
+
+namespace {
+
+template <class Record>
+std::string FieldNames() {
+    std::string names;
+    Record record;
+    veka::ForEachField(record,
+                       [&](const auto& field, const auto&) { names += std::string(field.name) + " "; });
+    return names;
+}
+
+TEST(Record, DescribesItsFieldsInOrder) {
+    EXPECT_EQ(FieldNames<CVEKA_Comment>(), "Index Property Comment ");
+    EXPECT_EQ(FieldNames<CVEKA_Type>(), "Name Value1 Value2 ");
+    EXPECT_EQ(FieldNames<CVEKA_PartGeneral>(),
+              "Unit Manufacturer MPN CPN Preference ProductFamily FunctionalType PackageType PartDescription "
+              "Layout "
+              "NumberOfPins BOM CommentArr ");
+}
+
+TEST(Record, HasItsVirtualOperationsInOrder) {
+    // A table of three: destructor (two entries of the platform's), assignment, clone.
+    CVEKA_Comment comment, other;
+    other.SetIndex(7);
+    using Assign = CVEKA_Comment& (*)(CVEKA_Comment*, const CVEKA_Comment&);
+    using Clone = CVEKA_Comment* (*)(const CVEKA_Comment*);
+    void** table = *reinterpret_cast<void***>(&comment);
+    reinterpret_cast<Assign>(table[2])(&comment, other);
+    EXPECT_EQ(comment.GetIndex(), 7);
+    const std::unique_ptr<CVEKA_Comment> clone(reinterpret_cast<Clone>(table[3])(&comment));
+    EXPECT_EQ(clone->GetIndex(), 7);
+}
+
+TEST(Record, ACopyPassesOverNullElements) {
+    CVEKA_CommentArray array, copy;
+    array.Add(new CVEKA_Comment);
+    array.Add(static_cast<CVEKA_Comment*>(nullptr));
+    copy = array;
+    EXPECT_EQ(copy.GetSize(), 1);
+    copy.Append(array);
+    EXPECT_EQ(copy.GetSize(), 2);
+}
+
+TEST(Record, AnArrayAppendedToItselfDoublesAndEnds) {
+    CVEKA_CommentArray array;
+    array.Add(new CVEKA_Comment);
+    array.Append(array);
+    EXPECT_EQ(array.GetSize(), 2);
+}
+
+}  // namespace

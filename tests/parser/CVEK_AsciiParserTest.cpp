@@ -1,0 +1,118 @@
+#include "parser/CVEK_AsciiParser.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "support/Parsing.h"
+#include "support/Records.h"
+#include "support/ScriptedUserInterface.h"
+
+namespace {
+
+using test::Import;
+using test::SameButApart;
+
+const CVEKA_PartGeneral& General(const CVEK_AsciiParser& parser) {
+    return *parser.GetCVEKA_Manager()->GetVEK()->GetPartGeneral();
+}
+
+TEST(CVEK_AsciiParser, StartsWithAnEmptyPathAndAnEmptyModel) {
+    const CVEK_AsciiParser parser;
+    EXPECT_EQ(parser.GetVEKAsciiFilePath(), "");
+    EXPECT_TRUE(SameButApart(*parser.GetCVEKA_Manager(), CVEKA_Manager()));
+}
+
+TEST(CVEK_AsciiParser, AFileWithoutAKnownKeywordGivesAnEmptyModel) {
+    for (const char* text :
+         {"", "(OTHER (VEK))", "(vek (PARTGENERAL (MPN A)))", "(VEK (PARTGENERAL (MPN A))"})
+        EXPECT_TRUE(SameButApart(*Import(text)->GetCVEKA_Manager(), CVEKA_Manager())) << text;
+}
+
+TEST(CVEK_AsciiParser, TheLastPartOfAFileWins) {
+    const auto parser = Import("(VEK (PARTGENERAL (MPN A) (UNIT MM))) (VEK (PARTGENERAL (MPN B)))");
+    EXPECT_EQ(General(*parser).GetMPN(), "B");
+    EXPECT_EQ(General(*parser).GetUnit(), "");
+}
+
+TEST(CVEK_AsciiParser, KeepsWhatClosedBeforeABraceError) {
+    test::ScriptedUserInterface user;
+    const auto parser = Import("(VEK (PARTGENERAL (MPN A)))\n" + std::string(21, '('));
+    EXPECT_EQ(General(*parser).GetMPN(), "A");
+    EXPECT_EQ(user.messages.size(), 1u);
+}
+
+TEST(CVEK_AsciiParser, AMissingFileGivesAnEmptyModel) {
+    CVEK_AsciiParser parser;
+    parser.SetVEKAsciiFilePath("/nowhere/at/all");
+    EXPECT_EQ(parser.Parser(), 1);
+}
+
+TEST(CVEK_AsciiParser, AReadErrorReachesTheCaller) {
+    if (!std::filesystem::exists("/proc/self/mem")) GTEST_SKIP() << "There is no file that cannot be read.";
+    CVEK_AsciiParser parser;
+    parser.SetVEKAsciiFilePath("/proc/self/mem");
+    EXPECT_THROW(parser.Parser(), CFileException);
+}
+
+TEST(CVEK_AsciiParser, CanReadAgain) {
+    const test::TemporaryDirectory directory;
+    CVEK_AsciiParser parser;
+    parser.SetVEKAsciiFilePath(directory.Write("one", "(VEK (PARTGENERAL (MPN A)))"));
+    parser.Parser();
+    parser.SetVEKAsciiFilePath(directory.Write("two", "(VEK (PARTGENERAL (UNIT MM)))"));
+    parser.Parser();
+    EXPECT_EQ(General(parser).GetMPN(), "");
+    EXPECT_EQ(General(parser).GetUnit(), "MM");
+}
+
+TEST(CVEK_AsciiParser, HandsItsModelOverAndTakesAnother) {
+    CVEK_AsciiParser parser;
+    const std::unique_ptr<CVEKA_Manager> former(parser.GetCVEKA_Manager());
+    auto* fresh = new CVEKA_Manager;
+    parser.SetCVEKA_Manager(fresh);
+    EXPECT_EQ(parser.GetCVEKA_Manager(), fresh);
+}
+
+TEST(CVEK_AsciiParser, CopiesShareOneModel) {
+    CVEK_AsciiParser parser;
+    parser.SetVEKAsciiFilePath("path");
+    CVEK_AsciiParser copy(parser), assigned;
+    const std::unique_ptr<CVEKA_Manager> overwritten(assigned.GetCVEKA_Manager());
+    assigned = parser;
+    EXPECT_EQ(copy.GetCVEKA_Manager(), parser.GetCVEKA_Manager());
+    EXPECT_EQ(assigned.GetCVEKA_Manager(), parser.GetCVEKA_Manager());
+    EXPECT_EQ(assigned.GetVEKAsciiFilePath(), "path");
+    copy.SetCVEKA_Manager(nullptr);
+    assigned.SetCVEKA_Manager(nullptr);
+}
+
+TEST(CVEK_AsciiParser, AnyBytesImport) {
+    test::ScriptedUserInterface user;
+    std::mt19937 random(1);
+    for (int round = 0; round < 50; ++round) {
+        std::string text;
+        for (int i = 0; i < 10'000; ++i) text += static_cast<char>(random());
+        Import(text);
+    }
+}
+
+TEST(CVEK_AsciiParser, ImportsEveryRealPart) {
+    VEKA_NEEDS_CORPUS();
+    for (const auto& path : test::CorpusFiles()) {
+        CVEK_AsciiParser parser;
+        parser.SetVEKAsciiFilePath(CString(path.native()));
+        EXPECT_EQ(parser.Parser(), 1) << path;
+        // The number as it stands in the text.
+        const std::string text = test::ReadFile(path);
+        size_t begin = text.find("(MPN ");
+        ASSERT_NE(begin, std::string::npos) << path;
+        begin += 5;
+        const bool quoted = text[begin] == '"';
+        const std::string mpn = quoted ? text.substr(begin + 1, text.find('"', begin + 1) - begin - 1)
+                                       : text.substr(begin, text.find(')', begin) - begin);
+        EXPECT_EQ(General(parser).GetMPN(), mpn.c_str()) << path;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,132 @@
+#include "platform/CArray.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+/// Shows the capacity.
+struct Opened : CArrayN {
+    INT_PTR Capacity() const { return m_nMaxSize; }
+    using CArrayN::Swap;
+};
+
+TEST(CArray, GrowsByAnEighthAtLeastFourAndAtMost1024) {
+    Opened array;
+    array.Add(1);
+    EXPECT_EQ(array.Capacity(), 4);
+    array.SetSize(5);
+    EXPECT_EQ(array.Capacity(), 8);
+    array.SetSize(800);
+    array.FreeExtra();
+    EXPECT_EQ(array.Capacity(), 800);
+    array.Add(1);
+    EXPECT_EQ(array.Capacity(), 900);
+    array.SetSize(100'000);
+    EXPECT_EQ(array.Capacity(), 100'000);
+    array.Add(1);
+    EXPECT_EQ(array.Capacity(), 101'024);
+}
+
+TEST(CArray, GrowsByItsOwnStepWhereOneIsSet) {
+    Opened array;
+    array.SetSize(0, 10);
+    array.Add(1);
+    EXPECT_EQ(array.Capacity(), 10);
+    array.SetSize(11);
+    EXPECT_EQ(array.Capacity(), 20);
+}
+
+TEST(CArray, FillsWithZeros) {
+    CArrayN array;
+    array.SetAtGrow(2, 7);
+    EXPECT_EQ(array[0], 0);
+    EXPECT_EQ(array[1], 0);
+    EXPECT_EQ(array[2], 7);
+    array.SetSize(1);
+    array.SetSize(3);
+    EXPECT_EQ(array[2], 0);
+}
+
+TEST(CArray, RaisesOutsideTheArray) {
+    CArrayN array;
+    array.Add(1);
+    const CArrayN& same = array;
+    EXPECT_THROW(same[1], CInvalidArgException);
+    EXPECT_THROW(array[-1], CInvalidArgException);
+    EXPECT_THROW(array.GetAt(1), CInvalidArgException);
+    EXPECT_THROW(array.ElementAt(1), CInvalidArgException);
+    EXPECT_THROW(array.SetAt(1, 2), CInvalidArgException);
+    EXPECT_THROW(array.SetAtGrow(-1, 2), CInvalidArgException);
+    EXPECT_THROW(array.SetSize(-1), CInvalidArgException);
+    EXPECT_THROW(array.InsertAt(-1, 2), CInvalidArgException);
+    EXPECT_THROW(array.InsertAt(0, 2, 0), CInvalidArgException);
+    EXPECT_THROW(array.RemoveAt(0, 2), CInvalidArgException);
+    EXPECT_THROW(array.RemoveAt(-1), CInvalidArgException);
+    EXPECT_EQ(array.GetCount(), 1);
+}
+
+TEST(CArray, RaisesForASizeThatCannotExist) {
+    CArrayN array;
+    array.Add(1);
+    EXPECT_THROW(array.SetSize(std::numeric_limits<INT_PTR>::max()), std::bad_alloc);
+    EXPECT_EQ(array[0], 1);
+}
+
+TEST(CArray, InsertsAndRemoves) {
+    CArrayN array;
+    array.Add(1);
+    array.InsertAt(0, 2);
+    array.InsertAt(1, 3, 2);
+    array.InsertAt(5, 4);
+    const int expected[] = {2, 3, 3, 1, 0, 4};
+    ASSERT_EQ(array.GetSize(), 6);
+    for (INT_PTR i = 0; i < 6; ++i) EXPECT_EQ(array[i], expected[i]);
+    array.RemoveAt(1, 4);
+    EXPECT_EQ(array.GetUpperBound(), 1);
+    EXPECT_EQ(array[1], 4);
+    array.SetAt(1, 9);
+    EXPECT_EQ(*array.GetData(), 2);
+    array.RemoveAll();
+    EXPECT_TRUE(array.IsEmpty());
+    EXPECT_EQ(array.GetData(), nullptr);
+}
+
+TEST(CArray, AppendsAnElementOfItsOwn) {
+    CArrayN array;
+    for (int i = 0; i < 4; ++i) array.Add(i);
+    array.Add(array[3]);
+    array.InsertAt(0, array[4]);
+    EXPECT_EQ(array[5], 3);
+    EXPECT_EQ(array[0], 3);
+}
+
+TEST(CArray, FreesWhatItDoesNotUse) {
+    Opened array;
+    array.Add(1);
+    array.FreeExtra();
+    EXPECT_EQ(array.Capacity(), 1);
+    array.RemoveAt(0);
+    array.FreeExtra();
+    EXPECT_EQ(array.Capacity(), 0);
+}
+
+TEST(CArray, ExchangesItsStorage) {
+    Opened a, b;
+    a.Add(1);
+    a.Swap(b);
+    EXPECT_EQ(a.GetSize(), 0);
+    EXPECT_EQ(b[0], 1);
+}
+
+TEST(CArray, TellsAboutItself) {
+    CArrayN array;
+    array.Add(1);
+    array.AssertValid();
+    std::ostringstream out;
+    array.Dump(out);
+    EXPECT_EQ(out.str(), "CArray with 1 elements\n");
+}
+
+}  // namespace

@@ -1,0 +1,146 @@
+#include "platform/CString.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/Exceptions.h"
+
+namespace {
+
+TEST(CString, TakesANullPointerForTheEmptyString) {
+    EXPECT_TRUE(CString(static_cast<const char*>(nullptr)).IsEmpty());
+    EXPECT_TRUE(CString(nullptr, 3).IsEmpty());
+    EXPECT_TRUE(CString("abc") != CString(static_cast<const char*>(nullptr)));
+    EXPECT_TRUE(CString() == static_cast<const char*>(nullptr));
+}
+
+TEST(CString, HoldsAnyByte) {
+    const CString text(std::string_view("a\0b\xFF", 4));
+    EXPECT_EQ(text.GetLength(), 4);
+    EXPECT_EQ(text[1], '\0');
+    EXPECT_EQ(text.View().size(), 4u);
+}
+
+TEST(CString, MakesRepeatedBytesAndParts) {
+    EXPECT_EQ(CString('x', 3), "xxx");
+    EXPECT_EQ(CString('x', -1), "");
+    EXPECT_EQ(CString("abc", 2), "ab");
+    EXPECT_EQ(CString("abc", -2), "");
+}
+
+TEST(CString, RaisesOutsideTheString) {
+    CString text("ab");
+    EXPECT_THROW(text.GetAt(2), CInvalidArgException);
+    EXPECT_THROW(text.GetAt(-1), CInvalidArgException);
+    EXPECT_THROW(text.SetAt(2, 'x'), CInvalidArgException);
+    text.SetAt(1, 'x');
+    EXPECT_EQ(text, "ax");
+}
+
+TEST(CString, ClampsPartsToTheString) {
+    const CString text("abcdef");
+    EXPECT_EQ(text.Left(2), "ab");
+    EXPECT_EQ(text.Left(99), "abcdef");
+    EXPECT_EQ(text.Left(-1), "");
+    EXPECT_EQ(text.Right(2), "ef");
+    EXPECT_EQ(text.Right(99), "abcdef");
+    EXPECT_EQ(text.Mid(2, 3), "cde");
+    EXPECT_EQ(text.Mid(4), "ef");
+    EXPECT_EQ(text.Mid(99), "");
+    EXPECT_EQ(text.Mid(-5, 2), "ab");
+}
+
+TEST(CString, Finds) {
+    const CString text("abcabc");
+    EXPECT_EQ(text.Find("ca"), 2);
+    EXPECT_EQ(text.Find('a', 1), 3);
+    EXPECT_EQ(text.Find("x"), -1);
+    EXPECT_EQ(text.Find("a", -1), -1);
+    EXPECT_EQ(text.Find("a", 99), -1);
+    EXPECT_EQ(text.Find(CString("bc"), 2), 4);
+    EXPECT_EQ(text.ReverseFind('b'), 4);
+    EXPECT_EQ(text.FindOneOf("xc"), 2);
+    EXPECT_EQ(text.FindOneOf(nullptr), -1);
+}
+
+TEST(CString, DeletesAndInserts) {
+    CString text("abcdef");
+    EXPECT_EQ(text.Delete(0, 2), 4);
+    EXPECT_EQ(text, "cdef");
+    EXPECT_EQ(text.Delete(2, 99), 2);
+    EXPECT_EQ(text.Delete(99), 2);
+    EXPECT_EQ(text.Insert(1, "xy"), 4);
+    EXPECT_EQ(text, "cxyd");
+    EXPECT_EQ(text.Insert(99, "z"), 5);
+    EXPECT_EQ(text, "cxydz");
+}
+
+TEST(CString, ReplacesFromTheLeftWithoutOverlap) {
+    CString text("aaaab");
+    EXPECT_EQ(text.Replace("aa", "x"), 2);
+    EXPECT_EQ(text, "xxb");
+    EXPECT_EQ(text.Replace("", "y"), 0);
+    EXPECT_EQ(text.Replace("q", "y"), 0);
+    EXPECT_EQ(text.Replace("x", ""), 2);
+    EXPECT_EQ(text, "b");
+    EXPECT_EQ(text.Remove('b'), 1);
+    EXPECT_TRUE(text.IsEmpty());
+}
+
+TEST(CString, TrimsWhiteSpaceOnly) {
+    CString text(" \t\r\n\v\f a \t\r\n\v\f ");
+    CString left(text), right(text);
+    EXPECT_EQ(left.TrimLeft(), "a \t\r\n\v\f ");
+    EXPECT_EQ(right.TrimRight(), " \t\r\n\v\f a");
+    EXPECT_EQ(text.Trim(), "a");
+    EXPECT_EQ(CString(" \t").Trim(), "");
+    EXPECT_EQ(CString("\xA0").Trim(), "\xA0");
+}
+
+TEST(CString, ComparesBytes) {
+    EXPECT_LT(CString("a").Compare("b"), 0);
+    EXPECT_GT(CString("\x80").Compare("a"), 0);
+    EXPECT_EQ(CString("a").Compare("a"), 0);
+    EXPECT_LT(CString("a"), CString("b"));
+    EXPECT_EQ(CString("ABC").CompareNoCase("abc"), 0);
+    EXPECT_LT(CString("ab").CompareNoCase("ABC"), 0);
+    EXPECT_GT(CString("abd").CompareNoCase("ABC"), 0);
+    EXPECT_LT(CString("abb").CompareNoCase("ABC"), 0);
+    EXPECT_GT(CString("abcd").CompareNoCase("ABC"), 0);
+    EXPECT_FALSE(CString("A") == "a");
+}
+
+TEST(CString, ChangesTheCaseOfAsciiLettersAlone) {
+    EXPECT_EQ(CString("aZ\xE4").MakeUpper(), "AZ\xE4");
+    EXPECT_EQ(CString("aZ\xC4").MakeLower(), "az\xC4");
+}
+
+TEST(CString, JoinsTexts) {
+    CString text = CString("a") + "b" + CString("c");
+    text += "d";
+    text += 'e';
+    text += std::string_view("f");
+    text += CString("g");
+    text += static_cast<const char*>(nullptr);
+    text.Append("h");
+    text.AppendChar('i');
+    EXPECT_EQ("<" + text, "<abcdefghi");
+}
+
+TEST(CString, Formats) {
+    CString text;
+    text.Format("%d of %s", 3, "four");
+    EXPECT_EQ(text, "3 of four");
+    text.Format("%s", "");
+    EXPECT_TRUE(text.IsEmpty());
+    text.Format("%s", text.GetString());
+    EXPECT_TRUE(text.IsEmpty());
+}
+
+TEST(CString, CanBeAddedToItself) {
+    CString text("ab");
+    text += text;
+    text += text.GetString();
+    EXPECT_EQ(text, "abababab");
+}
+
+}  // namespace

@@ -1,0 +1,135 @@
+#include "platform/SBUtility.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "platform/CDialog.h"
+#include "support/Files.h"
+#include "support/ScriptedUserInterface.h"
+
+namespace {
+
+const SBUtility& Utility() {
+    return SBUtility::GetInstance();
+}
+
+bool Exists(const CString& path) {
+    return Utility().DoesFileOrDirExist(path, __FILE__, __LINE__);
+}
+
+std::string Encode(std::string_view text) {
+    return std::string(Utility().EncodeEntityCode(CString(text)).View());
+}
+
+std::string Join(const char* directory, const char* name) {
+    return std::string(Utility().SBPathCombine(directory, name, __FILE__, __LINE__).View());
+}
+
+TEST(SBUtility, FilesAndDirectoriesExist) {
+    const test::TemporaryDirectory directory;
+    EXPECT_TRUE(Exists(directory.Write("file", "")));
+    EXPECT_TRUE(Exists(directory / ""));
+    EXPECT_FALSE(Exists(directory / "other"));
+    EXPECT_FALSE(Exists(directory / "file/below"));
+}
+
+TEST(SBUtility, AnEmptyPathDoesNotExist) {
+    EXPECT_FALSE(Exists(""));
+}
+
+TEST(SBUtility, APathWithAZeroByteDoesNotExist) {
+    const test::TemporaryDirectory directory;
+    CString path = directory.Write("file", "");
+    path.AppendChar('\0');
+    EXPECT_FALSE(Exists(path));
+}
+
+TEST(SBUtility, LinksAreFollowed) {
+    const test::TemporaryDirectory directory;
+    directory.Write("file", "");
+    std::filesystem::create_symlink("file", directory.Path() / "link");
+    std::filesystem::create_symlink("nothing", directory.Path() / "dangling");
+    EXPECT_TRUE(Exists(directory / "link"));
+    EXPECT_FALSE(Exists(directory / "dangling"));
+}
+
+TEST(SBUtility, SafeCharactersStandForThemselves) {
+    EXPECT_EQ(Encode("AZaz09-_+"), "AZaz09-_+");
+    EXPECT_EQ(Encode("LM358.A.B"), "LM358.A.B");
+    EXPECT_EQ(Encode(""), "");
+}
+
+TEST(SBUtility, APointAtEitherEndIsEncoded) {
+    EXPECT_EQ(Encode("."), "&#46;");
+    EXPECT_EQ(Encode(".."), "&#46;&#46;");
+    EXPECT_EQ(Encode(".a."), "&#46;a&#46;");
+}
+
+TEST(SBUtility, EveryOtherByteIsEncodedByItsNumber) {
+    EXPECT_EQ(Encode("a/b\\c d"), "a&#47;b&#92;c&#32;d");
+    EXPECT_EQ(Encode("&#47;"), "&#38;&#35;47&#59;");
+    EXPECT_EQ(Encode(std::string_view("\0\x7F\xFF", 3)), "&#0;&#127;&#255;");
+}
+
+TEST(SBUtility, ReservedNamesAreEncoded) {
+    EXPECT_EQ(Encode("CON"), "&#67;ON");
+    EXPECT_EQ(Encode("nul"), "&#110;ul");
+    EXPECT_EQ(Encode("Com1"), "&#67;om1");
+    EXPECT_EQ(Encode("lpt9.part"), "&#108;pt9.part");
+    EXPECT_EQ(Encode("CONN"), "CONN");
+    EXPECT_EQ(Encode("COMA"), "COMA");
+    EXPECT_EQ(Encode("XON1"), "XON1");
+    EXPECT_EQ(Encode("A.CON"), "A.CON");
+}
+
+TEST(SBUtility, LongNamesAreCutAndEndInAHash) {
+    const std::string most(200, 'x');
+    EXPECT_EQ(Encode(most), most);
+    const std::string one = Encode(most + "y"), other = Encode(most + "z");
+    EXPECT_EQ(one.size(), 200u);
+    EXPECT_NE(one, other);
+    EXPECT_THAT(one, testing::MatchesRegex("x{181}&h[0-9a-f]{16};"));
+    const std::string encoded = Encode(std::string(100, '/'));
+    EXPECT_THAT(encoded, testing::MatchesRegex("(&#47;){36}&h[0-9a-f]{16};")) << "cut between two characters";
+}
+
+TEST(SBUtility, DifferentTextsHaveDifferentNames) {
+    std::set<std::string> names;
+    const std::string letters = "a.&#4;/C";
+    size_t count = 0;
+    for (char a : letters)
+        for (char b : letters)
+            for (char c : letters)
+                for (char d : letters) {
+                    names.insert(Encode(std::string{a, b, c, d}));
+                    ++count;
+                }
+    EXPECT_EQ(names.size(), count);
+}
+
+TEST(SBUtility, PathsAreJoinedWithExactlyOneSeparator) {
+    EXPECT_EQ(Join("/lib", "part"), "/lib/part");
+    EXPECT_EQ(Join("/lib/", "part"), "/lib/part");
+    EXPECT_EQ(Join("/lib//", "/part"), "/lib/part");
+    EXPECT_EQ(Join("/", "part"), "/part");
+    EXPECT_EQ(Join("/lib", ""), "/lib/");
+    EXPECT_EQ(Join("/lib/", ""), "/lib/");
+}
+
+TEST(SBUtility, PickersAreTheUserInterfaces) {
+    test::ScriptedUserInterface user;
+    user.picked = "chosen";
+    CWnd parent;
+    EXPECT_EQ(Utility().GetFilePathFromUser(1, "VEKA File", "veka", "", "now", &parent), "chosen");
+    EXPECT_EQ(Utility().GetDirectoryFromUser("title", "now", nullptr), "chosen");
+    EXPECT_THAT(user.pickers, testing::ElementsAre("file|VEKA File|veka|now", "directory|title|now"));
+}
+
+TEST(SBUtility, NothingIsPickedWithoutAUserInterface) {
+    EXPECT_EQ(Utility().GetFilePathFromUser(1, "VEKA File", "veka", "", "now", nullptr), "");
+    EXPECT_EQ(Utility().GetDirectoryFromUser("title", "now", nullptr), "");
+}
+
+}  // namespace

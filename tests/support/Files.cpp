@@ -1,0 +1,60 @@
+#include "support/Files.h"
+
+#include <stdlib.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace test {
+
+namespace fs = std::filesystem;
+
+TemporaryDirectory::TemporaryDirectory() {
+    std::string pattern = (fs::temp_directory_path() / "veka-test-XXXXXX").string();
+    if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary directory");
+    m_path = pattern;
+}
+
+TemporaryDirectory::~TemporaryDirectory() {
+    std::error_code error;
+    fs::remove_all(m_path, error);
+}
+
+CString TemporaryDirectory::operator/(std::string_view name) const {
+    return CString((m_path / name).native());
+}
+
+CString TemporaryDirectory::Write(std::string_view name, std::string_view content) const {
+    std::ofstream(m_path / name, std::ios::binary) << content;
+    return *this / name;
+}
+
+std::vector<std::string> TemporaryDirectory::Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(m_path)) names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string ReadFile(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+fs::path ProjectFolder(std::string_view name) {
+    return fs::path(VEKA_PROJECT_DIR) / name;
+}
+
+std::vector<fs::path> CorpusFiles() {
+    std::vector<fs::path> files;
+    const fs::path corpus = ProjectFolder("../shared/corpus");
+    if (!fs::is_directory(corpus)) return files;
+    for (const auto& entry : fs::directory_iterator(corpus))
+        if (entry.path().extension() == ".veka") files.push_back(entry.path());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+}  // namespace test
