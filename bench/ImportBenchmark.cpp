@@ -2,6 +2,9 @@
 //   veka_bench FILE... [benchmark options]
 
 #include <benchmark/benchmark.h>
+#ifdef __linux__
+#include <malloc.h>
+#endif
 
 #include <filesystem>
 #include <fstream>
@@ -47,6 +50,9 @@ double Memory(const char* name) {
 /// Peak memory that an operation takes beyond what was there before it.
 template <class Operation>
 double PeakMemory(Operation operation) {
+#ifdef __GLIBC__
+    malloc_trim(0);  // what earlier operations freed must not hide what this one takes
+#endif
     std::ofstream("/proc/self/clear_refs") << "5";  // lets the peak begin anew
     const double before = Memory("VmRSS:");
     const auto result = operation();
