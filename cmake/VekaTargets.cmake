@@ -3,7 +3,7 @@
 # Warnings, sanitizers and visibility for our own code.
 function(veka_compile_options target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
-                                             -Woverloaded-virtual -Werror)
+                                             -ffp-contract=off -Werror)
     set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
                                                POSITION_INDEPENDENT_CODE ON)
     if(VEKA_SANITIZE)
@@ -48,10 +48,7 @@ function(veka_check_headers target)
     endforeach()
     if(units)
         add_library(${target}_headers OBJECT ${units})
-        get_target_property(folders ${target} INCLUDE_DIRECTORIES)
-        target_include_directories(${target}_headers PRIVATE $<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>)
-        target_compile_definitions(${target}_headers
-                                   PRIVATE $<TARGET_PROPERTY:${target},COMPILE_DEFINITIONS>)
+        target_link_libraries(${target}_headers PRIVATE ${target})
         veka_compile_options(${target}_headers)
     endif()
 endfunction()

@@ -58,6 +58,17 @@ struct FieldAccess {
     template <class Record, class Visitor>
     static void ForEach(Record& record, Visitor&& visit) {
         using Class = std::remove_const_t<Record>;
+        if constexpr (!std::is_void_v<typename Class::VekaBase>) {
+            using Base = typename Class::VekaBase;
+            ForEach(static_cast<std::conditional_t<std::is_const_v<Record>, const Base, Base>&>(record),
+                    visit);
+        }
+        ForEachOwn(record, visit);
+    }
+    /// Without those of a base class.
+    template <class Record, class Visitor>
+    static void ForEachOwn(Record& record, Visitor&& visit) {
+        using Class = std::remove_const_t<Record>;
         ForEach<Class>(record, visit, std::make_integer_sequence<int, kCount<Class>>());
     }
 
@@ -72,7 +83,8 @@ private:
     }
 };
 
-/// Calls `visit(description, field)` for every field of a record, in the order of its rows.
+/// Calls `visit(description, field)` for every field of a record, in the order of its rows; those of a base
+/// class come first.
 template <class Record, class Visitor>
 void ForEachField(Record& record, Visitor&& visit) {
     FieldAccess::ForEach(record, visit);
@@ -98,24 +110,28 @@ protected:                                            \
         *this = Class();                              \
     }                                                 \
                                                       \
-    VEKA_FIELDS_OF(Class)
+    VEKA_FIELDS_OF(Class, void)
 
-/// What the rows of a class need besides its operations.
-#define VEKA_FIELDS_OF(Class)          \
+/// What the rows of a class need besides its operations; `Base` is the base class with rows, or void.
+#define VEKA_FIELDS_OF(Class, Base)    \
 private:                               \
     friend class ::CVEK_AsciiParser;   \
     friend struct ::veka::FieldAccess; \
     using VekaSelf = Class;            \
+    using VekaBase = Base;             \
     static std::integral_constant<int, 0> VekaCount(::veka::Rank<0>);
 
 /// The description of one field; `Getter` and `Setter` are member pointers or null.
-#define VEKA_DESCRIBE(Name, Getter, Setter)                                                               \
+#define VEKA_DESCRIBE(Name, Getter, Setter) \
+    VEKA_DESCRIBE_AS(Name, (::veka::Field{#Name, &VekaSelf::Name, Getter, Setter}))
+/// As above, with any description that has at least the name and the member.
+#define VEKA_DESCRIBE_AS(Name, Description)                                                               \
 private:                                                                                                  \
     static constexpr int kVekaRow_##Name =                                                                \
         decltype(VekaCount(::veka::Rank<::veka::kMaximumFields>{}))::value;                               \
     static std::integral_constant<int, kVekaRow_##Name + 1> VekaCount(::veka::Rank<kVekaRow_##Name + 1>); \
     static constexpr auto VekaField(std::integral_constant<int, kVekaRow_##Name>) {                       \
-        return ::veka::Field{#Name, &VekaSelf::Name, Getter, Setter};                                     \
+        return Description;                                                                               \
     }
 
 /// A number: its type, name, default, getter and setter.

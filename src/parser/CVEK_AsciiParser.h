@@ -6,6 +6,13 @@
 #include "model/CVEKA_Coordinate.h"
 #include "model/CVEKA_Manager.h"
 #include "model/CVEKA_USGKey.h"
+#include "model/objects/ObjectKinds.h"
+
+class CVEKA_3DObject;
+class CVEKA_3DObjectArray;
+#define VEKA_FORWARD(Level, Method, Class) class Class;
+VEKA_OBJECT_KINDS(VEKA_FORWARD)
+#undef VEKA_FORWARD
 
 /// Reads a file into the model, and holds the model.
 ///
@@ -45,8 +52,20 @@ public:
     CVEKA_Layout* LAYOUTParser(CECadClsLvl* level);
     CVEKA_BOM* BOMParser(CECadClsLvl* level);
 
+    // Objects.
+    /// The objects of a level's children; unknown ones are left out.
+    CVEKA_3DObjectArray* ObjectsParser(CECadClsLvl* level);
+    /// The object of a level, by the level's name; null for an unknown one.
+    CVEKA_3DObject* ObjectParser(CECadClsLvl* level);
+    // One method for each kind, whatever the level is called: `CUBOIDObjectParser` and so on.
+#define VEKA_DECLARE(Level, Method, Class) Class* Method(CECadClsLvl* level);
+    VEKA_OBJECT_KINDS(VEKA_DECLARE)
+#undef VEKA_DECLARE
+
 private:
     void ParseSection(CECadClsLvl* level);
+    template <class Kind>
+    Kind* KindParser(CECadClsLvl* level);
 
     CString VEKAsciiFilePath;
     ::CVEKA_Manager* CVEKA_Manager;  // owned

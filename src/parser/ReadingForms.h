@@ -3,6 +3,8 @@
 #include <memory>
 
 #include "leveltree/CECadClsLvl.h"
+#include "model/CVEKA_Color.h"
+#include "model/CVEKA_Coordinate.h"
 #include "platform/Numbers.h"
 
 /// How parser methods read a level: its children, the four forms of reading its values, and the ways of a
@@ -52,6 +54,24 @@ void ByPosition(const CECadClsLvl* level, Fields&&... fields) {
         if (next < values.GetSize()) Convert(values[next++], field);
     };
     (read(fields), ...);
+}
+
+/// Point: the first three values; those that are missing are 0.
+inline void Point(const CECadClsLvl* level, CVEKA_Coordinate& point) {
+    double x = 0, y = 0, z = 0;
+    ByPosition(level, x, y, z);
+    point.SetX(x);
+    point.SetY(y);
+    point.SetZ(z);
+}
+
+/// Colour: the first three values; those that are missing are 0.
+inline void Color(const CECadClsLvl* level, CVEKA_Color& color) {
+    int red = 0, green = 0, blue = 0;
+    ByPosition(level, red, green, blue);
+    color.SetRed(red);
+    color.SetGreen(green);
+    color.SetBlue(blue);
 }
 
 /// List: every value is appended.

@@ -7,13 +7,13 @@ using namespace veka;
 
 CVEKA_Coordinate* CVEK_AsciiParser::PointParser(CECadClsLvl* level) {
     auto point = std::make_unique<CVEKA_Coordinate>();
-    ByPosition(level, point->X, point->Y, point->Z);
+    Point(level, *point);
     return point.release();
 }
 
 CVEKA_Color* CVEK_AsciiParser::ColorParser(CECadClsLvl* level) {
     auto color = std::make_unique<CVEKA_Color>();
-    ByPosition(level, color->Red, color->Green, color->Blue);
+    Color(level, *color);
     return color.release();
 }
 

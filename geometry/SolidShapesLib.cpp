@@ -1,0 +1,380 @@
+#include "geometry/SolidShapesLib.h"
+
+#include <BRepAlgoAPI_Cut.hxx>
+#include <BRepBuilderAPI_MakeEdge.hxx>
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepBuilderAPI_MakePolygon.hxx>
+#include <BRepBuilderAPI_MakeVertex.hxx>
+#include <BRepBuilderAPI_MakeWire.hxx>
+#include <BRepBuilderAPI_Transform.hxx>
+#include <BRepCheck_Analyzer.hxx>
+#include <BRepOffsetAPI_ThruSections.hxx>
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepPrimAPI_MakePrism.hxx>
+#include <BRepPrimAPI_MakeSphere.hxx>
+#include <GC_MakeArcOfCircle.hxx>
+#include <Geom_TrimmedCurve.hxx>
+#include <STEPControl_Reader.hxx>
+#include <Standard_Failure.hxx>
+#include <TopoDS_Face.hxx>
+#include <TopoDS_Shape.hxx>
+#include <TopoDS_Wire.hxx>
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <gp_Ax2.hxx>
+#include <gp_Circ.hxx>
+#include <gp_Elips.hxx>
+#include <gp_Pln.hxx>
+#include <gp_Trsf.hxx>
+#include <numbers>
+#include <stdexcept>
+
+#include "geometry/Quiet.h"
+
+namespace geometry {
+
+namespace {
+
+// What lies outside cannot be told from nothing, or from infinity, by the modeller.
+constexpr double kSmallest = 1e-5;
+constexpr double kLargest = 1e7;
+
+[[noreturn]] void Fail(const std::string& reason) {
+    throw std::runtime_error(reason);
+}
+
+void NeedSize(const char* name, double size) {
+    if (!(size > 0)) Fail(std::string(name) + " is not above 0");
+    if (size < kSmallest) Fail(std::string(name) + " is too small");
+    if (!(size <= kLargest)) Fail(std::string(name) + " is too large");
+}
+
+void NeedPlace(const char* name, const vector& place) {
+    for (const double value : {place.X, place.Y, place.Z})
+        if (!(std::fabs(value) <= kLargest)) Fail(std::string(name) + " is not a place that a body can have");
+}
+
+double Length(const vector& v) {
+    return std::sqrt(v.X * v.X + v.Y * v.Y + v.Z * v.Z);
+}
+
+double Dot(const vector& a, const vector& b) {
+    return a.X * b.X + a.Y * b.Y + a.Z * b.Z;
+}
+
+vector Scaled(const vector& v, double factor) {
+    return {v.X * factor, v.Y * factor, v.Z * factor};
+}
+
+vector Cross(const vector& a, const vector& b) {
+    return {a.Y * b.Z - a.Z * b.Y, a.Z * b.X - a.X * b.Z, a.X * b.Y - a.Y * b.X};
+}
+
+/// A rotation by its rows.
+struct Rotation {
+    vector x{1, 0, 0}, y{0, 1, 0}, z{0, 0, 1};
+};
+
+/// About X, then Y, then Z.
+Rotation FromAngles(const vector& degrees) {
+    const double radians = std::numbers::pi / 180;
+    const double sa = std::sin(degrees.X * radians), ca = std::cos(degrees.X * radians);
+    const double sb = std::sin(degrees.Y * radians), cb = std::cos(degrees.Y * radians);
+    const double sc = std::sin(degrees.Z * radians), cc = std::cos(degrees.Z * radians);
+    return {{cc * cb, cc * sb * sa - ca * sc, cc * sb * ca + sc * sa},
+            {sc * cb, sc * sb * sa + ca * cc, sc * sb * ca - cc * sa},
+            {-sb, cb * sa, cb * ca}};
+}
+
+/// Front and up are the first and the last row: so a record's directions turn a body as the angles do that
+/// they were made of. Up counts as it stands, front as far as it is square to it. Without two directions
+/// nothing is turned.
+Rotation FromDirections(const vector& front, const vector& up) {
+    const double length = Length(up);
+    if (!(length > 0) || !std::isfinite(length)) return {};
+    const vector z = Scaled(up, 1 / length);
+    const double along = Dot(front, z);
+    const vector square{front.X - along * z.X, front.Y - along * z.Y, front.Z - along * z.Z};
+    const double squareLength = Length(square);
+    if (!(squareLength > 1e-9 * Length(front)) || !std::isfinite(squareLength)) return {};
+    const vector x = Scaled(square, 1 / squareLength);
+    return {x, Cross(z, x), z};
+}
+
+TopoDS_Shape BoxAtOrigin(double width, double height, double depth) {
+    return BRepPrimAPI_MakeBox(gp_Pnt(-width / 2, -height / 2, 0), width, height, depth).Shape();
+}
+
+TopoDS_Shape Prism(const TopoDS_Wire& wire, double depth) {
+    const TopoDS_Face face = BRepBuilderAPI_MakeFace(gp_Pln(gp_Pnt(0, 0, 0), gp_Dir(0, 0, 1)), wire).Face();
+    return BRepPrimAPI_MakePrism(face, gp_Vec(0, 0, depth)).Shape();
+}
+
+TopoDS_Shape Without(const TopoDS_Shape& body, const TopoDS_Shape& tool) {
+    BRepAlgoAPI_Cut cut(body, tool);
+    if (!cut.IsDone()) Fail("a part of the body cannot be cut out");
+    return cut.Shape();
+}
+
+double Distance(const CPointD& a, const CPointD& b) {
+    return std::hypot(a.x - b.x, a.y - b.y);
+}
+
+/// The closed wire of an outline. Its pieces follow each other; a gap that rounding explains is closed.
+TopoDS_Wire OutlineWire(const CPCDrawObjArray& outline, const std::string& name) {
+    std::vector<const CPCDrawObj*> pieces;
+    double extent = 0;
+    for (std::size_t i = 0; i < outline.GetSize(); ++i) {
+        const CPointD start = outline[i].GetStartPt(), end = outline[i].GetEndPt();
+        for (const double value : {start.x, start.y, end.x, end.y}) {
+            if (!(std::fabs(value) <= kLargest)) Fail(name + " has a point that no body can have");
+            extent = std::max(extent, std::fabs(value));
+        }
+        pieces.push_back(&outline[i]);
+    }
+    const double gap = 1e-4 * extent + 1e-9;
+    // A straight piece without a length is none.
+    std::erase_if(pieces, [](const CPCDrawObj* piece) {
+        return dynamic_cast<const CPCLineSeg*>(piece) &&
+               Distance(piece->GetStartPt(), piece->GetEndPt()) < 1e-7;
+    });
+    if (pieces.empty()) Fail(name + " is empty");
+    const auto* first = dynamic_cast<const CPCArc*>(pieces[0]);
+    const auto needRadius = [&](const CPCArc& arc) {
+        NeedSize((name + "'s radius").c_str(), arc.GetRadius());
+    };
+    if (pieces.size() == 1 && first && Distance(first->GetStartPt(), first->GetEndPt()) < gap) {
+        needRadius(*first);
+        const gp_Pnt center(first->GetCenterPt().x, first->GetCenterPt().y, 0);
+        return BRepBuilderAPI_MakeWire(
+                   BRepBuilderAPI_MakeEdge(gp_Circ(gp_Ax2(center, gp_Dir(0, 0, 1)), first->GetRadius()))
+                       .Edge())
+            .Wire();
+    }
+    BRepBuilderAPI_MakeWire wire;
+    std::size_t arcs = 0;
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        // Each piece ends where the next one begins.
+        const CPointD start = pieces[i]->GetStartPt(), next = pieces[(i + 1) % pieces.size()]->GetStartPt();
+        if (Distance(pieces[i]->GetEndPt(), next) > gap) Fail(name + " does not close");
+        const gp_Pnt from(start.x, start.y, 0), to(next.x, next.y, 0);
+        if (from.Distance(to) < 1e-7) Fail(name + " has a piece without an end");
+        if (const auto* arc = dynamic_cast<const CPCArc*>(pieces[i])) {
+            needRadius(*arc);
+            const CPointD middle = arc->GetMiddlePt();
+            const GC_MakeArcOfCircle curve(from, gp_Pnt(middle.x, middle.y, 0), to);
+            if (!curve.IsDone()) Fail(name + " has an arc that is none");
+            wire.Add(BRepBuilderAPI_MakeEdge(curve.Value()).Edge());
+            ++arcs;
+        } else {
+            wire.Add(BRepBuilderAPI_MakeEdge(from, to).Edge());
+        }
+        if (!wire.IsDone()) Fail(name + " does not hold together");
+    }
+    if (pieces.size() < 3 && arcs == 0) Fail(name + " has two points only");
+    return wire.Wire();
+}
+
+}  // namespace
+
+object::object() = default;
+object::~object() = default;
+
+void object::SetAngle(double x, double y, double z) {
+    m_angle = {x, y, z};
+    m_shape.reset();
+}
+
+const TopoDS_Shape* object::GetShape() const {
+    if (m_shape) return m_shape.get();
+    m_failure.clear();
+    TopoDS_Shape shape;
+    try {
+        shape = Make();
+        if (shape.IsNull() || !BRepCheck_Analyzer(shape).IsValid()) Fail("the body crosses itself");
+    } catch (const Standard_Failure& failure) {
+        m_failure = std::string("the modeller gave up: ") + failure.GetMessageString();
+    } catch (const std::exception& failure) {
+        m_failure = failure.what();
+    }
+    m_shape = std::make_unique<TopoDS_Shape>(m_failure.empty() ? shape : TopoDS_Shape());
+    return m_shape.get();
+}
+
+const std::string& object::GetFailure() const {
+    GetShape();
+    return m_failure;
+}
+
+multi_object::multi_object(const vector& point, const vector& front, const vector& up)
+    : m_point(point), m_front(front), m_up(up) {}
+
+TopoDS_Shape multi_object::Make() const {
+    NeedPlace("the point", m_point);
+    NeedPlace("the pivot", pivot);
+    for (const double angle : {m_angle.X, m_angle.Y, m_angle.Z})
+        if (!std::isfinite(angle)) Fail("the rotation is no number");
+    const Rotation r = m_angle == vector{} ? FromDirections(m_front, m_up) : FromAngles(m_angle);
+    gp_Trsf place;
+    place.SetValues(r.x.X, r.x.Y, r.x.Z, pivot.X - Dot(r.x, pivot) + m_point.X,  //
+                    r.y.X, r.y.Y, r.y.Z, pivot.Y - Dot(r.y, pivot) + m_point.Y,  //
+                    r.z.X, r.z.Y, r.z.Z, pivot.Z - Dot(r.z, pivot) + m_point.Z);
+    return BRepBuilderAPI_Transform(MakeAtOrigin(), place, true).Shape();
+}
+
+type_multi_object::type_multi_object(const char* kind, const vector& point, const vector& front,
+                                     const vector& up, const vector& color, bool flag)
+    : multi_object(point, front, up), m_kind(kind), m_color(color), m_flag(flag) {}
+
+cuboid::cuboid(const vector& point, const vector& front, const vector& up, double width, double height,
+               double depth, const vector& color, bool flag)
+    : type_multi_object("cuboid", point, front, up, color, flag),
+      Width(width),
+      Height(height),
+      Depth(depth) {}
+
+TopoDS_Shape cuboid::MakeAtOrigin() const {
+    NeedSize("the width", Width);
+    NeedSize("the height", Height);
+    NeedSize("the depth", Depth);
+    return BoxAtOrigin(Width, Height, Depth);
+}
+
+hole_cuboid::hole_cuboid(const vector& point, const vector& front, const vector& up, double width,
+                         double height, double holeWidth, double holeHeight, double depth,
+                         const vector& color, bool flag)
+    : type_multi_object("hole_cuboid", point, front, up, color, flag),
+      Width(width),
+      Height(height),
+      HoleWidth(holeWidth),
+      HoleHeight(holeHeight),
+      Depth(depth) {}
+
+TopoDS_Shape hole_cuboid::MakeAtOrigin() const {
+    NeedSize("the width", Width);
+    NeedSize("the height", Height);
+    NeedSize("the depth", Depth);
+    NeedSize("the hole's width", HoleWidth);
+    NeedSize("the hole's height", HoleHeight);
+    if (HoleWidth >= Width || HoleHeight >= Height) Fail("the hole is not smaller than the box");
+    return Without(BoxAtOrigin(Width, Height, Depth), BoxAtOrigin(HoleWidth, HoleHeight, Depth));
+}
+
+cylinder::cylinder(const vector& point, const vector& front, const vector& up, double radius, double depth,
+                   const vector& color, bool flag)
+    : type_multi_object("cylinder", point, front, up, color, flag), Radius(radius), Depth(depth) {}
+
+TopoDS_Shape cylinder::MakeAtOrigin() const {
+    NeedSize("the radius", Radius);
+    NeedSize("the depth", Depth);
+    return BRepPrimAPI_MakeCylinder(Radius, Depth).Shape();
+}
+
+donut::donut(const vector& point, const vector& front, const vector& up, double innerSize, double outterSize,
+             double depth, const vector& color, bool flag)
+    : type_multi_object("donut", point, front, up, color, flag),
+      InnerSize(innerSize),
+      OutterSize(outterSize),
+      Depth(depth) {}
+
+TopoDS_Shape donut::MakeAtOrigin() const {
+    NeedSize("the inner diameter", InnerSize);
+    NeedSize("the outer diameter", OutterSize);
+    NeedSize("the depth", Depth);
+    if (InnerSize >= OutterSize) Fail("the inner diameter is not smaller than the outer one");
+    return Without(BRepPrimAPI_MakeCylinder(OutterSize / 2, Depth).Shape(),
+                   BRepPrimAPI_MakeCylinder(InnerSize / 2, Depth).Shape());
+}
+
+pyramid::pyramid(const vector& point, const vector& front, const vector& up, double btmWidth,
+                 double btmHeight, double topWidth, double topHeight, double depth, const vector& color,
+                 bool flag)
+    : type_multi_object("pyramid", point, front, up, color, flag),
+      BtmWidth(btmWidth),
+      BtmHeight(btmHeight),
+      TopWidth(topWidth),
+      TopHeight(topHeight),
+      Depth(depth) {}
+
+TopoDS_Shape pyramid::MakeAtOrigin() const {
+    NeedSize("the depth", Depth);
+    if (BtmWidth == 0 && BtmHeight == 0 && TopWidth == 0 && TopHeight == 0) Fail("both ends are tips");
+    BRepOffsetAPI_ThruSections sections(true, true);
+    sections.CheckCompatibility(false);
+    const auto addEnd = [&](const char* widthName, double width, const char* heightName, double height,
+                            double z) {
+        if (width == 0 && height == 0) {
+            sections.AddVertex(BRepBuilderAPI_MakeVertex(gp_Pnt(0, 0, z)).Vertex());
+            return;
+        }
+        NeedSize(widthName, width);
+        NeedSize(heightName, height);
+        const double x = width / 2, y = height / 2;
+        sections.AddWire(BRepBuilderAPI_MakePolygon(gp_Pnt(-x, -y, z), gp_Pnt(x, -y, z), gp_Pnt(x, y, z),
+                                                    gp_Pnt(-x, y, z), true)
+                             .Wire());
+    };
+    addEnd("the bottom's width", BtmWidth, "the bottom's height", BtmHeight, 0);
+    addEnd("the top's width", TopWidth, "the top's height", TopHeight, Depth);
+    return sections.Shape();
+}
+
+sphere::sphere(const vector& point, double radius, const vector& color, bool flag)
+    : type_multi_object("sphere", point, {}, {}, color, flag), Radius(radius) {}
+
+TopoDS_Shape sphere::MakeAtOrigin() const {
+    NeedSize("the radius", Radius);
+    return BRepPrimAPI_MakeSphere(Radius).Shape();
+}
+
+ellipse::ellipse(const vector& point, const vector& front, const vector& up, double width, double height,
+                 double depth, const vector& color, bool flag)
+    : type_multi_object("ellipse", point, front, up, color, flag),
+      Width(width),
+      Height(height),
+      Depth(depth) {}
+
+TopoDS_Shape ellipse::MakeAtOrigin() const {
+    NeedSize("the width", Width);
+    NeedSize("the height", Height);
+    NeedSize("the depth", Depth);
+    const bool wide = Width >= Height;
+    const gp_Ax2 axes(gp_Pnt(0, 0, 0), gp_Dir(0, 0, 1), wide ? gp_Dir(1, 0, 0) : gp_Dir(0, 1, 0));
+    const gp_Elips curve(axes, std::max(Width, Height) / 2, std::min(Width, Height) / 2);
+    return Prism(BRepBuilderAPI_MakeWire(BRepBuilderAPI_MakeEdge(curve).Edge()).Wire(), Depth);
+}
+
+pillar::pillar(const vector& point, const vector& front, const vector& up, const CPCDrawObjArray& bound,
+               const CPCPolygonArray& voids, double depth, const vector& color, bool flag)
+    : type_multi_object("pillar", point, front, up, color, flag), Bound(bound), Voids(voids), Depth(depth) {}
+
+TopoDS_Shape pillar::MakeAtOrigin() const {
+    NeedSize("the depth", Depth);
+    TopoDS_Shape body = Prism(OutlineWire(Bound, "the outline"), Depth);
+    // Checked before anything is cut out of it: a cut would hide an outline that crosses itself.
+    if (!BRepCheck_Analyzer(body).IsValid()) Fail("the outline crosses itself");
+    for (std::size_t i = 0; i < Voids.GetSize(); ++i)
+        body = Without(body, Prism(OutlineWire(Voids[i].GetBoundary(), "a void"), Depth));
+    return body;
+}
+
+step::step(const char* path, const vector& point, const vector& front, const vector& up, const vector& color,
+           bool flag)
+    : type_multi_object("step", point, front, up, color, flag), Path(path ? path : "") {}
+
+TopoDS_Shape step::MakeAtOrigin() const {
+    std::error_code error;
+    if (Path.empty()) Fail("no STEP file is named");
+    if (!std::filesystem::is_regular_file(Path, error)) Fail("there is no STEP file \"" + Path + "\"");
+    const Quiet quiet;
+    STEPControl_Reader reader;
+    if (reader.ReadFile(Path.c_str()) != IFSelect_RetDone) Fail("\"" + Path + "\" is no STEP file");
+    reader.TransferRoots();
+    TopoDS_Shape shape = reader.OneShape();
+    if (shape.IsNull()) Fail("the STEP file \"" + Path + "\" holds no shape");
+    return shape;
+}
+
+}  // namespace geometry

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "model/objects/ObjectRows.h"
+
+/// Base of the solids: a body with directions, turned about a pivot.
+class VEKA_API CVEKA_3DOJ_AxisPivot : public CVEKA_3DObject {
+    VEKA_OBJECT(CVEKA_3DOJ_AxisPivot, CVEKA_3DObject, -1)
+    VEKA_OWNED(CVEKA_Coordinate, Front, GetFront, SetFront)
+    VEKA_OWNED(CVEKA_Coordinate, Up, GetUp, SetUp)
+    VEKA_OWNED(CVEKA_Coordinate, Pivot, GetPivot, SetPivot)
+    VEKA_DESCRIBE(Rotate, nullptr, nullptr)
+    Owned<CVEKA_Coordinate> Rotate;
+
+public:
+    /// Rotation about X, Y and Z in degrees.
+    CVEKA_Coordinate* GetRotate() const noexcept { return Rotate; }
+    /// Stores a rotation in degrees, and with `directions` overwrites `Front` and `Up` by what it makes of
+    /// them. Null raises `CInvalidArgException`.
+    void SetRotation(const CVEKA_Coordinate* degrees, bool directions);
+};

@@ -1,0 +1,47 @@
+#include "model/objects/CVEKA_3DObject.h"
+
+#include <array>
+
+namespace {
+
+// Numbers 54 and 55 stand for kinds without a name. That is required, as is the name of number 7, which no
+// object has.
+constexpr std::array kNames = {
+    "CUBOID",      "HOLECUBOID",   "CYLINDER",      "DONUT",       "PYRAMID",
+    "SPHERE",      "ELLIPSE",      "3DSHAPE",       "3DLINE",      "3DARC",
+    "3DCIRCLE",    "3DFILLCIRCLE", "3DFILLRECT",    "3DOBLONG",    "3DPOLYGON",
+    "3DTEXT",      "BALL",         "BAR",           "BUTT",        "CBEND",
+    "DIP",         "DIPA",         "DIPB",          "FLAT",        "GULLWING",
+    "GULLWINGA",   "JBEND",        "JINVERTED",     "REVERSEBUTT", "ROUNDBAR",
+    "ROUNDBARA",   "ROUNDBARB",    "ROUNDDIP",      "WRAPAROUND",  "WIRE",
+    "USERDEFINED", "PILLAR",       "LINE",          "ARC",         "CIRCLE",
+    "FILLCIRCLE",  "RECTANGLE",    "CHAMPEREDRECT", "FILLRECT",    "ROUNDEDRECTANGLE",
+    "COMPOSITE",   "CONTOUR",      "OBLONG",        "POLYGON",     "POLYLINE",
+    "VOID",        "TAPERED",      "THERMAL",       "TEXT",        "NONE",
+    "NONE",        "ROUNDBARC",    "KINKDIP",       "KINKDIPA",    "ROUNDDIPA",
+    "PROPTEXT",    "PINPOINT"};
+
+}  // namespace
+
+CVEKA_3DObject::~CVEKA_3DObject() = default;
+
+CVEKA_3DObject* CVEKA_3DObject::Clone() const {
+    return new CVEKA_3DObject(*this);
+}
+
+int CVEKA_3DObject::GetType() const {
+    return Type;
+}
+
+void CVEKA_3DObject::SetType(int type) {
+    Type = type;
+}
+
+CString CVEKA_3DObject::GetType(int type) const {
+    return type >= 0 && static_cast<size_t>(type) < kNames.size() ? kNames[static_cast<size_t>(type)]
+                                                                  : "NONE";
+}
+
+void CVEKA_3DObject::Init() {
+    *this = CVEKA_3DObject();
+}

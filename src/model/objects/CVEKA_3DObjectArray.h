@@ -1,0 +1,34 @@
+#pragma once
+
+#include "model/objects/CVEKA_3DObject.h"
+
+/// Owning array of objects. Arrays that a parser made may hold null for what it did not know.
+///
+/// Its copies differ: `operator=`, `Clone` and the copy constructor keep each object's class and fields,
+/// while `Copy` and `Append` flatten each object to its number, colour and point. All pass over null
+/// elements.
+class VEKA_API CVEKA_3DObjectArray : public CExPtrArray<CVEKA_3DObject*, CVEKA_3DObject*> {
+public:
+    CVEKA_3DObjectArray() = default;
+    CVEKA_3DObjectArray(const CVEKA_3DObjectArray& other);
+    CVEKA_3DObjectArray(CVEKA_3DObjectArray&& other) noexcept;
+    ~CVEKA_3DObjectArray() override;
+    virtual CVEKA_3DObjectArray& operator=(const CVEKA_3DObjectArray& other);
+    virtual CVEKA_3DObjectArray* Clone() const;
+    /// Replaces the content by flattened objects. Onto itself it empties the array.
+    virtual void Copy(const CVEKA_3DObjectArray& other);
+    /// Appends flattened objects.
+    virtual void Append(const CVEKA_3DObjectArray& other);
+
+    /// Takes the content over; null elements are dropped at all depths, as a copy drops them.
+    CVEKA_3DObjectArray& operator=(CVEKA_3DObjectArray&& other) noexcept;
+
+    const CRuntimeClass* GetRuntimeClass() const override;
+
+protected:
+    /// Deletes all elements.
+    void Init();
+
+private:
+    void DropNulls() noexcept;
+};

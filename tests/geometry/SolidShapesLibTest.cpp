@@ -1,0 +1,363 @@
+#include "geometry/SolidShapesLib.h"
+
+#include <gtest/gtest.h>
+
+#include <BRepBndLib.hxx>
+#include <BRepCheck_Analyzer.hxx>
+#include <BRepGProp.hxx>
+#include <Bnd_Box.hxx>
+#include <GProp_GProps.hxx>
+#include <TopoDS_Shape.hxx>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+#include "geometry/SolidFiles.h"
+#include "support/Files.h"
+
+namespace {
+
+using geometry::vector;
+using std::numbers::pi;
+
+const vector kZero{}, kX{1, 0, 0}, kZ{0, 0, 1};
+const vector kColor{0.5, 0.25, 1};
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+GProp_GProps Properties(const geometry::object& solid) {
+    EXPECT_EQ(solid.GetFailure(), "");
+    EXPECT_TRUE(BRepCheck_Analyzer(*solid.GetShape()).IsValid());
+    GProp_GProps properties;
+    BRepGProp::VolumeProperties(*solid.GetShape(), properties);
+    return properties;
+}
+
+void ExpectVolume(const geometry::object& solid, double volume) {
+    EXPECT_NEAR(Properties(solid).Mass(), volume, volume * 1e-3);
+}
+
+void ExpectCenter(const geometry::object& solid, double x, double y, double z) {
+    const gp_Pnt center = Properties(solid).CentreOfMass();
+    EXPECT_NEAR(center.X(), x, 1e-6);
+    EXPECT_NEAR(center.Y(), y, 1e-6);
+    EXPECT_NEAR(center.Z(), z, 1e-6);
+}
+
+void ExpectBounds(const geometry::object& solid, vector low, vector high) {
+    Bnd_Box box;
+    BRepBndLib::AddOptimal(*solid.GetShape(), box, false, false);
+    double x1, y1, z1, x2, y2, z2;
+    box.Get(x1, y1, z1, x2, y2, z2);
+    EXPECT_NEAR(x1, low.X, 1e-4);
+    EXPECT_NEAR(y1, low.Y, 1e-4);
+    EXPECT_NEAR(z1, low.Z, 1e-4);
+    EXPECT_NEAR(x2, high.X, 1e-4);
+    EXPECT_NEAR(y2, high.Y, 1e-4);
+    EXPECT_NEAR(z2, high.Z, 1e-4);
+}
+
+void ExpectFailure(const geometry::object& solid, const char* reason) {
+    ASSERT_NE(solid.GetShape(), nullptr);
+    EXPECT_TRUE(solid.GetShape()->IsNull());
+    EXPECT_EQ(solid.GetFailure(), reason);
+}
+
+geometry::cuboid Cuboid(double width, double height, double depth, vector point = {}, vector front = kX,
+                        vector up = kZ) {
+    return {point, front, up, width, height, depth, kColor, false};
+}
+
+/// An outline of straight pieces through points, closed.
+CPCDrawObjArray Outline(std::vector<CPointD> points) {
+    CPCDrawObjArray outline;
+    for (size_t i = 0; i < points.size(); ++i) {
+        const CPointD& a = points[i];
+        const CPointD& b = points[(i + 1) % points.size()];
+        outline.Add(new CPCLineSeg(a.x, a.y, b.x, b.y));
+    }
+    return outline;
+}
+
+CPCArc* Arc(CPointD center, double radius, double start, double end, int direction) {
+    auto* arc = new CPCArc;
+    arc->SetCenterPt(center);
+    arc->SetRadius(radius);
+    arc->SetStartAngle(start);
+    arc->SetEndAngle(end);
+    arc->SetDirection(direction);
+    return arc;
+}
+
+geometry::pillar Pillar(const CPCDrawObjArray& outline, const CPCPolygonArray& voids = {}, double depth = 2) {
+    return {kZero, kZero, kZero, outline, voids, depth, kColor, false};
+}
+
+TEST(Solids, KeepWhatTheyAreMadeOf) {
+    const geometry::cuboid solid({1, 2, 3}, kX, kZ, 4, 5, 6, kColor, true);
+    EXPECT_EQ(solid.Width, 4);
+    EXPECT_EQ(solid.Height, 5);
+    EXPECT_EQ(solid.Depth, 6);
+    EXPECT_EQ(solid.GetPoint(), (vector{1, 2, 3}));
+    EXPECT_EQ(solid.GetFront(), kX);
+    EXPECT_EQ(solid.GetUp(), kZ);
+    EXPECT_EQ(solid.GetColor(), kColor);
+    EXPECT_STREQ(solid.GetKind(), "cuboid");
+    EXPECT_TRUE(solid.GetFlag());
+}
+
+TEST(Solids, HaveTheRightVolume) {
+    ExpectVolume(Cuboid(2, 3, 4), 24);
+    ExpectVolume(geometry::hole_cuboid(kZero, kX, kZ, 4, 5, 2, 3, 6, kColor, false), (20 - 6) * 6);
+    ExpectVolume(geometry::cylinder(kZero, kX, kZ, 2, 3, kColor, false), pi * 4 * 3);
+    ExpectVolume(geometry::donut(kZero, kX, kZ, 2, 6, 3, kColor, false), pi * (9 - 1) * 3);
+    ExpectVolume(geometry::pyramid(kZero, kX, kZ, 4, 6, 2, 3, 5, kColor, false),
+                 5.0 / 6 * (24 + 6 + 4 * 3 * 4.5));
+    ExpectVolume(geometry::pyramid(kZero, kX, kZ, 4, 6, 0, 0, 5, kColor, false), 5 * 24 / 3.0);
+    ExpectVolume(geometry::pyramid(kZero, kX, kZ, 0, 0, 4, 6, 5, kColor, false), 5 * 24 / 3.0);
+    ExpectVolume(geometry::sphere(kZero, 2, kColor, false), 4.0 / 3 * pi * 8);
+    ExpectVolume(geometry::ellipse(kZero, kX, kZ, 4, 6, 5, kColor, false), pi * 2 * 3 * 5);
+    ExpectVolume(geometry::ellipse(kZero, kX, kZ, 6, 4, 5, kColor, false), pi * 2 * 3 * 5);
+}
+
+TEST(Solids, StandOnTheirOriginWithTheirWidthAlongX) {
+    ExpectBounds(Cuboid(2, 4, 6), {-1, -2, 0}, {1, 2, 6});
+    ExpectBounds(geometry::pyramid(kZero, kX, kZ, 2, 4, 1, 1, 6, kColor, false), {-1, -2, 0}, {1, 2, 6});
+    ExpectBounds(geometry::ellipse(kZero, kX, kZ, 2, 4, 6, kColor, false), {-1, -2, 0}, {1, 2, 6});
+    ExpectBounds(geometry::cylinder(kZero, kX, kZ, 1, 6, kColor, false), {-1, -1, 0}, {1, 1, 6});
+    ExpectBounds(geometry::sphere(kZero, 2, kColor, false), {-2, -2, -2}, {2, 2, 2});
+}
+
+TEST(Solids, AreMovedToTheirPoint) {
+    ExpectCenter(Cuboid(2, 4, 6, {10, 20, 30}), 10, 20, 33);
+    ExpectCenter(geometry::sphere({1, 2, 3}, 1, kColor, false), 1, 2, 3);
+}
+
+TEST(Solids, AreTurnedByTheirAngles) {
+    geometry::cuboid solid = Cuboid(2, 4, 6, {10, 0, 0});
+    solid.SetAngle(0, 0, 90);
+    ExpectBounds(solid, {8, -1, 0}, {12, 1, 6});
+    solid.SetAngle(0, 90, 0);
+    ExpectBounds(solid, {10, -2, -1}, {16, 2, 1});
+    solid.SetAngle(90, 0, 0);
+    ExpectBounds(solid, {9, -6, -2}, {11, 0, 2});
+    ExpectVolume(solid, 48);
+}
+
+TEST(Solids, AreTurnedAboutXThenYThenZ) {
+    geometry::cuboid solid = Cuboid(2, 4, 6);
+    solid.SetAngle(90, 90, 0);
+    // The depth turns from Z to -Y and stays there; the height turns from Y to Z and on to X.
+    ExpectBounds(solid, {-2, -6, -1}, {2, 0, 1});
+}
+
+TEST(Solids, AreTurnedAboutTheirPivot) {
+    geometry::cuboid solid = Cuboid(2, 2, 2, {10, 0, 0});
+    solid.pivot = {1, 0, 0};
+    solid.SetAngle(0, 0, 180);
+    ExpectCenter(solid, 12, 0, 1);
+}
+
+TEST(Solids, AreTurnedByTheirDirectionsWhereNoAngleIs) {
+    // Front and up as a record makes them of 90 degrees about Z: the body lies as that angle lays it.
+    const vector front{0, -1, 0};
+    const geometry::pyramid byDirections({5, 0, 0}, front, kZ, 2, 4, 1, 1, 6, kColor, false);
+    geometry::pyramid byAngle({5, 0, 0}, kX, kZ, 2, 4, 1, 1, 6, kColor, false);
+    byAngle.SetAngle(0, 0, 90);
+    ExpectBounds(byDirections, {3, -1, 0}, {7, 1, 6});
+    ExpectBounds(byAngle, {3, -1, 0}, {7, 1, 6});
+}
+
+TEST(Solids, DirectionsOfAnyRotationTurnAsItsAnglesDo) {
+    const double a = 30 * pi / 180, b = 40 * pi / 180, c = 50 * pi / 180;
+    const double sa = std::sin(a), sb = std::sin(b), sc = std::sin(c), ca = std::cos(a), cb = std::cos(b),
+                 cc = std::cos(c);
+    const vector front{cc * cb, cc * sb * sa - ca * sc, cc * sb * ca + sc * sa}, up{-sb, cb * sa, cb * ca};
+    geometry::cuboid byDirections = Cuboid(2, 4, 6, {1, 2, 3}, front, up),
+                     byAngles = Cuboid(2, 4, 6, {1, 2, 3}, front, up);
+    byDirections.pivot = byAngles.pivot = {1, 1, 1};
+    byAngles.SetAngle(30, 40, 50);
+    const gp_Pnt one = Properties(byDirections).CentreOfMass(), other = Properties(byAngles).CentreOfMass();
+    EXPECT_LT(one.Distance(other), 1e-9) << "and never twice";
+    const gp_Mat first = Properties(byDirections).MatrixOfInertia(),
+                 second = Properties(byAngles).MatrixOfInertia();
+    for (int row = 1; row <= 3; ++row)
+        for (int column = 1; column <= 3; ++column)
+            EXPECT_NEAR(first(row, column), second(row, column), 1e-6);
+}
+
+TEST(Solids, AreNotTurnedWithoutTwoDirections) {
+    for (const auto& [front, up] :
+         {std::pair{kZero, kZero}, {kX, kZero}, {kZero, kZ}, {kZ, kZ}, {kX, vector{kNaN, 0, 0}}})
+        ExpectBounds(Cuboid(2, 4, 6, {}, front, up), {-1, -2, 0}, {1, 2, 6});
+}
+
+TEST(Solids, DirectionsNeedNeitherLengthOneNorARightAngle) {
+    ExpectBounds(Cuboid(2, 4, 6, {}, {0, -5, 3}, {0, 0, 7}), {-2, -1, 0}, {2, 1, 6});
+}
+
+TEST(Solids, ImpossibleSizesGiveNoShapeAndAReason) {
+    ExpectFailure(Cuboid(0, 1, 1), "the width is not above 0");
+    ExpectFailure(Cuboid(1, -1, 1), "the height is not above 0");
+    ExpectFailure(Cuboid(1, 1, kNaN), "the depth is not above 0");
+    ExpectFailure(Cuboid(1, kInfinity, 1), "the height is too large");
+    ExpectFailure(Cuboid(1e-30, 1, 1), "the width is too small");
+    ExpectFailure(Cuboid(1, 1, 1e30), "the depth is too large");
+    ExpectFailure(Cuboid(1, 1, 1, {kNaN, 0, 0}), "the point is not a place that a body can have");
+    ExpectFailure(geometry::hole_cuboid(kZero, kX, kZ, 1, 1, 1, 0.5, 1, kColor, false),
+                  "the hole is not smaller than the box");
+    ExpectFailure(geometry::hole_cuboid(kZero, kX, kZ, 1, 1, 0, 0.5, 1, kColor, false),
+                  "the hole's width is not above 0");
+    ExpectFailure(geometry::cylinder(kZero, kX, kZ, -1, 1, kColor, false), "the radius is not above 0");
+    ExpectFailure(geometry::donut(kZero, kX, kZ, 2, 1, 1, kColor, false),
+                  "the inner diameter is not smaller than the outer one");
+    ExpectFailure(geometry::pyramid(kZero, kX, kZ, 0, 0, 0, 0, 1, kColor, false), "both ends are tips");
+    ExpectFailure(geometry::pyramid(kZero, kX, kZ, 1, 0, 1, 1, 1, kColor, false),
+                  "the bottom's height is not above 0");
+    ExpectFailure(geometry::sphere(kZero, 0, kColor, false), "the radius is not above 0");
+    ExpectFailure(geometry::ellipse(kZero, kX, kZ, 1, 0, 1, kColor, false), "the height is not above 0");
+    geometry::cuboid turned = Cuboid(1, 1, 1);
+    turned.SetAngle(kInfinity, 0, 0);
+    ExpectFailure(turned, "the rotation is no number");
+    turned.SetAngle(0, 0, 0);
+    turned.pivot = {0, 1e300, 0};
+    ExpectFailure(turned, "the pivot is not a place that a body can have");
+}
+
+TEST(Solids, MakeTheirShapeOnce) {
+    const geometry::cuboid solid = Cuboid(1, 1, 1);
+    EXPECT_EQ(solid.GetShape(), solid.GetShape());
+}
+
+TEST(Pillar, IsAPrismOverItsOutline) {
+    const geometry::pillar solid = Pillar(Outline({{1, 1}, {5, 1}, {5, 4}, {1, 4}}));
+    ExpectVolume(solid, 4 * 3 * 2);
+    ExpectBounds(solid, {1, 1, 0}, {5, 4, 2});
+}
+
+TEST(Pillar, MayRunEitherWayRound) {
+    ExpectVolume(Pillar(Outline({{1, 4}, {5, 4}, {5, 1}, {1, 1}})), 24);
+}
+
+TEST(Pillar, HasArcsAndVoids) {
+    // A square of 10 with a half circle on its right side, two holes: a square and a circle.
+    CPCDrawObjArray outline;
+    outline.Add(new CPCLineSeg(0, 0, 10, 0));
+    outline.Add(Arc({10, 5}, 5, 270, 90, 0));
+    outline.Add(new CPCLineSeg(10, 10, 0, 10));
+    outline.Add(new CPCLineSeg(0, 10, 0, 0));
+    CPCPolygonArray voids;
+    auto* square = new CPCPolygon;
+    square->GetBoundary() = Outline({{1, 1}, {1, 3}, {3, 3}, {3, 1}});
+    voids.Add(square);
+    auto* circle = new CPCPolygon;
+    circle->GetBoundary().Add(Arc({6, 6}, 1, 0, 0, 1));
+    voids.Add(circle);
+    const geometry::pillar solid = Pillar(outline, voids);
+    ExpectVolume(solid, (100 + pi * 25 / 2 - 4 - pi) * 2);
+    ExpectBounds(solid, {0, 0, 0}, {15, 10, 2});
+}
+
+TEST(Pillar, AClockwiseArcCutsIntoIt) {
+    CPCDrawObjArray outline;
+    outline.Add(new CPCLineSeg(0, 0, 10, 0));
+    outline.Add(Arc({10, 5}, 5, 270, 90, 1));
+    outline.Add(new CPCLineSeg(10, 10, 0, 10));
+    outline.Add(new CPCLineSeg(0, 10, 0, 0));
+    ExpectVolume(Pillar(outline), (100 - pi * 25 / 2) * 2);
+}
+
+TEST(Pillar, MayBeTwoHalfCircles) {
+    CPCDrawObjArray outline;
+    outline.Add(Arc({0, 0}, 3, 0, 180, 0));
+    outline.Add(Arc({0, 0}, 3, 180, 360, 0));
+    ExpectVolume(Pillar(outline), pi * 9 * 2);
+}
+
+TEST(Pillar, ClosesGapsThatRoundingExplains) {
+    CPCDrawObjArray outline;
+    outline.Add(new CPCLineSeg(0, 0, 10, 0.0002));
+    outline.Add(new CPCLineSeg(10, 0, 10, 10));
+    outline.Add(new CPCLineSeg(10.0003, 10, 0, 10));
+    outline.Add(new CPCLineSeg(0, 10, 0, 0));
+    ExpectVolume(Pillar(outline), 200);
+}
+
+TEST(Pillar, ImpossibleOutlinesGiveNoShapeAndAReason) {
+    ExpectFailure(Pillar({}), "the outline is empty");
+    ExpectFailure(Pillar(Outline({{0, 0}, {1, 0}})), "the outline has two points only");
+    ExpectFailure(Pillar(Outline({{0, 0}, {0, 0}})), "the outline is empty");
+    CPCDrawObjArray open;
+    open.Add(new CPCLineSeg(0, 0, 1, 0));
+    open.Add(new CPCLineSeg(1, 0, 1, 1));
+    open.Add(new CPCLineSeg(1, 1, 0, 1));
+    ExpectFailure(Pillar(open), "the outline does not close");
+    ExpectFailure(Pillar(Outline({{0, 0}, {1, 0}, {kNaN, 1}})),
+                  "the outline has a point that no body can have");
+    ExpectFailure(Pillar(Outline({{0, 0}, {4, 4}, {4, 0}, {0, 4}})), "the outline crosses itself");
+    ExpectFailure(Pillar(Outline({{0, 0}, {1, 0}, {1, 1}}), {}, 0), "the depth is not above 0");
+    CPCPolygonArray voids;
+    voids.Add(new CPCPolygon);
+    ExpectFailure(Pillar(Outline({{0, 0}, {1, 0}, {1, 1}}), voids), "a void is empty");
+    CPCDrawObjArray point;
+    point.Add(Arc({0, 0}, 0, 0, 90, 0));
+    EXPECT_TRUE(Pillar(point).GetShape()->IsNull());
+}
+
+TEST(Step, HoldsTheShapeOfAFile) {
+    const test::TemporaryDirectory directory;
+    const std::string path(static_cast<const char*>(directory / "body.step"));
+    geometry::WriteStep(
+        path, {{"body", std::make_shared<geometry::cuboid>(kZero, kX, kZ, 2, 3, 4, kColor, false)}});
+    geometry::step solid(path.c_str(), {10, 0, 0}, kZero, kZero, kColor, false);
+    ExpectVolume(solid, 24);
+    ExpectCenter(solid, 10, 0, 2);
+}
+
+TEST(Step, AMissingOrBrokenFileGivesNoShapeAndAReason) {
+    const test::TemporaryDirectory directory;
+    const auto step = [](const char* path) {
+        return geometry::step(path, kZero, kZero, kZero, kColor, false);
+    };
+    ExpectFailure(step(nullptr), "no STEP file is named");
+    ExpectFailure(step(""), "no STEP file is named");
+    ExpectFailure(step("/nowhere/x.step"), "there is no STEP file \"/nowhere/x.step\"");
+    EXPECT_TRUE(step(directory / "").GetShape()->IsNull());
+    for (const char* content :
+         {"", "garbage", "ISO-10303-21;\nHEADER;\nENDSEC;\nDATA;\nENDSEC;\nEND-ISO-10303-21;\n"}) {
+        const geometry::step broken = step(directory.Write("broken.step", content));
+        EXPECT_TRUE(broken.GetShape()->IsNull());
+        EXPECT_NE(broken.GetFailure(), "");
+    }
+}
+
+TEST(SolidFiles, HoldNamesAndColours) {
+    const test::TemporaryDirectory directory;
+    const std::vector<geometry::NamedSolid> solids{
+        {"first body", std::make_shared<geometry::cuboid>(kZero, kX, kZ, 2, 3, 4, kColor, false)},
+        {"broken", std::make_shared<geometry::cuboid>(kZero, kX, kZ, 0, 3, 4, kColor, false)},
+        {"ball", std::make_shared<geometry::sphere>(vector{9, 9, 9}, 2, vector{2, -1, 0}, false)}};
+    const std::string stepPath(static_cast<const char*>(directory / "out.step"));
+    EXPECT_EQ(geometry::WriteStep(stepPath, solids),
+              std::vector<std::string>{"broken has no shape: the width is not above 0"});
+    const std::string text = test::ReadFile(stepPath);
+    EXPECT_NE(text.find("first body"), std::string::npos);
+    EXPECT_NE(text.find("ball"), std::string::npos);
+    EXPECT_NE(text.find("COLOUR_RGB"), std::string::npos);
+    const std::string gltfPath(static_cast<const char*>(directory / "out.glb"));
+    EXPECT_EQ(geometry::WriteGltf(gltfPath, solids).size(), 1u);
+    const std::string gltf = test::ReadFile(gltfPath);
+    EXPECT_EQ(gltf.substr(0, 4), "glTF");
+    EXPECT_NE(gltf.find("first body"), std::string::npos);
+}
+
+TEST(SolidFiles, AreNotWrittenWithoutASolidOrAPlace) {
+    const test::TemporaryDirectory directory;
+    const std::vector<geometry::NamedSolid> good{
+        {"ball", std::make_shared<geometry::sphere>(kZero, 2, kColor, false)}};
+    EXPECT_THROW(geometry::WriteStep(static_cast<const char*>(directory / "x.step"), {}), std::runtime_error);
+    EXPECT_THROW(geometry::WriteStep("/nowhere/x.step", good), std::runtime_error);
+    EXPECT_THROW(geometry::WriteGltf("/nowhere/x.glb", good), std::runtime_error);
+}
+
+}  // namespace
