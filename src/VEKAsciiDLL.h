@@ -9,6 +9,7 @@
 #include "model/CVEKA_RLC.h"
 #include "model/CVEKA_Type.h"
 #include "model/objects/Objects.h"
+#include "parser/CInvalidAccessException.h"
 #include "parser/CVEK_AsciiParser.h"
 #include "platform/CDialog.h"
 #include "platform/SBUtility.h"

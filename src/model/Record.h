@@ -72,7 +72,24 @@ struct FieldAccess {
         ForEach<Class>(record, visit, std::make_integer_sequence<int, kCount<Class>>());
     }
 
+    /// True if the copy of a field differs from its source.
+    template <class Record>
+    static constexpr bool AnyFieldLoses() {
+        return AnyFieldLoses<Record>(std::make_integer_sequence<int, kCount<Record>>());
+    }
+
 private:
+    template <class Record, int... Index>
+    static constexpr bool AnyFieldLoses(std::integer_sequence<int, Index...>) {
+        return (FieldLoses(Record::VekaField(std::integral_constant<int, Index>{}).member) || ...);
+    }
+    template <class Class, class T>
+    static constexpr bool FieldLoses(T Class::*) {
+        return false;
+    }
+    template <class Class, class T>
+    static constexpr bool FieldLoses(Owned<T> Class::*);
+
     template <class Class, class Record, class Visitor, int... Index>
     static void ForEach(Record& record, Visitor& visit, std::integer_sequence<int, Index...>) {
         (Visit(record, visit, Class::VekaField(std::integral_constant<int, Index>{})), ...);
@@ -88,6 +105,49 @@ private:
 template <class Record, class Visitor>
 void ForEachField(Record& record, Visitor&& visit) {
     FieldAccess::ForEach(record, visit);
+}
+
+template <class T>
+concept IsArray = requires {
+    typename T::Element;
+};
+template <class T>
+concept LosesItself = requires(T& value) {
+    value.VekaLose();
+};
+
+/// True if a copy of a record or an array differs from its source: some classes lose a field when they are
+/// copied, and whatever holds one of them loses it too.
+template <class T>
+constexpr bool CopyLoses() {
+    if constexpr (IsArray<T>)
+        return CopyLoses<typename T::Element>();
+    else if constexpr (LosesItself<T>)
+        return true;
+    else
+        return FieldAccess::AnyFieldLoses<T>();
+}
+
+template <class Class, class T>
+constexpr bool FieldAccess::FieldLoses(Owned<T> Class::*) {
+    return CopyLoses<T>();
+}
+
+/// Does to an object what copying it would have done. A move takes the source's storage over, and then does
+/// this, so that nothing tells a move from a copy.
+template <class T>
+void Lose(T& value) {
+    if constexpr (!CopyLoses<T>()) {
+    } else if constexpr (IsArray<T>) {
+        for (auto* element : value)
+            if (element) Lose(*element);
+    } else if constexpr (LosesItself<T>) {
+        value.VekaLose();
+    } else {
+        ForEachField(value, [](const auto&, auto& field) {
+            if constexpr (requires { field.get(); }) Lose(*field);
+        });
+    }
 }
 
 }  // namespace veka
@@ -111,6 +171,17 @@ protected:                                            \
     }                                                 \
                                                       \
     VEKA_FIELDS_OF(Class, void)
+
+/// For a record whose copy loses something: it writes its copies and `Init` itself, names what is lost in
+/// `VekaLose`, which a move then does too, and declares its rows behind `VEKA_FIELDS_OF`.
+#define VEKA_RECORD_OPERATIONS(Class)       \
+public:                                     \
+    Class() = default;                      \
+    virtual ~Class() = default;             \
+                                            \
+protected:                                  \
+    /** Sets every field to its default. */ \
+    void Init();
 
 /// What the rows of a class need besides its operations; `Base` is the base class with rows, or void.
 #define VEKA_FIELDS_OF(Class, Base)    \
@@ -237,6 +308,8 @@ public:                                                                         
     }                                                                                              \
     Array(Array&& other) noexcept {                                                                \
         Swap(other);                                                                               \
+        RemoveNullElement();                                                                       \
+        ::veka::Lose(*this);                                                                       \
     }                                                                                              \
     ~Array() override = default;                                                                   \
     virtual Array& operator=(const Array& other) {                                                 \
@@ -259,6 +332,8 @@ public:                                                                         
         if (this != &other) {                                                                      \
             DeleteAll();                                                                           \
             Swap(other);                                                                           \
+            RemoveNullElement();                                                                   \
+            ::veka::Lose(*this);                                                                   \
         }                                                                                          \
         return *this;                                                                              \
     }                                                                                              \

@@ -52,6 +52,21 @@ public:
     CVEKA_Layout* LAYOUTParser(CECadClsLvl* level);
     CVEKA_BOM* BOMParser(CECadClsLvl* level);
 
+    // Packages.
+    CVEKA_Packages* PACKAGESParser(CECadClsLvl* level);
+    CVEKA_Thermal* PACKAGES_THERMALParser(CECadClsLvl* level);
+    CVEKA_ThermalModel* PACKAGES_THERMAL_MODELParser(CECadClsLvl* level);
+    CVEKA_PKG_Color* PACKAGES_COLORParser(CECadClsLvl* level);
+    CVEKA_FootprintSpec* PACKAGES_FOOTPRINTSPECParser(CECadClsLvl* level);
+    CVEKA_Package* PACKAGES_PACKAGEParser(CECadClsLvl* level);
+    CVEKA_BodyGeometry* PACKAGES_PACKAGE_BODYGEOMETRYParser(CECadClsLvl* level);
+    CVEKA_MarkingGeometries* PACKAGES_PACKAGE_MARKINGGEOMETRIESParser(CECadClsLvl* level);
+    CVEKA_MountData* PACKAGES_PACKAGE_MOUNTDATAParser(CECadClsLvl* level);
+    CVEKA_PackagePinArray* PACKAGES_PACKAGE_PKGPINSParser(CECadClsLvl* level);
+    /// Raises `CInvalidAccessException` for a pin without the child that its position selects.
+    CVEKA_MechanicalPinArray* PACKAGES_PACKAGE_MECHANICALPINSParser(CECadClsLvl* level);
+    CVEKA_FootprintArray* PACKAGES_PACKAGE_FOOTPRINTSParser(CECadClsLvl* level);
+
     // Objects.
     /// The objects of a level's children; unknown ones are left out.
     CVEKA_3DObjectArray* ObjectsParser(CECadClsLvl* level);
@@ -64,6 +79,8 @@ public:
 
 private:
     void ParseSection(CECadClsLvl* level);
+    void ReadPacking(CECadClsLvl* level, CVEKA_Packing& packing);
+    void ReadBodySize(CECadClsLvl* level, CVEKA_BodySize& size);
     template <class Kind>
     Kind* KindParser(CECadClsLvl* level);
 

@@ -10,6 +10,7 @@ CVEKA_VEK* CVEK_AsciiParser::VEKParser(CECadClsLvl* level) {
     for (CECadClsLvl* child : Children(level)) {
         const CString& keyword = child->m_strName;
         if (keyword == "PARTGENERAL") Take(vek->PartGeneral, PARTGENERALParser(child));
+        else if (keyword == "PACKAGES") Take(vek->Packages, PACKAGESParser(child));
     }
     return vek.release();
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "model/package/CVEKA_Packages.h"
 #include "model/part/CVEKA_PartGeneral.h"
 
 /// The one part that a file describes, by its sections.
 class VEKA_API CVEKA_VEK {
     VEKA_RECORD(CVEKA_VEK)
     VEKA_OWNED(CVEKA_PartGeneral, PartGeneral, GetPartGeneral, SetPartGeneral)
+    VEKA_OWNED(CVEKA_Packages, Packages, GetPackages, SetPackages)
 };

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "model/Record.h"
+
+/// Thermal resistances from the junction.
+class VEKA_API CVEKA_Simple {
+    VEKA_RECORD(CVEKA_Simple)
+    VEKA_NUMBER(double, JC, 0, GetJC, SetJC)  /// to the case
+    VEKA_NUMBER(double, JB, 0, GetJB, SetJB)  /// to the board
+};
+
+/// A resistor between two nodes of a thermal network.
+class VEKA_API CVEKA_Node {
+    VEKA_RECORD(CVEKA_Node)
+    VEKA_TEXT(FirstNodeName, GetFirstNodeName, SetFirstNodeName)
+    VEKA_TEXT(SecondNodeName, GetSecondNodeName, SetSecondNodeName)
+    VEKA_NUMBER(double, ThermalResistance, 0, GetThermalResistance, SetThermalResistance)
+};
+
+/// The resistors of a thermal network.
+VEKA_ARRAY(CVEKA_NodeArray, CVEKA_Node)
+
+/// A DELPHI compact thermal model.
+class VEKA_API CVEKA_Delphi {
+    VEKA_RECORD(CVEKA_Delphi)
+    VEKA_OWNED(CVEKA_NodeArray, Nodes, GetNodes, SetNodes)
+};
+
+/// Both thermal models side by side; nothing chooses between them.
+class VEKA_API CVEKA_ThermalModel {
+    VEKA_RECORD(CVEKA_ThermalModel)
+    VEKA_OWNED(CVEKA_Simple, Simple, GetSimple, SetSimple)
+    VEKA_OWNED(CVEKA_Delphi, Delphi, GetDelphi, SetDelphi)
+};
