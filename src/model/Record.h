@@ -152,7 +152,10 @@ void Lose(T& value) {
 
 }  // namespace veka
 
-#define VEKA_RECORD(Class)                            \
+#define VEKA_RECORD(Class) VEKA_RECORD_CLONED_BY(Class, Clone)
+
+/// A record whose cloning operation has another name.
+#define VEKA_RECORD_CLONED_BY(Class, Clone)           \
 public:                                               \
     Class() = default;                                \
     Class(const Class&) = default;                    \

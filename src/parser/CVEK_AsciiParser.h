@@ -52,6 +52,20 @@ public:
     CVEKA_Layout* LAYOUTParser(CECadClsLvl* level);
     CVEKA_BOM* BOMParser(CECadClsLvl* level);
 
+    CVEKA_History* HISTORYParser(CECadClsLvl* level);
+    CVEKA_Reference_URLArray* REFERENCEURLParser(CECadClsLvl* level);
+    CVEKA_Layers* LAYERSParser(CECadClsLvl* level);
+    CVEKA_Layer* LAYERParser(CECadClsLvl* level);
+    CVEKA_Manufacturing* MANUFACTURINGParser(CECadClsLvl* level);
+
+    // The part as a circuit element.
+    CVEKA_Electrical* ELECTRICALParser(CECadClsLvl* level);
+    CVEKA_DeviceModelArray* DEVICEMODELSParser(CECadClsLvl* level);
+    CVEKA_PowerRailArray* POWERRAILSParser(CECadClsLvl* level);
+    CVEKA_PassiveValue* PASSIVEVALUEParser(CECadClsLvl* level);
+    CVEKA_ElectricalPinArray* ELECTRICALPINSParser(CECadClsLvl* level);
+    CVEKA_PinGroupArray* PINGROUPSParser(CECadClsLvl* level);
+
     // Packages.
     CVEKA_Packages* PACKAGESParser(CECadClsLvl* level);
     CVEKA_Thermal* PACKAGES_THERMALParser(CECadClsLvl* level);
@@ -79,6 +93,7 @@ public:
 
 private:
     void ParseSection(CECadClsLvl* level);
+    void ReadRLC(CECadClsLvl* level, CVEKA_RLC& rlc);
     void ReadPacking(CECadClsLvl* level, CVEKA_Packing& packing);
     void ReadBodySize(CECadClsLvl* level, CVEKA_BodySize& size);
     template <class Kind>

@@ -10,7 +10,10 @@ CVEKA_VEK* CVEK_AsciiParser::VEKParser(CECadClsLvl* level) {
     for (CECadClsLvl* child : Children(level)) {
         const CString& keyword = child->m_strName;
         if (keyword == "PARTGENERAL") Take(vek->PartGeneral, PARTGENERALParser(child));
+        else if (keyword == "LAYERS") Take(vek->Layers, LAYERSParser(child));
+        else if (keyword == "ELECTRICAL") Take(vek->Electrical, ELECTRICALParser(child));
         else if (keyword == "PACKAGES") Take(vek->Packages, PACKAGESParser(child));
+        else if (keyword == "MANUFACTURING") Take(vek->Manufacturing, MANUFACTURINGParser(child));
     }
     return vek.release();
 }
@@ -32,7 +35,9 @@ CVEKA_PartGeneral* CVEK_AsciiParser::PARTGENERALParser(CECadClsLvl* level) {
         else if (keyword == "BOM") Take(general->BOM, BOMParser(child));
         // Alone among the texts it keeps its last value.
         else if (keyword == "PARTDESC") Last(child, general->PartDescription);
+        else if (keyword == "HISTORY") Take(general->History, HISTORYParser(child));
         else if (keyword == "COMMENT") Take(general->CommentArr, COMMENTParser(child));
+        else if (keyword == "REFERENCEURL") Take(general->ReferenceURLArr, REFERENCEURLParser(child));
     }
     return general.release();
 }
@@ -59,4 +64,88 @@ CVEKA_BOM* CVEK_AsciiParser::BOMParser(CECadClsLvl* level) {
     for (CECadClsLvl* child : Children(level))
         if (child->m_strName == "COST") ByPosition(child, bom->Unit, bom->Cost);
     return bom.release();
+}
+
+CVEKA_History* CVEK_AsciiParser::HISTORYParser(CECadClsLvl* level) {
+    auto history = std::make_unique<CVEKA_History>();
+    CVEKA_Date& date = *history->Date;
+    for (CECadClsLvl* child : Children(level)) {
+        const CString& keyword = child->m_strName;
+        if (keyword == "VERSION") {
+            for (const CString& value : child->m_aValues) {
+                // The minor number is read from as many last bytes as stand before the point, not from what stands
+                // behind it. That is required.
+                const int point = value.Find('.');
+                history->Version->MajorVersion = ToInt(value.Left(point).View());
+                history->Version->MinorVersion = ToInt(value.Right(point).View());
+            }
+        }
+        else if (keyword == "DATE") {
+            bool first = true;
+            for (CECadClsLvl* event : Children(child)) {
+                const CString& name = event->m_strName;
+                // These two count only as the first child. That is required.
+                if (name == "CREATED") { if (first) Last(event, date.CreatedDate->Date); }
+                else if (name == "MODIFIED") {
+                    for (const CString& value : event->m_aValues) {
+                        auto modified = std::make_unique<CVEKA_Date_DDMMYYYY>();
+                        modified->Date = value;
+                        date.ModifiedDate->Add(std::move(modified));
+                    }
+                }
+                else if (name == "APPROVED") { if (first) Last(event, date.ApprovedDate->Date); }
+                first = false;
+            }
+        }
+    }
+    return history.release();
+}
+
+CVEKA_Reference_URLArray* CVEK_AsciiParser::REFERENCEURLParser(CECadClsLvl* level) {
+    auto references = std::make_unique<CVEKA_Reference_URLArray>();
+    for (CECadClsLvl* child : Children(level)) {
+        if (child->m_strName != "REFERENCE") continue;
+        auto reference = std::make_unique<CVEKA_Reference_URL>();
+        ByPosition(child, reference->Title, reference->FileName);
+        references->Add(std::move(reference));
+    }
+    return references.release();
+}
+
+CVEKA_Layers* CVEK_AsciiParser::LAYERSParser(CECadClsLvl* level) {
+    auto layers = std::make_unique<CVEKA_Layers>();
+    for (CECadClsLvl* child : Children(level)) {
+        const CString& keyword = child->m_strName;
+        if (keyword == "DEFAULT") First(child, layers->DefaultPath);
+        else if (keyword == "LAY") Append(*layers->LayerArr, LAYERParser(child));
+    }
+    return layers.release();
+}
+
+CVEKA_Layer* CVEK_AsciiParser::LAYERParser(CECadClsLvl* level) {
+    auto layer = std::make_unique<CVEKA_Layer>();
+    CVEKA_Color& color = *layer->Color;
+    for (CECadClsLvl* child : Children(level)) {
+        const CString& keyword = child->m_strName;
+        if (keyword == "ARN") First(child, layer->ARNNumber);
+        else if (keyword == "NAME") First(child, layer->Name);
+        else if (keyword == "ELAYNAME") First(child, layer->ECadLayerName);
+        else if (keyword == "VISIBLE") First(child, layer->VisibleType);
+        // In place: a later level with fewer values changes only those that it gives.
+        else if (keyword == "COLOR") ByPosition(child, color.Red, color.Green, color.Blue);
+        else if (keyword == "DEPTH") First(child, layer->Depth);
+        else if (keyword == "FILMYPE") First(child, layer->FilmType);
+        else if (keyword == "COMMENT") First(child, layer->Comment->Comment);
+    }
+    return layer.release();
+}
+
+CVEKA_Manufacturing* CVEK_AsciiParser::MANUFACTURINGParser(CECadClsLvl* level) {
+    auto manufacturing = std::make_unique<CVEKA_Manufacturing>();
+    for (CECadClsLvl* child : Children(level)) {
+        const CString& keyword = child->m_strName;
+        if (keyword == "MOUNTTYPE") Last(child, manufacturing->MountType);
+        else if (keyword == "ROHS_COMPLIANCE") Last(child, manufacturing->ROHS_CompLianceType);
+    }
+    return manufacturing.release();
 }

@@ -23,7 +23,7 @@ TEST(Record, DescribesItsFieldsInOrder) {
     EXPECT_EQ(FieldNames<CVEKA_PartGeneral>(),
               "Unit Manufacturer MPN CPN Preference ProductFamily FunctionalType PackageType PartDescription "
               "Layout "
-              "NumberOfPins BOM CommentArr ");
+              "NumberOfPins BOM History CommentArr ReferenceURLArr ");
 }
 
 TEST(Record, HasItsVirtualOperationsInOrder) {

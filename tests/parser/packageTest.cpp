@@ -6,7 +6,7 @@
 #include "model/objects/Objects.h"
 #include "parser/CInvalidAccessException.h"
 #include "support/Parsing.h"
-#include "support/PlainReader.h"
+#include "support/PlainLevels.h"
 #include "support/Records.h"
 
 namespace {
@@ -339,27 +339,6 @@ TEST(FOOTPRINTSParser, TheLaterOfItsTwoWordsStands) {
     EXPECT_EQ(footprints->GetAt(2)->GetLibraryFootprintName(), "");
 }
 
-/// Levels of a name below a path of names in a plainly read tree.
-void CollectLevels(const std::vector<test::PlainLevel>& levels, const std::vector<std::string>& path,
-                   size_t depth, std::vector<const test::PlainLevel*>& found) {
-    for (const test::PlainLevel& level : levels) {
-        if (level.name != path[depth]) continue;
-        if (depth + 1 == path.size())
-            found.push_back(&level);
-        else
-            CollectLevels(level.children, path, depth + 1, found);
-    }
-}
-std::vector<std::string> LastValues(const std::vector<test::PlainLevel>& roots,
-                                    const std::vector<std::string>& path) {
-    std::vector<const test::PlainLevel*> found;
-    CollectLevels(roots, path, 0, found);
-    std::vector<std::string> values;
-    for (const test::PlainLevel* level : found)
-        values.push_back(level->values.empty() ? "" : level->values.back());
-    return values;
-}
-
 TEST(PACKAGESParser, GivesThePackagesPinsAndFootprintsOfEveryRealPart) {
     VEKA_NEEDS_CORPUS();
     size_t pinCount = 0;
@@ -378,13 +357,13 @@ TEST(PACKAGESParser, GivesThePackagesPinsAndFootprintsOfEveryRealPart) {
                 footprints.emplace_back(footprint->GetLibraryFootprintName().View());
         }
         EXPECT_FALSE(names.empty()) << path;
-        EXPECT_EQ(names, LastValues(roots, {"VEK", "PACKAGES", "PACKAGE", "NAME"})) << path;
-        EXPECT_EQ(pins, LastValues(roots, {"VEK", "PACKAGES", "PACKAGE", "PKGPINS", "PKGPIN"})) << path;
+        EXPECT_EQ(names, test::Values(roots, {"VEK", "PACKAGES", "PACKAGE", "NAME"}, -1)) << path;
+        EXPECT_EQ(pins, test::Values(roots, {"VEK", "PACKAGES", "PACKAGE", "PKGPINS", "PKGPIN"}, -1)) << path;
         EXPECT_EQ(mechanical,
-                  LastValues(roots, {"VEK", "PACKAGES", "PACKAGE", "MECHANICALPINS", "MECHANICALPIN"}))
+                  test::Values(roots, {"VEK", "PACKAGES", "PACKAGE", "MECHANICALPINS", "MECHANICALPIN"}, -1))
             << path;
         EXPECT_EQ(footprints.size(),
-                  LastValues(roots, {"VEK", "PACKAGES", "PACKAGE", "FOOTPRINTS", "FOOTPRINT"}).size())
+                  test::Count(roots, {"VEK", "PACKAGES", "PACKAGE", "FOOTPRINTS", "FOOTPRINT"}))
             << path;
         pinCount += pins.size();
     }

@@ -2,8 +2,10 @@
 
 #include "model/CVEKA_Comment.h"
 #include "model/part/CVEKA_BOM.h"
+#include "model/part/CVEKA_History.h"
 #include "model/part/CVEKA_Layout.h"
 #include "model/part/CVEKA_Preference.h"
+#include "model/part/CVEKA_Reference_URL.h"
 
 /// Identity and general data of a part.
 class VEKA_API CVEKA_PartGeneral {
@@ -22,5 +24,7 @@ class VEKA_API CVEKA_PartGeneral {
     VEKA_OWNED(CVEKA_Layout, Layout, GetLayout, SetLayout)
     VEKA_NUMBER(int, NumberOfPins, 0, GetNumberOfPins, SetNumberOfPins)
     VEKA_OWNED(CVEKA_BOM, BOM, GetBOM, SetBOM)
+    VEKA_OWNED(CVEKA_History, History, GetHistory, SetHistory)
     VEKA_OWNED(CVEKA_CommentArray, CommentArr, GetCommentArr, SetCommentArr)
+    VEKA_OWNED(CVEKA_Reference_URLArray, ReferenceURLArr, GetReferenceURLArr, SetReferenceURLArr)
 };

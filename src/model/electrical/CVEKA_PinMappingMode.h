@@ -1,0 +1,9 @@
+#pragma once
+
+#include "model/Record.h"
+
+/// Whether pins are mapped.
+class VEKA_API CVEKA_PinMappingMode {
+    VEKA_RECORD(CVEKA_PinMappingMode)
+    VEKA_FLAG(Mode, GetMode, SetMode)
+};

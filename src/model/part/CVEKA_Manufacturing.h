@@ -1,0 +1,10 @@
+#pragma once
+
+#include "model/Record.h"
+
+/// How a part is mounted, and its compliance.
+class VEKA_API CVEKA_Manufacturing {
+    VEKA_RECORD(CVEKA_Manufacturing)
+    VEKA_TEXT(MountType, GetMountType, SetMountType)
+    VEKA_TEXT(ROHS_CompLianceType, GetROHS_CompLianceType, SetROHS_CompLianceType)
+};

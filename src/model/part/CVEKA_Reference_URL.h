@@ -1,0 +1,13 @@
+#pragma once
+
+#include "model/Record.h"
+
+/// A named reference.
+class VEKA_API CVEKA_Reference_URL {
+    VEKA_RECORD(CVEKA_Reference_URL)
+    VEKA_TEXT(Title, GetTitle, SetTitle)
+    VEKA_TEXT(FileName, GetFileName, SetFileName)
+};
+
+/// The references of a part.
+VEKA_ARRAY(CVEKA_Reference_URLArray, CVEKA_Reference_URL)
