@@ -36,6 +36,8 @@ private:
             for (INT_PTR i = 0; i < value.GetSize(); ++i)
                 out << (i > 0 ? " | " : "") << Printable(value[i].View());
             out << '\n';
+        } else if constexpr (requires { value.Names(); }) {
+            Field(name, value.Names());
         } else {
             OwnedField(name, *value);
         }

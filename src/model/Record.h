@@ -120,10 +120,10 @@ concept LosesItself = requires(T& value) {
 /// copied, and whatever holds one of them loses it too.
 template <class T>
 constexpr bool CopyLoses() {
-    if constexpr (IsArray<T>)
-        return CopyLoses<typename T::Element>();
-    else if constexpr (LosesItself<T>)
+    if constexpr (LosesItself<T>)
         return true;
+    else if constexpr (IsArray<T>)
+        return CopyLoses<typename T::Element>();
     else
         return FieldAccess::AnyFieldLoses<T>();
 }
@@ -138,11 +138,11 @@ constexpr bool FieldAccess::FieldLoses(Owned<T> Class::*) {
 template <class T>
 void Lose(T& value) {
     if constexpr (!CopyLoses<T>()) {
+    } else if constexpr (LosesItself<T>) {
+        value.VekaLose();
     } else if constexpr (IsArray<T>) {
         for (auto* element : value)
             if (element) Lose(*element);
-    } else if constexpr (LosesItself<T>) {
-        value.VekaLose();
     } else {
         ForEachField(value, [](const auto&, auto& field) {
             if constexpr (requires { field.get(); }) Lose(*field);

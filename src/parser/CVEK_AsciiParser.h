@@ -81,6 +81,31 @@ public:
     CVEKA_MechanicalPinArray* PACKAGES_PACKAGE_MECHANICALPINSParser(CECadClsLvl* level);
     CVEKA_FootprintArray* PACKAGES_PACKAGE_FOOTPRINTSParser(CECadClsLvl* level);
 
+    // Logic symbols.
+    CVEKA_LogicSymbols* LOGICSYMBOLSGParser(CECadClsLvl* level);
+    CVEKA_LogicPinArray* LOGICSYMBOLS_LOGICPINLIBSParser(CECadClsLvl* level);
+    CVEKA_Symbol* LOGICSYMBOLS_SYMBOLParser(CECadClsLvl* level);
+    CVEKA_Partition* LOGICSYMBOLS_SYMBOL_PARTITIONParser(CECadClsLvl* level);
+    CVEKA_PartitionPinArray* LOGICSYMBOLS_SYMBOL_PARTITION_PARTITIONPINSParser(CECadClsLvl* level);
+    /// Property labels, by one method under three names. Raises `CInvalidAccessException` for a label without the child
+    /// that its position selects.
+    CVEKA_PropertyLabelArray* LOGICSYMBOLS_SYMBOL_PARTITION_PROPERTYLABELSParser(CECadClsLvl* level);
+    CVEKA_PropertyLabelArray* NSHAPE_PROPERTYLABELSParser(CECadClsLvl* level);
+    CVEKA_PropertyLabelArray* PARTITION_PARTITIONPINS_PROPERTYLABELSParser(CECadClsLvl* level);
+
+    // The library.
+    CVEKA_ColorTableArray* COLORTABLEParser(CECadClsLvl* level);
+    CVEKA_FontArray* FontLibParser(CECadClsLvl* level);
+    CVEKA_PadArray* PADParser(CECadClsLvl* level);
+    CVEKA_PadStackArray* PadStackParser(CECadClsLvl* level);
+    CVEKA_Padstack_LayerInfo* PadStack_LAYERInfoParser(CECadClsLvl* level);
+    CVEKA_FootprintDBArray* FOOTPRINTParser(CECadClsLvl* level);
+    CVEKA_FootprintPinArray* FOOTPRINT_FPINSParser(CECadClsLvl* level);
+    CVEKA_CAMLayerArray* FOOTPRINT_CAMLAYERSParser(CECadClsLvl* level);
+    CVEKA_NSHAPE* NSHAPEParser(CECadClsLvl* level);
+    CVEKA_PartitionDBArray* PARTITIONParser(CECadClsLvl* level);
+    CVEKA_PartitionDBPinArray* PARTITION_PARTITIONPINSParser(CECadClsLvl* level);
+
     // Objects.
     /// The objects of a level's children; unknown ones are left out.
     CVEKA_3DObjectArray* ObjectsParser(CECadClsLvl* level);

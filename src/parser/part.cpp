@@ -14,6 +14,7 @@ CVEKA_VEK* CVEK_AsciiParser::VEKParser(CECadClsLvl* level) {
         else if (keyword == "ELECTRICAL") Take(vek->Electrical, ELECTRICALParser(child));
         else if (keyword == "PACKAGES") Take(vek->Packages, PACKAGESParser(child));
         else if (keyword == "MANUFACTURING") Take(vek->Manufacturing, MANUFACTURINGParser(child));
+        else if (keyword == "LOGICSYMBOLS") Take(vek->LogicSymbols, LOGICSYMBOLSGParser(child));
     }
     return vek.release();
 }

@@ -28,11 +28,10 @@ struct Opened : T {
 
 template <class T>
 void EveryRecordCopiesDeeply() {
-    const auto filled = Filled<T>(0);
+    auto filled = Filled<T>(0);
     const T source(filled);  // some classes lose a field when they are copied, and no more after that
-    if constexpr (!veka::CopyLoses<T>()) {
-        EXPECT_TRUE(SameButApart(filled, source));
-    }
+    veka::Lose(filled);
+    EXPECT_TRUE(SameButApart(filled, source));
     T copy(source);
     EXPECT_TRUE(SameButApart(source, copy));
     T assigned;
@@ -107,11 +106,10 @@ void EveryRecordGivesBackWhatItsSettersTook() {
 
 template <class T>
 void EveryArrayCopiesDeeply() {
-    const auto filled = Filled<T>(0);
+    auto filled = Filled<T>(0);
     const T source(filled);
-    if constexpr (!veka::CopyLoses<T>()) {
-        EXPECT_TRUE(SameButApart(filled, source));
-    }
+    veka::Lose(filled);
+    EXPECT_TRUE(SameButApart(filled, source));
     T copy(source), assigned;
     EXPECT_TRUE(SameButApart(source, copy));
     assigned = source;

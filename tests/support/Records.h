@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "model/Record.h"
+#include "model/library/DistinctNames.h"
 
 /// What the generic tests do with any record: fill it, compare it, and look for what two of them share.
 namespace test {
@@ -29,6 +30,8 @@ void Fill(T& value, int& seed) {
         value = CString("text " + std::to_string(++seed));
     } else if constexpr (std::is_same_v<T, CStringArray>) {
         for (int i = 0; i < 2; ++i) value.Add(CString("entry " + std::to_string(++seed)));
+    } else if constexpr (std::is_same_v<T, DistinctNames>) {
+        for (int i = 0; i < 20; ++i) value.Add(CString("name " + std::to_string(++seed)));
     } else if constexpr (kIsOwned<T>) {
         Fill(*value, seed);
     } else if constexpr (kIsArray<T>) {
@@ -53,6 +56,8 @@ template <class T>
 bool SameButApart(const T& a, const T& b) {
     if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, CString> || std::is_same_v<T, CStringArray>) {
         return a == b;
+    } else if constexpr (std::is_same_v<T, DistinctNames>) {
+        return a.Names() == b.Names();
     } else if constexpr (kIsOwned<T>) {
         return a.get() != b.get() && SameButApart(*a, *b);
     } else if constexpr (kIsArray<T>) {

@@ -8,7 +8,7 @@ CVEKA_3DObjectArray::CVEKA_3DObjectArray(const CVEKA_3DObjectArray& other) : CEx
 
 CVEKA_3DObjectArray::CVEKA_3DObjectArray(CVEKA_3DObjectArray&& other) noexcept {
     Swap(other);
-    DropNulls();
+    VekaLose();
 }
 
 CVEKA_3DObjectArray::~CVEKA_3DObjectArray() = default;
@@ -45,7 +45,7 @@ CVEKA_3DObjectArray& CVEKA_3DObjectArray::operator=(CVEKA_3DObjectArray&& other)
     if (this == &other) return *this;
     DeleteAll();
     Swap(other);
-    DropNulls();
+    VekaLose();
     return *this;
 }
 
@@ -73,9 +73,9 @@ bool VisitLists(CVEKA_3DObject* object, Visitor visit) {
 
 }  // namespace
 
-void CVEKA_3DObjectArray::DropNulls() noexcept {
+void CVEKA_3DObjectArray::VekaLose() noexcept {
     RemoveNullElement();
-    const auto drop = [](CVEKA_3DObjectArray& list) { list.DropNulls(); };
+    const auto drop = [](CVEKA_3DObjectArray& list) { list.VekaLose(); };
     for (CVEKA_3DObject* object : *this) {
         if (!object->m_holds.objects) continue;
         (void)(VisitLists<CVEKA_3DOJ_POLYGON>(object, drop) ||

@@ -25,10 +25,10 @@ public:
 
     const CRuntimeClass* GetRuntimeClass() const override;
 
+    /// What a copy loses: the null elements, at all depths.
+    void VekaLose() noexcept;
+
 protected:
     /// Deletes all elements.
     void Init();
-
-private:
-    void DropNulls() noexcept;
 };

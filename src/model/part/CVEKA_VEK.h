@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/electrical/CVEKA_Electrical.h"
+#include "model/logic/CVEKA_LogicSymbols.h"
 #include "model/package/CVEKA_Packages.h"
 #include "model/part/CVEKA_Layers.h"
 #include "model/part/CVEKA_Manufacturing.h"
@@ -14,4 +15,5 @@ class VEKA_API CVEKA_VEK {
     VEKA_OWNED(CVEKA_Electrical, Electrical, GetElectrical, SetElectrical)
     VEKA_OWNED(CVEKA_Packages, Packages, GetPackages, SetPackages)
     VEKA_OWNED(CVEKA_Manufacturing, Manufacturing, GetManufacturing, SetManufacturing)
+    VEKA_OWNED(CVEKA_LogicSymbols, LogicSymbols, GetLogicSymbols, SetLogicSymbols)
 };
