@@ -3,13 +3,18 @@
 namespace host {
 
 const char* const kUsage =
-    "usage: veka-host [FILE] [--library DIR] [--overwrite yes|no|ask]\n"
+    "usage: veka-host [FILE] [--library DIR] [--overwrite yes|no|ask] [--print [json]] [--step FILE] [--gltf "
+    "FILE]\n"
     "\n"
     "Imports a part data file and stores the part in a library.\n"
     "With FILE the import runs unattended; without, a dialog asks for file and directory.\n"
     "\n"
     "  --library DIR       directory that parts are stored in\n"
     "  --overwrite HOW     what to do about a part that is there already (ask)\n"
+    "  --print             print every record as an outline; the library is then not needed\n"
+    "  --print json        print every record as JSON\n"
+    "  --step FILE         write the solids of the packages as a STEP file; no library needed either\n"
+    "  --gltf FILE         write them as a binary glTF file\n"
     "  --help              show this text\n"
     "\n"
     "exit code: 0 imported, 1 refused by the user or a check, 2 wrong usage, 3 failed\n";
@@ -34,6 +39,16 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             line.help = true;
         } else if (argument == "--library") {
             line.library = value();
+        } else if (argument == "--step") {
+            line.step = value();
+        } else if (argument == "--gltf") {
+            line.gltf = value();
+        } else if (argument == "--print") {
+            line.print = Print::Outline;
+            if (i + 1 < arguments.size() && arguments[i + 1] == "json") {
+                line.print = Print::Json;
+                ++i;
+            }
         } else if (argument == "--overwrite") {
             const std::string how = value();
             if (how == "yes")
@@ -48,7 +63,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             throw UsageError("unknown option " + argument);
         }
     }
-    if (!line.help && !line.file.empty() && line.library.empty())
+    const bool shown = line.print != Print::Summary || !line.step.empty() || !line.gltf.empty();
+    if (!line.help && !line.file.empty() && line.library.empty() && !shown)
         throw UsageError("--library DIR is needed with a file");
     return line;
 }

@@ -9,12 +9,18 @@ namespace host {
 /// What to do about a part that is in the library already.
 enum class Overwrite { Yes, No, Ask };
 
+/// What to show of an imported part.
+enum class Print { Summary, Outline, Json };
+
 /// What the program was asked to do.
 struct CommandLine {
     bool help = false;
     std::string file;     ///< empty: the user names it in the dialog
     std::string library;  ///< directory that parts are stored in
     Overwrite overwrite = Overwrite::Ask;
+    Print print = Print::Summary;
+    std::string step;  ///< file to write the solids to; empty: none
+    std::string gltf;
 };
 
 /// A command line that cannot be understood.

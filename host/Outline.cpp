@@ -1,5 +1,7 @@
 #include "host/Outline.h"
 
+#include <algorithm>
+
 namespace host {
 
 std::string Printable(std::string_view text) {
@@ -15,9 +17,17 @@ std::string Printable(std::string_view text) {
     return result;
 }
 
-std::ostream& Outline::Line(const char* name) {
+void Outline::Heading(const std::string& text) {
+    m_heading += std::string(m_indent, ' ') + text + "\n";
+}
+
+void Outline::Flush() {
     m_out << m_heading;
     m_heading.clear();
+}
+
+std::ostream& Outline::Line(const char* name) {
+    Flush();
     std::string label(m_indent, ' ');
     label += name;
     label.resize(std::max<size_t>(label.size() + 1, 24), ' ');

@@ -4,6 +4,8 @@
 #include <string>
 #include <type_traits>
 
+#include "host/Numbers.h"
+#include "host/VisitObject.h"
 #include "model/Record.h"
 
 namespace host {
@@ -11,11 +13,11 @@ namespace host {
 /// A text for a terminal: control bytes and backslashes as \xNN, everything else as it stands.
 std::string Printable(std::string_view text);
 
-/// Writes records as an indented outline, one field a line, made from the records' own rows. Fields that hold
-/// nothing, such as empty texts and zeros, are left out.
+/// Writes records as an indented outline, one field a line, made from the records' own rows.
 class Outline {
 public:
-    explicit Outline(std::ostream& out) : m_out(out) {}
+    /// Without `all`, fields that hold nothing, such as empty texts and zeros, are left out.
+    explicit Outline(std::ostream& out, bool all = false) : m_out(out), m_all(all) {}
 
     template <class Record>
     void Write(const Record& record) {
@@ -27,11 +29,11 @@ private:
     template <class T>
     void Field(const char* name, const T& value) {
         if constexpr (std::is_arithmetic_v<T>) {
-            if (value != T{}) Line(name) << value << '\n';
+            if (m_all || value != T{}) Line(name) << Shortest(value) << '\n';
         } else if constexpr (std::is_same_v<T, CString>) {
-            if (!value.IsEmpty()) Line(name) << Printable(value.View()) << '\n';
+            if (m_all || !value.IsEmpty()) Line(name) << Printable(value.View()) << '\n';
         } else if constexpr (std::is_same_v<T, CStringArray>) {
-            if (value.IsEmpty()) return;
+            if (!m_all && value.IsEmpty()) return;
             std::ostream& out = Line(name);
             for (INT_PTR i = 0; i < value.GetSize(); ++i)
                 out << (i > 0 ? " | " : "") << Printable(value[i].View());
@@ -44,27 +46,43 @@ private:
     }
     template <class T>
     void OwnedField(const char* name, const T& value) {
-        if constexpr (requires { value.GetSize(); }) {
+        if constexpr (veka::IsArray<T>) {
             for (const auto* element : value)
-                if (element) Group(name, *element);
+                if (element) Element(name, *element);
         } else {
             Group(name, value);
         }
     }
-    /// A heading with a record below it, or nothing where the record holds nothing.
+    template <class T>
+    void Element(const char* name, const T& element) {
+        if constexpr (std::is_same_v<T, CVEKA_3DObject>) {
+            const std::string heading = std::string(name) + " " + KindName(element);
+            // An object is shown even where nothing in it is set.
+            Heading(heading);
+            Flush();
+            VisitObject(element, [&](const auto& object) { Group(nullptr, object); });
+        } else {
+            Group(name, element);
+        }
+    }
+    /// A heading, if there is a name, with a record below it; nothing where the record holds nothing.
     template <class T>
     void Group(const char* name, const T& record) {
         const std::string heading = m_heading;
-        m_heading += std::string(m_indent, ' ') + name + "\n";
+        if (name) Heading(name);
+        if (m_all) Flush();
         m_indent += 2;
         Write(record);
         m_indent -= 2;
         // A line below has written the headings above it.
         if (!m_heading.empty()) m_heading = heading;
     }
+    void Heading(const std::string& text);
+    void Flush();
     std::ostream& Line(const char* name);
 
     std::ostream& m_out;
+    bool m_all;
     std::string m_heading;  // lines that stand above the next field
     size_t m_indent = 2;
 };

@@ -33,6 +33,14 @@ TEST(CommandLine, AFileMayBeginWithAHyphen) {
     EXPECT_EQ(ParseCommandLine({"--library", "l", "-"}).file, "-");
 }
 
+TEST(CommandLine, WhatOnlyShowsNeedsNoLibrary) {
+    EXPECT_EQ(ParseCommandLine({"f", "--print"}).print, host::Print::Outline);
+    EXPECT_EQ(ParseCommandLine({"--print", "json", "f"}).print, host::Print::Json);
+    EXPECT_EQ(ParseCommandLine({"--print", "f"}).file, "f");
+    EXPECT_EQ(ParseCommandLine({"f", "--step", "s"}).step, "s");
+    EXPECT_EQ(ParseCommandLine({"f", "--gltf", "g"}).gltf, "g");
+}
+
 TEST(CommandLine, RaisesWhatItCannotUnderstand) {
     EXPECT_THROW(ParseCommandLine({"f"}), UsageError);
     EXPECT_THROW(ParseCommandLine({""}), UsageError);

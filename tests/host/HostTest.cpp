@@ -122,6 +122,44 @@ TEST_F(HostTest, WrongUsageIsOneSentence) {
     EXPECT_EQ(err.str(), "veka-host: unknown option --what (--help tells more)\n");
 }
 
+TEST_F(HostTest, PrintsAPartWithoutStoringIt) {
+    const std::string file = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A)))").GetString();
+    EXPECT_EQ(Run({file, "--print"}), 0);
+    EXPECT_THAT(out.str(), HasSubstr("      MPN               A\n"));
+    EXPECT_THAT(out.str(), HasSubstr("NumberOfPins      0\n")) << "every field";
+    EXPECT_EQ(Run({file, "--print", "json"}), 0);
+    EXPECT_THAT(out.str(), HasSubstr("\"MPN\":\"A\""));
+    EXPECT_EQ(Run({directory.Path() / "missing", "--print"}), 1);
+    EXPECT_THAT(err.str(), HasSubstr("there is no file"));
+}
+
+TEST_F(HostTest, PrintsAndStoresWithALibrary) {
+    EXPECT_EQ(Run({directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A)))").GetString(), "--library",
+                   library, "--print", "json"}),
+              0);
+    EXPECT_EQ(out.str()[0], '{');
+    EXPECT_TRUE(Stored("A"));
+}
+
+TEST_F(HostTest, AProgramWithoutSolidsSaysSo) {
+    EXPECT_EQ(Run({directory.Write("f", "").GetString(), "--step", directory.Path() / "out.step"}), 3);
+    EXPECT_EQ(err.str(),
+              "veka-host: no solids were written: this program was built without OpenCASCADE and cannot make "
+              "solids\n");
+}
+
+TEST_F(HostTest, AnAbsentChildIsOneSentenceAndStoresNothing) {
+    EXPECT_EQ(
+        Import(
+            "(VEK (PARTGENERAL (MPN A)) (PACKAGES (PACKAGE (MECHANICALPINS (X) (MECHANICALPIN M (PT 1))))))",
+            "yes"),
+        3);
+    EXPECT_THAT(err.str(),
+                testing::EndsWith(
+                    "could not be imported: The level \"MECHANICALPIN\" has no child at position 1.\n"));
+    EXPECT_TRUE(std::filesystem::is_empty(library));
+}
+
 TEST_F(HostTest, HelpIsShown) {
     EXPECT_EQ(Run({"--help"}), 0);
     EXPECT_THAT(out.str(), HasSubstr("usage: veka-host"));

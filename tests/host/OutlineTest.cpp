@@ -48,6 +48,22 @@ TEST(Outline, LeavesOutWhatHoldsNothing) {
     EXPECT_EQ(Text(CVEKA_Manager()), "");
 }
 
+TEST(Outline, WritesEverythingOnDemand) {
+    CVEKA_BOM bom;
+    std::ostringstream out;
+    host::Outline(out, true).Write(bom);
+    EXPECT_EQ(out.str(), "  Unit                  \n  Cost                  0\n");
+}
+
+TEST(Outline, WritesObjectsAsTheirOwnClass) {
+    CVEKA_Pad pad;
+    auto circle = std::make_unique<CVEKA_3DOJ_FILLCIRCLE>();
+    circle->D = 0.5;
+    pad.GetCamLayerDrawObjs()->Add(std::move(circle));
+    EXPECT_EQ(Text(pad),
+              "  CamLayerDrawObjs FILLCIRCLE\n    Type                40\n    D                   0.5\n");
+}
+
 TEST(Outline, ShowsControlBytesByTheirNumbers) {
     EXPECT_EQ(host::Printable("a\nb\\c\x7F\x1B\xC3\xA4"), "a\\x0Ab\\x5Cc\\x7F\\x1B\xC3\xA4");
 }
