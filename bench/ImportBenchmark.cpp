@@ -8,11 +8,13 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "CountAllocations.h"
 #include "VEKAsciiDLL.h"
 
 namespace {
@@ -78,6 +80,66 @@ void Measure(benchmark::State& state, const CString& path, Operation operation) 
     state.counters["levels/s"] = {rounds * static_cast<double>(levels), benchmark::Counter::kIsRate};
     state.counters["peak/byte"] = peak / size;
 }
+
+/// A file that is written for one measurement.
+CString WriteFile(const std::string& name, const std::string& text) {
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / ("veka-bench-" + name);
+    std::ofstream(path, std::ios::binary) << text;
+    return CString(path.native());
+}
+
+std::string Repeat(int count, const std::function<std::string(int)>& piece) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += piece(i);
+    return text;
+}
+
+/// Objects from their levels: time an object, which must not grow with their number, and allocations an
+/// object.
+void ParseObjects(benchmark::State& state) {
+    const int count = static_cast<int>(state.range(0));
+    const auto tree =
+        ReadTree(WriteFile("objects", "(X " + Repeat(count, [](int i) {
+                                          return "(CUBOID (WIDTH " + std::to_string(i) +
+                                                 ") (HEIGHT 1) (THICKNESS 2) (PT 1 2 3) (COLOR 4 5 6))\n";
+                                      }) + ")"));
+    CVEK_AsciiParser parser;
+    std::int64_t allocations = 0;
+    for (auto _ : state) {
+        const std::int64_t before = g_allocations;
+        std::unique_ptr<CVEKA_3DObjectArray> objects(parser.ObjectsParser(tree->m_pRootLevels->GetAt(0)));
+        allocations = g_allocations - before;
+        benchmark::DoNotOptimize(objects.get());
+        state.PauseTiming();
+        objects.reset();
+        state.ResumeTiming();
+    }
+    state.counters["ns/object"] = {static_cast<double>(state.iterations()) * count * 1e-9,
+                                   benchmark::Counter::kIsRate | benchmark::Counter::kInvert};
+    state.counters["allocations/object"] = static_cast<double>(allocations) / count;
+}
+BENCHMARK(ParseObjects)->Name("objects")->Arg(100'000)->Arg(200'000)->Unit(benchmark::kMillisecond);
+
+/// Padstacks with names of their own: time a padstack, which must not grow with their number.
+void ParsePadStacks(benchmark::State& state) {
+    const int count = static_cast<int>(state.range(0));
+    const auto tree = ReadTree(WriteFile("padstacks", "(PADSTACKS " + Repeat(count, [](int i) {
+                                                          return "(PADSTACK (PADSTACKNAME S" +
+                                                                 std::to_string(i) + ") (TOP (CON P" +
+                                                                 std::to_string(i) + ")))\n";
+                                                      }) + ")"));
+    CVEK_AsciiParser parser;
+    for (auto _ : state) {
+        std::unique_ptr<CVEKA_PadStackArray> stacks(parser.PadStackParser(tree->m_pRootLevels->GetAt(0)));
+        benchmark::DoNotOptimize(stacks.get());
+        state.PauseTiming();
+        stacks.reset();
+        state.ResumeTiming();
+    }
+    state.counters["ns/padstack"] = {static_cast<double>(state.iterations()) * count * 1e-9,
+                                     benchmark::Counter::kIsRate | benchmark::Counter::kInvert};
+}
+BENCHMARK(ParsePadStacks)->Name("padstacks")->Arg(50'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -16,7 +17,7 @@
 /// The toolkit's growable array, for plain elements such as numbers and pointers.
 ///
 /// Without a grow step the capacity grows by an eighth of the size, at least 4 and at most 1024
-/// elements. The block is resized in place where the allocator can, so that long arrays stay linear.
+/// elements.
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray : public CObject {
     static_assert(std::is_trivially_copyable_v<TYPE>, "elements are moved as bytes");
@@ -129,12 +130,21 @@ private:
         if (index < 0 || index >= m_nSize) AfxThrowInvalidArgException();
         return index;
     }
+    /// Elements that a block has room for, from its capacity. A long array's block is larger than its
+    /// capacity says: steps of 1024 elements, each a copy where the allocator cannot resize in place, would
+    /// not stay linear.
+    static INT_PTR Room(INT_PTR capacity) {
+        if (capacity <= 8192) return capacity;
+        return static_cast<INT_PTR>(std::bit_ceil(static_cast<size_t>(capacity)));
+    }
     void Reallocate(INT_PTR capacity) {
-        constexpr INT_PTR most = std::numeric_limits<INT_PTR>::max() / INT_PTR{sizeof(TYPE)};
+        constexpr INT_PTR most = std::numeric_limits<INT_PTR>::max() / 2 / INT_PTR{sizeof(TYPE)};
         if (capacity > most) throw std::bad_array_new_length();
-        void* block = std::realloc(m_pData, static_cast<size_t>(capacity) * sizeof(TYPE));
-        if (!block) throw std::bad_alloc();
-        m_pData = static_cast<TYPE*>(block);
+        if (!m_pData || Room(capacity) != Room(m_nMaxSize)) {
+            void* block = std::realloc(m_pData, static_cast<size_t>(Room(capacity)) * sizeof(TYPE));
+            if (!block) throw std::bad_alloc();
+            m_pData = static_cast<TYPE*>(block);
+        }
         m_nMaxSize = capacity;
     }
 };

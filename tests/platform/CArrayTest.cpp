@@ -38,6 +38,21 @@ TEST(CArray, GrowsByItsOwnStepWhereOneIsSet) {
     EXPECT_EQ(array.Capacity(), 20);
 }
 
+TEST(CArray, KeepsItsElementsThroughAllItsSizes) {
+    Opened array;
+    for (int i = 0; i < 70'000; ++i) array.Add(i);
+    for (int i = 0; i < 70'000; ++i) ASSERT_EQ(array[i], i);
+    array.SetSize(9'000);
+    array.FreeExtra();
+    EXPECT_EQ(array.Capacity(), 9'000);
+    array.SetSize(8'000);
+    array.FreeExtra();
+    array.SetAtGrow(40'000, 7);
+    EXPECT_EQ(array[7'999], 7'999);
+    EXPECT_EQ(array[8'000], 0);
+    EXPECT_EQ(array[40'000], 7);
+}
+
 TEST(CArray, FillsWithZeros) {
     CArrayN array;
     array.SetAtGrow(2, 7);
