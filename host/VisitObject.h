@@ -21,7 +21,7 @@ void VisitObject(const CVEKA_3DObject& object, Visitor&& visit) {
 /// The name of an object's class behind its "CVEKA_3DOJ_".
 inline const char* KindName(const CVEKA_3DObject& object) {
 #define VEKA_NAME(Level, Method, Class) \
-    if (typeid(object) == typeid(Class)) return #Class + sizeof("CVEKA_3DOJ_") - 1;
+    if (typeid(object) == typeid(Class)) return &#Class[sizeof("CVEKA_3DOJ_") - 1];
     VEKA_OBJECT_KINDS(VEKA_NAME)
     VEKA_NAME("", , CVEKA_3DOJ_METAKMASKSHAPE)
 #undef VEKA_NAME
