@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/Export.h"
+
+namespace veka {
+
+/// Length in bytes of the UTF-8 character at the front of a text; 0 where there is none.
+VEKA_API size_t Utf8Length(std::string_view text) noexcept;
+
+}  // namespace veka
