@@ -21,6 +21,12 @@ function(veka_folder target folder)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp
          ${PROJECT_SOURCE_DIR}/${folder}/*.h)
     list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    # A folder in it with a list file of its own is a target of its own.
+    file(GLOB others ${PROJECT_SOURCE_DIR}/${folder}/*/CMakeLists.txt)
+    foreach(other IN LISTS others)
+        cmake_path(GET other PARENT_PATH other)
+        list(FILTER sources EXCLUDE REGEX "^${other}/")
+    endforeach()
     set(include ${PROJECT_BINARY_DIR}/include/${target})
     file(MAKE_DIRECTORY ${include})
     file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${include}/${name} SYMBOLIC)

@@ -3,11 +3,12 @@
 namespace host {
 
 const char* const kUsage =
-    "usage: veka-host [FILE] [--library DIR] [--overwrite yes|no|ask] [--print [json]] [--step FILE] [--gltf "
-    "FILE]\n"
+    "usage: veka-host [FILE] [--library DIR] [--overwrite yes|no|ask] [--print [json]]\n"
+    "                 [--step FILE] [--gltf FILE] [--ui qt|console]\n"
     "\n"
     "Imports a part data file and stores the part in a library.\n"
-    "With FILE the import runs unattended; without, a dialog asks for file and directory.\n"
+    "With FILE the import runs unattended; without, a dialog asks for file and directory: in a window where\n"
+    "there is a display, on the terminal where there is none. The window imports one part after another.\n"
     "\n"
     "  --library DIR       directory that parts are stored in\n"
     "  --overwrite HOW     what to do about a part that is there already (ask)\n"
@@ -15,9 +16,27 @@ const char* const kUsage =
     "  --print json        print every record as JSON\n"
     "  --step FILE         write the solids of the packages as a STEP file; no library needed either\n"
     "  --gltf FILE         write them as a binary glTF file\n"
+    "  --ui qt|console     ask in windows or on the terminal, with FILE too\n"
     "  --help              show this text\n"
     "\n"
     "exit code: 0 imported, 1 refused by the user or a check, 2 wrong usage, 3 failed\n";
+
+namespace {
+
+/// The value that a word stands for.
+template <class Value>
+Value OneOf(const std::string& option, const std::string& word,
+            const std::vector<std::pair<const char*, Value>>& values) {
+    std::string words;
+    for (const auto& [name, value] : values) {
+        if (word == name) return value;
+        const bool last = name == values.back().first;
+        words += (words.empty() ? "" : last ? " or " : ", ") + std::string(name);
+    }
+    throw UsageError(option + " takes " + words + ", not \"" + word + "\"");
+}
+
+}  // namespace
 
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     CommandLine line;
@@ -50,21 +69,16 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
                 ++i;
             }
         } else if (argument == "--overwrite") {
-            const std::string how = value();
-            if (how == "yes")
-                line.overwrite = Overwrite::Yes;
-            else if (how == "no")
-                line.overwrite = Overwrite::No;
-            else if (how == "ask")
-                line.overwrite = Overwrite::Ask;
-            else
-                throw UsageError("--overwrite takes yes, no or ask, not \"" + how + "\"");
+            line.overwrite = OneOf<Overwrite>(
+                argument, value(), {{"yes", Overwrite::Yes}, {"no", Overwrite::No}, {"ask", Overwrite::Ask}});
+        } else if (argument == "--ui") {
+            line.windows =
+                OneOf<Windows>(argument, value(), {{"qt", Windows::Qt}, {"console", Windows::Console}});
         } else {
             throw UsageError("unknown option " + argument);
         }
     }
-    const bool shown = line.print != Print::Summary || !line.step.empty() || !line.gltf.empty();
-    if (!line.help && !line.file.empty() && line.library.empty() && !shown)
+    if (!line.help && !line.Attended() && line.library.empty() && !line.Shown())
         throw UsageError("--library DIR is needed with a file");
     return line;
 }

@@ -12,6 +12,13 @@ enum class Overwrite { Yes, No, Ask };
 /// What to show of an imported part.
 enum class Print { Summary, Outline, Json };
 
+/// How the program asks its user.
+enum class Windows {
+    Automatic,  ///< in windows where there is a display; with a file not at all
+    Qt,         ///< in windows
+    Console     ///< on the terminal
+};
+
 /// What the program was asked to do.
 struct CommandLine {
     bool help = false;
@@ -21,6 +28,12 @@ struct CommandLine {
     Print print = Print::Summary;
     std::string step;  ///< file to write the solids to; empty: none
     std::string gltf;
+    Windows windows = Windows::Automatic;
+
+    /// True if the dialog is to be shown, and not answered by the program itself.
+    bool Attended() const { return file.empty() || windows != Windows::Automatic; }
+    /// True if the part is to be shown or written, besides being stored.
+    bool Shown() const { return print != Print::Summary || !step.empty() || !gltf.empty(); }
 };
 
 /// A command line that cannot be understood.

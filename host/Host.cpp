@@ -2,32 +2,20 @@
 
 #include <ostream>
 
-#include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 #include "host/CommandLine.h"
+#include "host/Desktop.h"
+#include "host/Failure.h"
+#include "host/ImportedPart.h"
+#include "host/Installed.h"
 #include "host/Json.h"
 #include "host/Outline.h"
-#include "host/PartLibrary.h"
 #include "host/Solids.h"
 #include "host/UnattendedUserInterface.h"
-#include "platform/Paths.h"
 #include "platform/SBUtility.h"
 
 namespace host {
 
 namespace {
-
-/// Installs a user interface for as long as it lives.
-class Installed {
-public:
-    explicit Installed(veka::UserInterface& userInterface)
-        : m_former(veka::InstallUserInterface(&userInterface)) {}
-    ~Installed() { veka::InstallUserInterface(m_former); }
-    Installed(const Installed&) = delete;
-    Installed& operator=(const Installed&) = delete;
-
-private:
-    veka::UserInterface* m_former;
-};
 
 void Show(const CommandLine& line, const CVEKA_Manager& part, std::ostream& out, std::ostream& err) {
     switch (line.print) {
@@ -59,41 +47,50 @@ int ShowOnly(const CommandLine& line, std::ostream& out, std::ostream& err) {
     return kImported;
 }
 
-int Import(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err) {
-    veka::ConsoleUserInterface console(in, out);
-    UnattendedUserInterface unattended(in, out, err, line.overwrite);
-    const Installed installed(line.file.empty() ? console : unattended);
-    if (!line.file.empty() && line.library.empty()) return ShowOnly(line, out, err);
-
-    CVEK_AsciiFile_Import_Dlg dialog;
-    dialog.SetVEKAsciiFilePath(CString(line.file));
-    dialog.SetDefaultPartLibDir(CString(line.library));
-    if (dialog.DoModal() != IDOK) {
-        if (unattended.SaidNo()) err << "veka-host: the part is in the library already and was left alone\n";
-        return kRefused;
-    }
-
-    const CVEKA_Manager& part = *dialog.GetParser()->GetCVEKA_Manager();
-    const CString mpn = part.GetVEK()->GetPartGeneral()->GetMPN();
-    const CString file = dialog.GetVEKAsciiFilePath();
-    if (mpn.IsEmpty()) {
-        // Its place in the library would be the library itself.
-        err << "veka-host: \"" << file.View() << "\" holds no part with a part number, nothing was stored\n";
-        return kRefused;
-    }
-    Show(line, part, out, err);
-    const CString name = SBUtility::GetInstance().EncodeEntityCode(mpn);
-    PartLibrary(veka::ToPath(dialog.GetDefaultPartLibDir()))
-        .Store(std::string(name.View()), veka::ToPath(file));
+/// Imports one part through the dialog, which the installed user interface shows.
+int ImportOne(const CommandLine& line, std::ostream& out, std::ostream& err) {
+    const std::optional<ImportedPart> part = RunImportDialog(CString(line.file), CString(line.library));
+    if (!part) return kRefused;
+    RequirePartNumber(*part);
+    Show(line, part->Model(), out, err);
+    const CString name = Store(*part);
     if (line.print == Print::Summary)
-        out << "Stored as " << name.View() << " in " << dialog.GetDefaultPartLibDir().View() << '\n';
+        out << "Stored as " << name.View() << " in " << part->library.View() << '\n';
     return kImported;
+}
+
+int ImportUnattended(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err) {
+    UnattendedUserInterface unattended(in, out, err, line.overwrite);
+    const Installed installed(unattended);
+    if (line.library.empty()) return ShowOnly(line, out, err);
+    const int code = ImportOne(line, out, err);
+    if (unattended.SaidNo()) err << "veka-host: the part is in the library already and was left alone\n";
+    return code;
+}
+
+int ImportInWindows(const CommandLine& line, std::ostream& out, std::ostream& err, Desktop& desktop) {
+    const std::unique_ptr<veka::UserInterface> windows = desktop.MakeUserInterface();
+    const Installed installed(*windows);
+    return line.Shown() ? ImportOne(line, out, err) : desktop.RunApplication(line);
+}
+
+int Import(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err,
+           Desktop* desktop) {
+    if (!line.Attended()) return ImportUnattended(line, in, out, err);
+    if (line.windows != Windows::Console && desktop && desktop->HasDisplay())
+        return ImportInWindows(line, out, err, *desktop);
+    if (line.windows == Windows::Qt)
+        throw NoWindows(desktop ? "there is no display to show windows on"
+                                : "this program was built without Qt and has no windows");
+    veka::ConsoleUserInterface console(in, out);
+    const Installed installed(console);
+    return ImportOne(line, out, err);
 }
 
 }  // namespace
 
-int RunHost(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out,
-            std::ostream& err) {
+int RunHost(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err,
+            Desktop* desktop) {
     CommandLine line;
     try {
         line = ParseCommandLine(arguments);
@@ -101,20 +98,11 @@ int RunHost(const std::vector<std::string>& arguments, std::istream& in, std::os
             out << kUsage;
             return kImported;
         }
-        return Import(line, in, out, err);
-    } catch (const UsageError& error) {
-        err << "veka-host: " << error.what() << " (--help tells more)\n";
-        return kWrongUsage;
-    } catch (const StoreError& error) {
-        err << "veka-host: the part could not be stored: " << error.what() << '\n';
-        return kFailed;
-    } catch (const SolidsError& error) {
-        err << "veka-host: no solids were written: " << error.what() << '\n';
-        return kFailed;
-    } catch (const std::exception& error) {
-        err << "veka-host: " << (line.file.empty() ? "the file" : '"' + line.file + '"')
-            << " could not be imported: " << error.what() << '\n';
-        return kFailed;
+        return Import(line, in, out, err, desktop);
+    } catch (...) {
+        const Failure failure = CurrentFailure(line.file);
+        err << "veka-host: " << failure.sentence << '\n';
+        return failure.code;
     }
 }
 

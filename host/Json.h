@@ -4,11 +4,9 @@
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <type_traits>
 
 #include "host/Numbers.h"
-#include "host/VisitObject.h"
-#include "model/Record.h"
+#include "host/VisitValue.h"
 
 namespace host {
 
@@ -24,15 +22,38 @@ class Json {
 public:
     explicit Json(std::ostream& out) : m_out(out) {}
 
-    template <class Record>
-    void Write(const Record& record) {
+    template <class T>
+    void Write(const T& record) {
         Object(record, nullptr);
         m_out << '\n';
     }
 
+    template <class T>
+    void Number(T value) {
+        const bool finite = std::isfinite(static_cast<double>(value));
+        m_out << (finite ? Shortest(value) : '"' + Shortest(value) + '"');
+    }
+    void Text(const CString& value) { m_out << JsonString(value.View()); }
+    void Texts(const CStringArray& values) {
+        List(values, [&](const CString& text) { Text(text); });
+    }
+    template <class T>
+    void Record(const T& value) {
+        Object(value, nullptr);
+    }
+    template <class T>
+    void Array(const T& array) {
+        List(array, [&](const auto* element) {
+            if (!element)
+                m_out << "null";
+            else
+                VisitElement(*element, [&](const auto& record, const char* kind) { Object(record, kind); });
+        });
+    }
+
 private:
-    template <class Record>
-    void Object(const Record& record, const char* kind) {
+    template <class T>
+    void Object(const T& record, const char* kind) {
         m_out << '{';
         bool first = true;
         if (kind) {
@@ -42,38 +63,9 @@ private:
         veka::ForEachField(record, [&](const auto& description, const auto& field) {
             m_out << (first ? "" : ",") << JsonString(description.name) << ':';
             first = false;
-            Value(field);
+            VisitValue(*this, field);
         });
         m_out << '}';
-    }
-    template <class T>
-    void Value(const T& value) {
-        if constexpr (std::is_floating_point_v<T>) {
-            m_out << (std::isfinite(value) ? Shortest(value) : '"' + Shortest(value) + '"');
-        } else if constexpr (std::is_arithmetic_v<T>) {
-            m_out << Shortest(value);
-        } else if constexpr (std::is_same_v<T, CString>) {
-            m_out << JsonString(value.View());
-        } else if constexpr (std::is_same_v<T, CStringArray>) {
-            List(value, [&](const CString& text) { Value(text); });
-        } else if constexpr (requires { value.Names(); }) {
-            Value(value.Names());
-        } else if constexpr (requires { value.get(); }) {
-            Value(*value);
-        } else if constexpr (veka::IsArray<T>) {
-            List(value, [&](const auto* element) { Element(element); });
-        } else {
-            Object(value, nullptr);
-        }
-    }
-    template <class T>
-    void Element(const T* element) {
-        if (!element)
-            m_out << "null";
-        else if constexpr (std::is_same_v<T, CVEKA_3DObject>)
-            VisitObject(*element, [&](const auto& object) { Object(object, KindName(*element)); });
-        else
-            Object(*element, nullptr);
     }
     template <class Container, class Write>
     void List(const Container& container, Write write) {

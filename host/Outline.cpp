@@ -17,6 +17,12 @@ std::string Printable(std::string_view text) {
     return result;
 }
 
+std::string Printable(const CStringArray& texts) {
+    std::string result;
+    for (INT_PTR i = 0; i < texts.GetSize(); ++i) result += (i > 0 ? " | " : "") + Printable(texts[i].View());
+    return result;
+}
+
 void Outline::Heading(const std::string& text) {
     m_heading += std::string(m_indent, ' ') + text + "\n";
 }

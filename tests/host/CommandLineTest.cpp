@@ -41,6 +41,28 @@ TEST(CommandLine, WhatOnlyShowsNeedsNoLibrary) {
     EXPECT_EQ(ParseCommandLine({"f", "--gltf", "g"}).gltf, "g");
 }
 
+TEST(CommandLine, AUserInterfaceThatIsNamedAsksWithAFileToo) {
+    EXPECT_TRUE(ParseCommandLine({}).Attended());
+    EXPECT_FALSE(ParseCommandLine({"f", "--library", "l"}).Attended());
+    const host::CommandLine line = ParseCommandLine({"f", "--ui", "qt"});
+    EXPECT_EQ(line.windows, host::Windows::Qt);
+    EXPECT_TRUE(line.Attended()) << "and so needs no library";
+    EXPECT_EQ(ParseCommandLine({"--ui", "console"}).windows, host::Windows::Console);
+}
+
+TEST(CommandLine, AWrongWordIsAnsweredWithTheRightOnes) {
+    const auto sentence = [](std::vector<std::string> arguments) -> std::string {
+        try {
+            ParseCommandLine(arguments);
+        } catch (const UsageError& error) {
+            return error.what();
+        }
+        return "";
+    };
+    EXPECT_EQ(sentence({"--overwrite", "maybe"}), "--overwrite takes yes, no or ask, not \"maybe\"");
+    EXPECT_EQ(sentence({"--ui", "x"}), "--ui takes qt or console, not \"x\"");
+}
+
 TEST(CommandLine, RaisesWhatItCannotUnderstand) {
     EXPECT_THROW(ParseCommandLine({"f"}), UsageError);
     EXPECT_THROW(ParseCommandLine({""}), UsageError);

@@ -8,11 +8,33 @@
 #include <fstream>
 #include <sstream>
 
+#include "host/Desktop.h"
+#include "host/UnattendedUserInterface.h"
 #include "support/Files.h"
 
 namespace {
 
 using testing::HasSubstr;
+
+/// Windows that nobody sees, and an application that notes what it was started with.
+class FakeDesktop : public host::Desktop {
+public:
+    bool HasDisplay() override { return display; }
+    std::unique_ptr<veka::UserInterface> MakeUserInterface() override {
+        return std::make_unique<host::UnattendedUserInterface>(in, out, out, host::Overwrite::Yes);
+    }
+    int RunApplication(const host::CommandLine& line) override {
+        started = "application on \"" + line.file + "\"";
+        return host::kImported;
+    }
+
+    bool display = true;
+    std::string started;
+
+private:
+    std::istringstream in;
+    std::ostringstream out;
+};
 
 class HostTest : public testing::Test {
 protected:
@@ -20,11 +42,12 @@ protected:
         library = directory.Path() / "lib";
         std::filesystem::create_directory(library);
     }
-    int Run(std::vector<std::string> arguments, const std::string& input = "") {
+    int Run(std::vector<std::string> arguments, const std::string& input = "",
+            host::Desktop* desktop = nullptr) {
         std::istringstream in(input);
         out.str("");
         err.str("");
-        return host::RunHost(arguments, in, out, err);
+        return host::RunHost(arguments, in, out, err, desktop);
     }
     /// Imports a text unattended.
     int Import(std::string_view text, const std::string& overwrite = "ask", const std::string& input = "") {
@@ -171,6 +194,49 @@ TEST_F(HostTest, WithoutAFileTheDialogAsksOnTheTerminal) {
     EXPECT_TRUE(Stored("A"));
     EXPECT_EQ(Run({"--library", library}, std::string(file.View()) + "\n\nn\n"), 1) << "then the input ends";
     EXPECT_EQ(Run({}), 1);
+}
+
+TEST_F(HostTest, WithADisplayTheApplicationIsRun) {
+    FakeDesktop desktop;
+    EXPECT_EQ(Run({}, "", &desktop), 0);
+    EXPECT_EQ(desktop.started, "application on \"\"");
+    EXPECT_EQ(Run({"f", "--ui", "qt"}, "", &desktop), 0);
+    EXPECT_EQ(desktop.started, "application on \"f\"");
+}
+
+TEST_F(HostTest, WindowsThatAreToPrintEndWithTheDialog) {
+    FakeDesktop desktop;
+    const CString file = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A)))");
+    EXPECT_EQ(Run({file.GetString(), "--ui", "qt", "--library", library, "--print"}, "", &desktop), 0);
+    EXPECT_EQ(desktop.started, "");
+    EXPECT_THAT(out.str(), HasSubstr("MPN               A\n"));
+    EXPECT_TRUE(Stored("A"));
+}
+
+TEST_F(HostTest, WithoutADisplayTheTerminalAsks) {
+    FakeDesktop desktop;
+    desktop.display = false;
+    EXPECT_EQ(Run({}, "", &desktop), 1);
+    EXPECT_THAT(out.str(), HasSubstr("Import ASCII Part Data File"));
+    desktop.display = true;
+    EXPECT_EQ(Run({"--ui", "console"}, "", &desktop), 1);
+    EXPECT_THAT(out.str(), HasSubstr("Import ASCII Part Data File"));
+    EXPECT_EQ(desktop.started, "");
+}
+
+TEST_F(HostTest, WindowsThatCannotBeShownAreAFailure) {
+    FakeDesktop desktop;
+    desktop.display = false;
+    EXPECT_EQ(Run({"--ui", "qt"}, "", &desktop), 3);
+    EXPECT_EQ(err.str(), "veka-host: there is no display to show windows on\n");
+    EXPECT_EQ(Run({"--ui", "qt"}), 3);
+    EXPECT_EQ(err.str(), "veka-host: this program was built without Qt and has no windows\n");
+}
+
+TEST_F(HostTest, AnEmptyAnswerOnTheTerminalKeepsTheFileOfTheCommandLine) {
+    const CString file = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A)))");
+    EXPECT_EQ(Run({file.GetString(), "--ui", "console"}, "\n" + library.string() + "\n"), 0);
+    EXPECT_TRUE(Stored("A"));
 }
 
 TEST_F(HostTest, APartNumberCannotLeaveTheLibrary) {

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+
+#include "host/CommandLine.h"
+#include "platform/UserInterface.h"
+
+namespace host {
+
+/// Windows were asked for where there can be none.
+struct NoWindows : std::runtime_error {
+    using runtime_error::runtime_error;
+};
+
+/// The windows that a program was built with.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+    /// True if windows can be shown here and now.
+    virtual bool HasDisplay() = 0;
+    /// Starts the window system.
+    virtual std::unique_ptr<veka::UserInterface> MakeUserInterface() = 0;
+    /// Runs the application, in which parts are imported one after another, until the user closes it; returns
+    /// the exit code. The user interface is installed.
+    virtual int RunApplication(const CommandLine& line) = 0;
+};
+
+}  // namespace host

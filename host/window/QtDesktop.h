@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/Desktop.h"
+
+namespace host {
+
+/// Windows by Qt.
+class QtDesktop : public Desktop {
+public:
+    bool HasDisplay() override;
+    std::unique_ptr<veka::UserInterface> MakeUserInterface() override;
+    int RunApplication(const CommandLine& line) override;
+};
+
+}  // namespace host

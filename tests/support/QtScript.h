@@ -1,0 +1,103 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <functional>
+
+#include "host/Installed.h"
+#include "qt/QtUserInterface.h"
+
+namespace test {
+
+/// Operates modal windows as a user would, while they run: each step is done in the modal window that is open
+/// by then. A script that is stuck fails its test and closes what is open.
+class QtScript {
+public:
+    using Step = std::function<void(QWidget& window)>;
+
+    ~QtScript() { EXPECT_TRUE(m_steps.empty()) << m_steps.size() << " steps were not reached"; }
+
+    /// Adds a step; the first one starts the script.
+    QtScript& Then(Step step) {
+        m_steps.push_back(std::move(step));
+        if (m_steps.size() == 1) {
+            m_waited = 0;
+            Schedule();
+        }
+        return *this;
+    }
+    /// Clicks a button of the window that is open by then.
+    QtScript& Click(const char* button) {
+        return Then([button](QWidget& window) { Click(window, button); });
+    }
+
+    static void Click(QWidget& window, const char* button) {
+        QTest::mouseClick(Child<QWidget>(window, button), Qt::LeftButton);
+    }
+    /// Answers a message with one of its buttons.
+    static void Answer(QWidget& window, QMessageBox::StandardButton button) {
+        auto* box = qobject_cast<QMessageBox*>(&window);
+        if (!box) throw std::logic_error("no message box");
+        QTest::mouseClick(box->button(button), Qt::LeftButton);
+    }
+    /// A widget in a window by its name; it must be there.
+    template <class Widget>
+    static Widget* Child(QWidget& window, const char* name) {
+        auto* child = window.findChild<Widget*>(name);
+        if (!child) throw std::logic_error(std::string("no widget ") + name);
+        return child;
+    }
+
+private:
+    static constexpr int kPause = 15, kPatience = 5000;  // ms
+
+    void Schedule() {
+        QTimer::singleShot(kPause, &m_life, [this] { Next(); });
+    }
+    void Next() {
+        QWidget* window = QApplication::activeModalWidget();
+        if (!window) {
+            m_waited += kPause;
+            if (m_waited < kPatience) return Schedule();
+            ADD_FAILURE() << "no window came";
+            m_steps.clear();
+            return;
+        }
+        const Step step = std::move(m_steps.front());
+        m_steps.pop_front();
+        // The step may open a window of its own, in which the next step is done.
+        if (m_steps.empty())
+            QTimer::singleShot(kPatience, &m_life, [] { CloseAll(); });
+        else
+            Schedule();
+        step(*window);
+    }
+    static void CloseAll() {
+        while (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            ADD_FAILURE() << "a window was left open: " << dialog->windowTitle().toStdString();
+            dialog->done(0);
+            dialog->hide();
+        }
+    }
+
+    std::deque<Step> m_steps;
+    int m_waited = 0;
+    QObject m_life;  // timers end with it
+};
+
+/// Installs the Qt user interface for a test.
+class QtTest : public testing::Test {
+protected:
+    veka::QtUserInterface user;
+    host::Installed installed{user};
+    QtScript script;
+};
+
+}  // namespace test
