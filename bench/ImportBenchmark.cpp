@@ -2,9 +2,6 @@
 //   veka_bench FILE... [benchmark options]
 
 #include <benchmark/benchmark.h>
-#ifdef __linux__
-#include <malloc.h>
-#endif
 
 #include <filesystem>
 #include <fstream>
@@ -15,15 +12,11 @@
 #include <vector>
 
 #include "CountAllocations.h"
+#include "Levels.h"
+#include "Memory.h"
 #include "VEKAsciiDLL.h"
 
 namespace {
-
-std::int64_t CountLevels(const CECadClsLvlArray& levels) {
-    std::int64_t count = 0;
-    for (const CECadClsLvl* level : levels) count += 1 + CountLevels(*level->m_pChildren);
-    return count;
-}
 
 std::unique_ptr<CECadCls> ReadTree(const CString& path) {
     auto tree = std::make_unique<CECadCls>();
@@ -39,27 +32,13 @@ std::unique_ptr<CVEK_AsciiParser> Import(const CString& path) {
     return parser;
 }
 
-/// A memory figure of this process, in bytes; 0 where the system does not tell.
-double Memory(const char* name) {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-        double kilobytes = 0;
-        if (word == name && status >> kilobytes) return kilobytes * 1024;
-    }
-    return 0;
-}
-
 /// Peak memory that an operation takes beyond what was there before it.
 template <class Operation>
 double PeakMemory(Operation operation) {
-#ifdef __GLIBC__
-    malloc_trim(0);  // what earlier operations freed must not hide what this one takes
-#endif
-    std::ofstream("/proc/self/clear_refs") << "5";  // lets the peak begin anew
-    const double before = Memory("VmRSS:");
+    const double before = bench::ResetPeak();
     const auto result = operation();
     benchmark::DoNotOptimize(result.get());
-    return Memory("VmHWM:") - before;
+    return bench::Peak() - before;
 }
 
 /// Measures an operation from the file to its result; freeing the result is not part of it.
@@ -67,7 +46,7 @@ template <class Operation>
 void Measure(benchmark::State& state, const CString& path, Operation operation) {
     const double size = static_cast<double>(std::filesystem::file_size(path.GetString()));
     const double peak = PeakMemory([&] { return operation(path); });
-    const std::int64_t levels = CountLevels(*ReadTree(path)->m_pRootLevels);
+    const std::int64_t levels = bench::CountLevels(*ReadTree(path)->m_pRootLevels);
     for (auto _ : state) {
         auto result = operation(path);
         benchmark::DoNotOptimize(result.get());

@@ -3,7 +3,7 @@
 # Warnings, sanitizers and visibility for our own code.
 function(veka_compile_options target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
-                                             -ffp-contract=off -Werror)
+                                             -ffp-contract=off -fno-semantic-interposition -Werror)
     set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
                                                POSITION_INDEPENDENT_CODE ON)
     if(VEKA_SANITIZE)

@@ -2,25 +2,22 @@
 
 #include <array>
 #include <cstring>
-#include <memory>
+#include <limits>
+#include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "leveltree/Messages.h"
 #include "leveltree/QuoteLookAhead.h"
+#include "leveltree/Scan.h"
+#include "leveltree/Stack.h"
 #include "platform/AfxMessageBox.h"
 #include "platform/CStdioFile.h"
 
 namespace {
 
 constexpr unsigned kMaximumDepth = 20;
-
-/// Which bytes end a run of plain bytes outside a string.
-constexpr std::array<bool, 256> MakeSpecial() {
-    std::array<bool, 256> special{};
-    for (const char c : {'"', '\n', ' ', '(', ')'}) special[static_cast<unsigned char>(c)] = true;
-    return special;
-}
-constexpr std::array<bool, 256> kSpecial = MakeSpecial();
+static_assert(CStdioFile::kReadable >= veka::SpecialBytes::kBlock);
 
 bool IsHigh(char byte) {
     return static_cast<unsigned char>(byte) >= 0x80;
@@ -34,84 +31,168 @@ bool FollowsTrailByte(std::string_view line, size_t index) {
     return (index - 1 - run) % 2 == 1;
 }
 
+/// The text from `begin` to a line feed, without the carriage return directly before it.
+std::string_view WithoutLineEnd(const char* begin, const char* feed) {
+    if (feed != begin && feed[-1] == '\r') --feed;
+    return {begin, static_cast<size_t>(feed - begin)};
+}
+
 /// One read of a file: the state that lives from its first line to its last.
 class Reader {
 public:
-    Reader(CECadCls& tree, char previousByte) : m_tree(tree), m_previousByte(previousByte) {}
+    Reader(CECadCls& tree, char previousByte, veka::Pages& pages,
+           const std::function<void(CECadClsLvl*)>& take)
+        : m_tree(tree), m_pages(pages), m_take(take), m_previousByte(previousByte) {}
 
     int Read(CStdioFile& file);
 
 private:
-    bool ReadLine(std::string_view line);
-    size_t ReadInside(std::string_view line, size_t i);
-    size_t ReadOutside(std::string_view line, size_t i);
+    /// A level that has not been closed yet. What it holds stands on the stacks of values and children, above
+    /// what the levels around it hold.
+    struct OpenLevel {
+        CString name;
+        size_t values = 0;
+        size_t children = 0;
+    };
+
+    const char* ReadLine(const char* begin, veka::SpecialBytes& specials);
+    const char* ReadOutside(const char* begin, veka::SpecialBytes& specials);
+    const char* ReadInside(const char* begin);
+    const char* LineEnd(const char* text) const;
     bool IsSuspect(std::string_view line, size_t quote) const;
-    void Close(std::string_view lastBytes, bool opensLine);
+    void CloseString(std::string_view lastBytes, bool opensLine);
+    CString Keep(std::string_view text);
+    CString* NextToken();
     void Commit(std::string_view token);
-    bool OpenLevel(std::string_view token);
-    void CloseLevel(std::string_view token);
+    void CommitString(std::string_view text);
+    bool Open();
+    void Fail();
+    void Close();
 
     CECadCls& m_tree;
+    veka::Pages& m_pages;
+    const std::function<void(CECadClsLvl*)>& m_take;
     unsigned m_depth = 0;  // signed in meaning; unsigned, so that counting wraps
-    CECadClsLvl* m_current = nullptr;
-    std::array<std::unique_ptr<CECadClsLvl>, kMaximumDepth> m_open;  // slot k holds the level of depth k + 1
+    std::array<OpenLevel, kMaximumDepth> m_open;
+    OpenLevel* m_current = nullptr;
+    veka::Stack<CString> m_values;  // none has memory of its own
+    veka::Stack<CECadClsLvl*> m_children;
     bool m_inString = false;
     bool m_failed = false;
+    const char* m_end = nullptr;        // of the lines that are in memory
+    const char* m_lineBegin = nullptr;  // behind the white space
+    std::string_view m_line;            // from there on, once a string has stood in it
+    bool m_lookAheadOnLine = false;
     std::string m_earlierLines;  // of the string that runs over a line end
     char m_previousByte;         // the last but one byte of an earlier line
     veka::QuoteLookAhead m_lookAhead;
 };
 
 int Reader::Read(CStdioFile& file) {
-    unsigned lineCount = 0;
-    for (std::string_view line; file.ReadLine(line);) {
-        m_tree.m_nLineCount = static_cast<int>(++lineCount);
-        if (line.substr(0, 2) == "//") continue;
-        if (!ReadLine(line)) return -1;
-        if (m_tree.m_nLineCount != 1 && m_tree.m_bStopAtDepthZero && m_depth == 0) return 0;
+    for (std::string_view lines; file.ReadLines(lines);) {
+        const char* next = lines.data();
+        m_end = next + lines.size();
+        veka::SpecialBytes specials;
+        while (next != m_end) {
+            m_tree.m_nLineCount = static_cast<int>(static_cast<unsigned>(m_tree.m_nLineCount) + 1);
+            if (next[0] == '/' && next[1] == '/') {
+                next = LineEnd(next) + 1;
+                continue;
+            }
+            next = ReadLine(next, specials);
+            if (m_failed) return -1;
+            if (m_tree.m_nLineCount != 1 && m_tree.m_bStopAtDepthZero && m_depth == 0) return 0;
+        }
     }
     return m_depth == 0 ? 0 : -1;
 }
 
-/// Reads one line that is no comment; false after the brace error.
-bool Reader::ReadLine(std::string_view line) {
-    if (m_inString) {
+/// Reads one line that is no comment; returns the place behind it.
+inline const char* Reader::ReadLine(const char* begin, veka::SpecialBytes& specials) {
+    if (m_inString)
         m_earlierLines += '\n';
-    } else {
-        const size_t text = line.find_first_not_of(" \t\r\n\v\f");
-        line.remove_prefix(text == std::string_view::npos ? line.size() : text);
-    }
-    m_lookAhead.StartLine(line);
-    m_lookAhead.StartString(0);
-    for (size_t i = 0; i < line.size();) {
-        i = m_inString ? ReadInside(line, i) : ReadOutside(line, i);
-        if (m_failed) return false;
-    }
+    else
+        begin = veka::SkipWhiteSpace(begin);
+    m_lineBegin = begin;
+    m_line = {};
+    m_lookAheadOnLine = false;
+    const char* feed = begin;
+    do {
+        feed = m_inString ? ReadInside(feed) : ReadOutside(feed, specials);
+        if (m_failed) return nullptr;
+    } while (*feed != '\n');
+    const std::string_view line = WithoutLineEnd(m_lineBegin, feed);
     if (line.size() > 1) m_previousByte = line[line.size() - 2];
-    return true;
+    return feed + 1;
 }
 
-/// Reads on inside a string that began or continued at `begin`; returns the index behind what was read.
-size_t Reader::ReadInside(std::string_view line, size_t begin) {
-    for (size_t i = begin;; ++i) {
-        const void* found = std::memchr(line.data() + i, '"', line.size() - i);
-        if (!found) {
-            m_earlierLines += line.substr(begin);
-            return line.size();
-        }
-        i = static_cast<size_t>(static_cast<const char*>(found) - line.data());
-        if (!IsSuspect(line, i)) {
-            Close(line.substr(begin, i - begin), i == 0);
-            return i + 1;
-        }
-        if (m_lookAhead.EndsAt(i)) {
-            m_earlierLines += line.substr(begin, i - begin);
-            Commit(m_earlierLines);
-            m_earlierLines.clear();
-            m_inString = false;
-            return i + 1;
+/// Reads tokens up to the end of the line, which is returned, or to an opening quote; then the place behind
+/// it is.
+inline const char* Reader::ReadOutside(const char* begin, veka::SpecialBytes& specials) {
+    for (;;) {
+        // Most levels open a line.
+        const char* end = *begin == '(' ? begin : specials.Find(begin);
+        // A quote behind a backslash belongs to the token.
+        while (*end == '"' && end != begin && end[-1] == '\\') end = specials.Find(end + 1);
+        const std::string_view token(begin, static_cast<size_t>(end - begin));
+        begin = end + 1;
+        switch (*end) {
+            case '"':
+                m_inString = true;  // and a token directly before it is thrown away
+                return begin;
+            case ' ':
+                Commit(token);
+                continue;
+            case '(':
+                Commit(token);
+                if (!Open()) return end;
+                continue;
+            case ')':
+                Commit(token);
+                Close();
+                continue;
+            default:
+                // The token is over with its line: nothing that a caller can see happens before the next one.
+                Commit(WithoutLineEnd(token.data(), end));
+                return end;
         }
     }
+}
+
+/// Reads on inside a string that began or continued at `begin`; returns the place behind its end, or the end
+/// of the line.
+const char* Reader::ReadInside(const char* begin) {
+    if (!m_line.data()) m_line = WithoutLineEnd(m_lineBegin, LineEnd(begin));
+    const std::string_view line = m_line;
+    const auto first = static_cast<size_t>(begin - line.data());
+    bool asked = false;
+    for (size_t i = first;; ++i) {
+        i = line.find('"', i);
+        if (i == std::string_view::npos) {
+            m_earlierLines += line.substr(first);
+            const char* end = line.data() + line.size();
+            return *end == '\n' ? end : end + 1;
+        }
+        if (!IsSuspect(line, i)) {
+            CloseString(line.substr(first, i - first), i == 0);
+            return line.data() + i + 1;
+        }
+        if (!m_lookAheadOnLine) m_lookAhead.StartLine(line);
+        if (!asked) m_lookAhead.StartString(first);
+        asked = m_lookAheadOnLine = true;
+        if (m_lookAhead.EndsAt(i)) {
+            m_earlierLines += line.substr(first, i - first);
+            m_inString = false;
+            CommitString(m_earlierLines);
+            m_earlierLines.clear();
+            return line.data() + i + 1;
+        }
+    }
+}
+
+/// The next line feed.
+const char* Reader::LineEnd(const char* text) const {
+    return static_cast<const char*>(std::memchr(text, '\n', static_cast<size_t>(m_end - text)));
 }
 
 /// True if the quote may be an escaped one: a backslash stands before it that is a character of its own.
@@ -123,83 +204,96 @@ bool Reader::IsSuspect(std::string_view line, size_t quote) const {
 
 /// Ends a string at a plain quote. A blank marks the empty string, and is put behind the text of a string
 /// whose closing quote opens its line, too.
-void Reader::Close(std::string_view lastBytes, bool opensLine) {
+void Reader::CloseString(std::string_view lastBytes, bool opensLine) {
     m_inString = false;
     if (m_earlierLines.empty()) {
-        Commit(lastBytes.empty() ? " " : lastBytes);
+        CommitString(lastBytes.empty() ? " " : lastBytes);
         return;
     }
     m_earlierLines += lastBytes;
     if (opensLine) m_earlierLines += ' ';
-    Commit(m_earlierLines);
+    CommitString(m_earlierLines);
     m_earlierLines.clear();
 }
 
-/// Reads one token outside a string, and the byte that ends it; returns the index behind what was read.
-size_t Reader::ReadOutside(std::string_view line, size_t begin) {
-    for (size_t i = begin;; ++i) {
-        while (i < line.size() && !kSpecial[static_cast<unsigned char>(line[i])]) ++i;
-        const std::string_view token = line.substr(begin, i - begin);
-        if (i == line.size()) {
-            // The token is over with its line: nothing that a caller can see happens before the next one.
-            Commit(token);
-            return i;
-        }
-        switch (line[i]) {
-            case '"':
-                if (!token.empty() && token.back() == '\\') continue;  // the quote belongs to the token
-                m_inString = true;  // and a token directly before it is thrown away
-                m_lookAhead.StartString(i + 1);
-                return i + 1;
-            case ' ':
-                Commit(token);
-                return i + 1;
-            case '(':
-                m_failed = !OpenLevel(token);
-                return i + 1;
-            case ')':
-                CloseLevel(token);
-                return i + 1;
-            default:
-                return i + 1;
-        }
-    }
+/// A string of a text, whose memory is the pages' where it needs some.
+CString Reader::Keep(std::string_view text) {
+    if (text.size() <= CString::kMaximumInside) return CString(text);
+    if (text.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
+        throw std::length_error("a token of more than 2^31 - 1 bytes");
+    char* copy = m_pages.Take<char>(text.size() + 1);
+    std::memcpy(copy, text.data(), text.size());
+    copy[text.size()] = '\0';
+    return CString::Borrow({copy, text.size()});
 }
 
-/// Gives the current level a token: its name first, then its values.
-void Reader::Commit(std::string_view token) {
-    if (token.empty() || !m_current) return;
-    if (m_current->m_strName.IsEmpty())
-        m_current->m_strName = CString(token);
+/// The place of the next token: the current level's name, and once it has one its next value. Null outside
+/// every level.
+inline CString* Reader::NextToken() {
+    if (!m_current) return nullptr;
+    if (m_current->name.IsEmpty()) return &m_current->name;
+    CString* value = new (m_values.Push()) CString;
+    ++m_current->values;
+    return value;
+}
+
+/// Gives the current level a token from outside a string; an empty one is none.
+inline void Reader::Commit(std::string_view token) {
+    if (token.empty()) return;
+    CString* place = NextToken();
+    if (!place) return;
+    if (token.size() <= CString::kMaximumInside)
+        new (place) CString(CString::Inside(token.data(), token.size()));
     else
-        m_current->m_aValues.Add(token == " " ? CString() : CString(token));
+        new (place) CString(Keep(token));
 }
 
-/// Opens a level behind a token of the enclosing one; false after the brace error.
-bool Reader::OpenLevel(std::string_view token) {
-    const unsigned slot = m_depth++;
-    if (slot >= kMaximumDepth) {
-        CString text;
-        text.Format(veka::messages::kUnexpectedBrace, static_cast<int>(m_depth), m_tree.m_nLineCount);
-        AfxMessageBox(text);
+/// Gives the current level a string, which is not empty: a single blank stands for the empty one, but in a
+/// name.
+void Reader::CommitString(std::string_view text) {
+    CString* place = NextToken();
+    if (!place) return;
+    const bool value = place != &m_current->name;
+    new (place) CString(value && text == " " ? CString() : Keep(text));
+}
+
+/// Opens a level; false after the brace error.
+inline bool Reader::Open() {
+    if (m_depth >= kMaximumDepth) {
+        Fail();
         return false;
     }
-    Commit(token);
-    m_open[slot] = std::make_unique<CECadClsLvl>();
-    m_current = m_open[slot].get();
-    m_current->m_nDepth = static_cast<int>(m_depth);
+    m_current = &m_open[m_depth++];
+    m_current->values = m_current->children = 0;
     return true;
 }
 
-/// Closes the current level behind its last token, which puts it into the tree.
-void Reader::CloseLevel(std::string_view token) {
-    --m_depth;
-    Commit(token);
-    if (m_depth >= kMaximumDepth || !m_open[m_depth]) return;  // a stray parenthesis
-    CECadClsLvl* parent = m_depth == 0 ? nullptr : m_open[m_depth - 1].get();
-    CECadClsLvlArray& siblings = parent ? *parent->m_pChildren : *m_tree.m_pRootLevels;
-    siblings.Add(std::move(m_open[m_depth]));
-    m_current = parent;
+/// Too many levels are open, or a stray parenthesis has closed one too many.
+void Reader::Fail() {
+    m_failed = true;
+    ++m_depth;
+    CString text;
+    text.Format(veka::messages::kUnexpectedBrace, static_cast<int>(m_depth), m_tree.m_nLineCount);
+    AfxMessageBox(text);
+}
+
+/// Closes the current level, which puts it into the tree.
+inline void Reader::Close() {
+    const unsigned slot = --m_depth;
+    if (slot >= kMaximumDepth) return;  // a stray parenthesis
+    OpenLevel& open = *m_current;
+    CECadClsLvl* level = CECadClsLvl::Make(m_pages, static_cast<int>(slot) + 1, std::move(open.name),
+                                           m_values.Last(open.values), m_children.Last(open.children));
+    m_values.Pop(open.values);
+    m_children.Pop(open.children);
+    if (slot == 0) {
+        m_current = nullptr;
+        m_take(level);
+    } else {
+        m_current = &open - 1;
+        *m_children.Push() = level;
+        ++m_current->children;
+    }
 }
 
 }  // namespace
@@ -208,8 +302,19 @@ CECadCls::CECadCls() = default;
 CECadCls::~CECadCls() = default;
 
 int CECadCls::ReadLevelTree(int nReserved) {
+    return Read(nReserved, [this](CECadClsLvl* level) { m_pRootLevels->Add(level); });
+}
+
+int CECadCls::ReadTopLevels(int nReserved, const std::function<void(CECadClsLvl*)>& take) {
+    return Read(nReserved, [&](CECadClsLvl* level) {
+        take(level);
+        m_pages.Reset();
+    });
+}
+
+int CECadCls::Read(int nReserved, const std::function<void(CECadClsLvl*)>& take) {
     m_nLineCount = 0;
     CStdioFile file;
     if (!file.Open(m_strFilePath)) return 0;
-    return Reader(*this, static_cast<char>(nReserved)).Read(file);
+    return Reader(*this, static_cast<char>(nReserved), m_pages, take).Read(file);
 }

@@ -117,7 +117,6 @@ public:
 #undef VEKA_DECLARE
 
 private:
-    void ParseSection(CECadClsLvl* level);
     void ReadRLC(CECadClsLvl* level, CVEKA_RLC& rlc);
     void ReadPacking(CECadClsLvl* level, CVEKA_Packing& packing);
     void ReadBodySize(CECadClsLvl* level, CVEKA_BodySize& size);

@@ -18,13 +18,17 @@
 ///
 /// Without a grow step the capacity grows by an eighth of the size, at least 4 and at most 1024
 /// elements.
+///
+/// An array may be a view of elements that live elsewhere: it cannot be resized, but to 0.
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray : public CObject {
     static_assert(std::is_trivially_copyable_v<TYPE>, "elements are moved as bytes");
 
 public:
     CArray() = default;
-    ~CArray() override { std::free(m_pData); }
+    ~CArray() override {
+        if (!IsView()) std::free(m_pData);
+    }
 
     INT_PTR GetSize() const noexcept { return m_nSize; }
     INT_PTR GetCount() const noexcept { return m_nSize; }
@@ -37,8 +41,10 @@ public:
         if (size < 0) AfxThrowInvalidArgException();
         if (growBy >= 0) m_nGrowBy = growBy;
         if (size == 0) {
+            m_nSize = 0;
+            if (IsView()) return;
             std::free(std::exchange(m_pData, nullptr));
-            m_nSize = m_nMaxSize = 0;
+            m_nMaxSize = 0;
             return;
         }
         if (size > m_nMaxSize) Reallocate(std::max(size, m_nMaxSize + GrowStep()));
@@ -103,7 +109,7 @@ public:
         return &runtimeClass;
     }
     void AssertValid() const override {
-        if (m_nSize < 0 || m_nSize > m_nMaxSize || (m_nMaxSize > 0) != (m_pData != nullptr))
+        if (m_nSize < 0 || (!IsView() && m_nSize > m_nMaxSize) || (m_nSize > 0 && !m_pData))
             AfxThrowInvalidArgException();
     }
     void Dump(std::ostream& out) const override {
@@ -118,6 +124,11 @@ protected:
         std::swap(m_nMaxSize, other.m_nMaxSize);
         std::swap(m_nGrowBy, other.m_nGrowBy);
     }
+    /// Shows elements which live as long as the array, in an array that is empty.
+    void Show(TYPE* elements, INT_PTR count) noexcept {
+        m_pData = elements;
+        m_nSize = count;
+    }
 
     TYPE* m_pData = nullptr;
     INT_PTR m_nSize = 0;
@@ -125,6 +136,9 @@ protected:
     INT_PTR m_nGrowBy = 0;
 
 private:
+    /// True for elements that live elsewhere: they have no capacity.
+    bool IsView() const noexcept { return m_pData && m_nMaxSize == 0; }
+
     INT_PTR GrowStep() const { return m_nGrowBy > 0 ? m_nGrowBy : std::clamp<INT_PTR>(m_nSize / 8, 4, 1024); }
     INT_PTR Checked(INT_PTR index) const {
         if (index < 0 || index >= m_nSize) AfxThrowInvalidArgException();
@@ -138,6 +152,7 @@ private:
         return static_cast<INT_PTR>(std::bit_ceil(static_cast<size_t>(capacity)));
     }
     void Reallocate(INT_PTR capacity) {
+        if (IsView()) AfxThrowInvalidArgException();
         constexpr INT_PTR most = std::numeric_limits<INT_PTR>::max() / 2 / INT_PTR{sizeof(TYPE)};
         if (capacity > most) throw std::bad_array_new_length();
         if (!m_pData || Room(capacity) != Room(m_nMaxSize)) {

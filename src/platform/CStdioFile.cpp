@@ -52,9 +52,9 @@ bool CStdioFile::ReadString(CString& line) {
 bool CStdioFile::ReadLine(std::string_view& line) {
     size_t searched = m_begin;
     for (;;) {
-        const char* start = m_buffer.data() + m_begin;
+        const char* start = m_buffer.get() + m_begin;
         const void* found =
-            searched < m_end ? std::memchr(m_buffer.data() + searched, '\n', m_end - searched) : nullptr;
+            searched < m_end ? std::memchr(m_buffer.get() + searched, '\n', m_end - searched) : nullptr;
         if (found) {
             size_t length = static_cast<size_t>(static_cast<const char*>(found) - start);
             m_begin += length + 1;
@@ -74,17 +74,48 @@ bool CStdioFile::ReadLine(std::string_view& line) {
     }
 }
 
+bool CStdioFile::ReadLines(std::string_view& lines) {
+    size_t searched = m_begin;
+    for (;;) {
+        const std::string_view fresh(m_buffer.get() + searched, m_end - searched);
+        const size_t last = fresh.rfind('\n');
+        if (last != std::string_view::npos) {
+            const size_t end = searched + last + 1;
+            lines = {m_buffer.get() + m_begin, end - m_begin};
+            m_begin = end;
+            return true;
+        }
+        const size_t unsearched = m_end - m_begin;
+        if (m_atEnd) {
+            if (unsearched == 0) return false;
+            if (m_size - m_end < 2) Resize(m_end + 2);
+            m_buffer[m_end++] = '\r';
+            m_buffer[m_end++] = '\n';
+        } else {
+            ReadBlock();
+        }
+        searched = m_begin + unsearched;
+    }
+}
+
 void CStdioFile::ReadBlock() {
     // The begun line goes to the front; the buffer doubles when one line fills it.
-    std::copy(m_buffer.begin() + static_cast<std::ptrdiff_t>(m_begin),
-              m_buffer.begin() + static_cast<std::ptrdiff_t>(m_end), m_buffer.begin());
+    std::copy(m_buffer.get() + m_begin, m_buffer.get() + m_end, m_buffer.get());
     m_end -= m_begin;
     m_begin = 0;
-    if (m_buffer.size() - m_end < kBlock) m_buffer.resize(std::max(m_buffer.size() * 2, kBlock));
-    const size_t count = std::fread(m_buffer.data() + m_end, 1, m_buffer.size() - m_end, m_file.get());
+    if (m_size - m_end < kBlock / 2) Resize(std::max(m_size * 2, kBlock));
+    const size_t count = std::fread(m_buffer.get() + m_end, 1, m_size - m_end, m_file.get());
     m_end += count;
     if (count == 0) {
         if (std::ferror(m_file.get())) throw CFileException("The file \"" + m_path + "\" cannot be read.");
         m_atEnd = true;
     }
+}
+
+void CStdioFile::Resize(size_t size) {
+    auto buffer = std::make_unique_for_overwrite<char[]>(size + kReadable);
+    std::copy_n(m_buffer.get(), m_end, buffer.get());
+    std::fill_n(buffer.get() + size, kReadable, '\0');
+    m_buffer = std::move(buffer);
+    m_size = size;
 }

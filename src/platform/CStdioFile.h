@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 #include "platform/CString.h"
 #include "platform/Export.h"
@@ -24,17 +23,28 @@ public:
     bool ReadString(CString& line);
     /// As `ReadString`, without a copy: the bytes are valid until the next line is read.
     bool ReadLine(std::string_view& line);
+    /// Reads lines at once, as many as stand in the buffer: for a reader that finds the line ends itself.
+    /// Each ends with its line feed, and a carriage return before that is still there. Where the last line of
+    /// the file has no line feed, a carriage return and a line feed are put behind it, so that a carriage
+    /// return of its own stays a part of it. Behind the lines `kReadable` bytes can be read. The bytes are
+    /// valid until the next lines are read.
+    bool ReadLines(std::string_view& lines);
+
+    static constexpr size_t kReadable = 64;
 
 private:
     struct Closer {
         void operator()(std::FILE* file) const noexcept { std::fclose(file); }
     };
 
+    /// Reads on into the buffer, behind what has not been handed out yet; notes the end of the file.
     void ReadBlock();
+    void Resize(size_t size);
 
     std::unique_ptr<std::FILE, Closer> m_file;
     CString m_path;
-    std::vector<char> m_buffer;
+    std::unique_ptr<char[]> m_buffer;
+    size_t m_size = 0;   // of the buffer, without the bytes that are only readable
     size_t m_begin = 0;  // of what has not been handed out yet
     size_t m_end = 0;
     bool m_atEnd = true;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <limits>
+#include <stdexcept>
 
 #include "platform/Exceptions.h"
 
@@ -14,6 +16,10 @@ char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+char Upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
 size_t Clamp(int value, size_t limit) {
     return value < 0 ? 0 : std::min(static_cast<size_t>(value), limit);
 }
@@ -22,105 +28,174 @@ int Position(size_t found) {
     return found == std::string::npos ? -1 : static_cast<int>(found);
 }
 
+// A block of memory begins with its capacity.
+constexpr size_t kHeader = sizeof(size_t);
+
 }  // namespace
 
+CString::CString(char byte, int repeat) {
+    const size_t length = repeat > 0 ? static_cast<size_t>(repeat) : 0;
+    std::memset(Make(length), byte, length);
+}
+
+char* CString::MakeOutside(size_t length, size_t capacity) {
+    if (length > static_cast<size_t>(std::numeric_limits<int>::max()))
+        throw std::length_error("a text of more than 2^31 - 1 bytes");
+    char* block = static_cast<char*>(::operator new(kHeader + capacity + 1));
+    std::memcpy(block, &capacity, sizeof capacity);
+    char* text = block + kHeader;
+    text[length] = '\0';
+    Set(text, length, kOwned);
+    return text;
+}
+
+void CString::FreeOutside() noexcept {
+    ::operator delete(Pointer() - kHeader);
+}
+
+size_t CString::Capacity() const noexcept {
+    if (Where() <= kMaximumInside) return kMaximumInside;
+    if (Where() == kBorrowed) return 0;
+    size_t capacity;
+    std::memcpy(&capacity, Pointer() - kHeader, sizeof capacity);
+    return capacity;
+}
+
+char* CString::Writable() {
+    if (Where() == kBorrowed) *this = CString(View());
+    return Where() <= kMaximumInside ? m_bytes : Pointer();
+}
+
 char CString::GetAt(int index) const {
-    if (index < 0 || static_cast<size_t>(index) >= m_text.size()) AfxThrowInvalidArgException();
-    return m_text[static_cast<size_t>(index)];
+    const std::string_view text = View();
+    if (index < 0 || static_cast<size_t>(index) >= text.size()) AfxThrowInvalidArgException();
+    return text[static_cast<size_t>(index)];
 }
 
 void CString::SetAt(int index, char byte) {
-    if (index < 0 || static_cast<size_t>(index) >= m_text.size()) AfxThrowInvalidArgException();
-    m_text[static_cast<size_t>(index)] = byte;
+    if (index < 0 || index >= GetLength()) AfxThrowInvalidArgException();
+    Writable()[index] = byte;
 }
 
 CString CString::Left(int count) const {
-    return CString(View().substr(0, Clamp(count, m_text.size())));
+    return CString(View().substr(0, Clamp(count, View().size())));
 }
 
 CString CString::Right(int count) const {
-    return CString(View().substr(m_text.size() - Clamp(count, m_text.size())));
+    return CString(View().substr(View().size() - Clamp(count, View().size())));
 }
 
 CString CString::Mid(int first, int count) const {
-    return CString(View().substr(Clamp(first, m_text.size()), Clamp(count, m_text.size())));
+    return CString(View().substr(Clamp(first, View().size()), Clamp(count, View().size())));
 }
 
 CString CString::Mid(int first) const {
-    return CString(View().substr(Clamp(first, m_text.size())));
+    return CString(View().substr(Clamp(first, View().size())));
 }
 
 int CString::Find(std::string_view text, int start) const noexcept {
-    return start < 0 ? -1 : Position(m_text.find(text, static_cast<size_t>(start)));
+    return start < 0 ? -1 : Position(View().find(text, static_cast<size_t>(start)));
 }
 
 int CString::ReverseFind(char byte) const noexcept {
-    return Position(m_text.rfind(byte));
+    return Position(View().rfind(byte));
 }
 
 int CString::FindOneOf(const char* bytes) const noexcept {
-    return bytes ? Position(m_text.find_first_of(bytes)) : -1;
+    return bytes ? Position(View().find_first_of(bytes)) : -1;
+}
+
+CString& CString::operator+=(std::string_view bytes) {
+    const size_t old = View().size(), length = old + bytes.size();
+    if (length > Capacity()) {
+        // The bytes may be this string's own, so the old text is freed last.
+        CString longer;
+        char* text = longer.MakeOutside(length, std::max(length, 2 * old));
+        std::memcpy(text, View().data(), old);
+        std::memcpy(text + old, bytes.data(), bytes.size());
+        return *this = std::move(longer);
+    }
+    char* text = Writable();
+    std::memmove(text + old, bytes.data(), bytes.size());
+    if (Where() <= kMaximumInside)
+        m_bytes[15] = static_cast<char>(length);
+    else
+        Set(text, length, kOwned);
+    text[length] = '\0';
+    return *this;
 }
 
 int CString::Delete(int index, int count) {
-    m_text.erase(Clamp(index, m_text.size()), Clamp(count, m_text.size()));
+    std::string text(View());
+    text.erase(Clamp(index, text.size()), Clamp(count, text.size()));
+    *this = CString(text);
     return GetLength();
 }
 
-int CString::Insert(int index, const CString& text) {
-    m_text.insert(Clamp(index, m_text.size()), text.m_text);
+int CString::Insert(int index, const CString& other) {
+    std::string text(View());
+    text.insert(Clamp(index, text.size()), other.View());
+    *this = CString(text);
     return GetLength();
 }
 
 int CString::Replace(const CString& from, const CString& to) {
     if (from.IsEmpty()) return 0;
+    const std::string_view text = View();
     std::string result;
     int count = 0;
     size_t start = 0;
-    for (size_t at; (at = m_text.find(from.m_text, start)) != std::string::npos; ++count) {
-        result.append(m_text, start, at - start).append(to.m_text);
-        start = at + from.m_text.size();
+    for (size_t at; (at = text.find(from.View(), start)) != std::string::npos; ++count) {
+        result.append(text, start, at - start).append(to.View());
+        start = at + from.View().size();
     }
     if (count == 0) return 0;
-    result.append(m_text, start);
-    m_text = std::move(result);
+    result.append(text, start);
+    *this = CString(result);
     return count;
 }
 
 int CString::Remove(char byte) {
-    return static_cast<int>(std::erase(m_text, byte));
+    std::string text(View());
+    const auto count = static_cast<int>(std::erase(text, byte));
+    if (count > 0) *this = CString(text);
+    return count;
 }
 
 CString& CString::TrimLeft() {
-    m_text.erase(0, m_text.find_first_not_of(kWhiteSpace));
+    const size_t first = View().find_first_not_of(kWhiteSpace);
+    if (first != 0) *this = CString(View().substr(std::min(first, View().size())));
     return *this;
 }
 
 CString& CString::TrimRight() {
-    m_text.erase(m_text.find_last_not_of(kWhiteSpace) + 1);
+    const size_t length = View().find_last_not_of(kWhiteSpace) + 1;
+    if (length != View().size()) *this = CString(View().substr(0, length));
     return *this;
 }
 
-CString& CString::MakeUpper() noexcept {
-    for (char& c : m_text)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+CString& CString::MakeUpper() {
+    char* text = Writable();
+    std::transform(text, text + GetLength(), text, Upper);
     return *this;
 }
 
-CString& CString::MakeLower() noexcept {
-    for (char& c : m_text) c = Lower(c);
+CString& CString::MakeLower() {
+    char* text = Writable();
+    std::transform(text, text + GetLength(), text, Lower);
     return *this;
 }
 
 int CString::CompareNoCase(const CString& other) const noexcept {
-    const size_t common = std::min(m_text.size(), other.m_text.size());
+    const std::string_view one = View(), two = other.View();
+    const size_t common = std::min(one.size(), two.size());
     for (size_t i = 0; i < common; ++i) {
-        const auto a = static_cast<unsigned char>(Lower(m_text[i]));
-        const auto b = static_cast<unsigned char>(Lower(other.m_text[i]));
+        const auto a = static_cast<unsigned char>(Lower(one[i]));
+        const auto b = static_cast<unsigned char>(Lower(two[i]));
         if (a != b) return a < b ? -1 : 1;
     }
-    if (m_text.size() == other.m_text.size()) return 0;
-    return m_text.size() < other.m_text.size() ? -1 : 1;
+    if (one.size() == two.size()) return 0;
+    return one.size() < two.size() ? -1 : 1;
 }
 
 void CString::Format(const char* format, ...) {
@@ -133,5 +208,5 @@ void CString::Format(const char* format, ...) {
     std::string text(length > 0 ? static_cast<size_t>(length) : 0, '\0');
     if (length > 0) std::vsnprintf(text.data(), text.size() + 1, format, again);
     va_end(again);
-    m_text = std::move(text);
+    *this = CString(text);
 }

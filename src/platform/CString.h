@@ -1,5 +1,9 @@
 #pragma once
 
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -9,30 +13,88 @@
 /// Byte string without an encoding; any byte may stand in it, a zero byte too.
 ///
 /// Positions and counts are ints, as in the toolkit. A position or count outside the string is clamped
-/// to it; only `GetAt` and `SetAt` raise `CInvalidArgException`.
+/// to it; only `GetAt` and `SetAt` raise `CInvalidArgException`. A text of more than 2^31 - 1 bytes raises
+/// `std::length_error`.
+///
+/// It takes 16 bytes: records hold many, most of them short or empty. Up to 14 bytes of text stand in the
+/// object itself; the last byte tells where a text is.
 class VEKA_API CString {
 public:
     CString() noexcept = default;
     /// Copies a zero-terminated text; a null pointer gives the empty string.
-    CString(const char* text) : m_text(text ? text : "") {}
+    CString(const char* text) : CString(text ? std::string_view(text) : std::string_view()) {}
     /// Copies `length` bytes; a negative length counts as 0.
     CString(const char* bytes, int length)
-        : m_text(bytes, bytes && length > 0 ? static_cast<size_t>(length) : 0) {}
+        : CString(bytes && length > 0 ? std::string_view(bytes, static_cast<size_t>(length))
+                                      : std::string_view()) {}
     /// One byte, repeated; a negative count counts as 0.
-    explicit CString(char byte, int repeat = 1)
-        : m_text(repeat > 0 ? static_cast<size_t>(repeat) : 0, byte) {}
-    explicit CString(std::string_view bytes) : m_text(bytes) {}
-    explicit CString(std::string bytes) noexcept : m_text(std::move(bytes)) {}
+    explicit CString(char byte, int repeat = 1);
+    explicit CString(std::string_view bytes) { Copy(bytes); }
+    explicit CString(const std::string& bytes) : CString(std::string_view(bytes)) {}
+    CString(const CString& other) {
+        if (other.Where() <= kMaximumInside)
+            std::memcpy(m_bytes, other.m_bytes, sizeof m_bytes);
+        else
+            Copy(other.View());
+    }
+    /// A borrowed text stays borrowed, unlike in a copy.
+    CString(CString&& other) noexcept { Take(other); }
+    ~CString() { Free(); }
+    CString& operator=(const CString& other) {
+        if (this == &other) return *this;
+        if (other.Where() > kMaximumInside) return *this = CString(other);
+        Free();
+        std::memcpy(m_bytes, other.m_bytes, sizeof m_bytes);
+        return *this;
+    }
+    CString& operator=(CString&& other) noexcept {
+        if (this == &other) return *this;
+        Free();
+        Take(other);
+        return *this;
+    }
+
+    /// A string of a text that lives elsewhere, as long as the string, with a zero byte behind it.
+    /// A short text is copied.
+    static CString Borrow(std::string_view text) noexcept {
+        CString string;
+        if (text.size() <= kMaximumInside)
+            string.Copy(text);
+        else
+            string.Set(text.data(), text.size(), kBorrowed);
+        return string;
+    }
+    /// A string of a text of up to `kMaximumInside` bytes, where 16 bytes can be read whatever its length:
+    /// the quick way for a reader.
+    static CString Inside(const char* text, size_t length) noexcept {
+        std::uint64_t bytes[2];
+        std::memcpy(bytes, text, sizeof bytes);
+        bytes[0] &= kMasks[length][0];
+        bytes[1] &= kMasks[length][1];
+        CString string;
+        std::memcpy(string.m_bytes, bytes, sizeof bytes);
+        string.m_bytes[15] = static_cast<char>(length);
+        return string;
+    }
+    /// Length of the longest text that needs no memory of its own.
+    static constexpr size_t kMaximumInside = 14;
 
     /// All bytes, valid until the string changes.
-    std::string_view View() const noexcept { return m_text; }
+    std::string_view View() const noexcept {
+        const unsigned char where = Where();
+        if (where <= kMaximumInside) return {m_bytes, where};
+        return {Pointer(), OutsideLength()};
+    }
     /// Zero-terminated bytes, valid until the string changes.
-    const char* GetString() const noexcept { return m_text.c_str(); }
-    operator const char*() const noexcept { return m_text.c_str(); }
+    const char* GetString() const noexcept { return Where() <= kMaximumInside ? m_bytes : Pointer(); }
+    operator const char*() const noexcept { return GetString(); }
 
-    int GetLength() const noexcept { return static_cast<int>(m_text.size()); }
-    bool IsEmpty() const noexcept { return m_text.empty(); }
-    void Empty() noexcept { m_text.clear(); }
+    int GetLength() const noexcept { return static_cast<int>(View().size()); }
+    bool IsEmpty() const noexcept { return Where() == 0; }
+    void Empty() noexcept {
+        Free();
+        std::memset(m_bytes, 0, sizeof m_bytes);
+    }
 
     /// The byte at a position; raises `CInvalidArgException` outside the string.
     char GetAt(int index) const;
@@ -76,12 +138,12 @@ public:
     CString& Trim() { return TrimLeft().TrimRight(); }
 
     /// Upper case for the letters a to z alone.
-    CString& MakeUpper() noexcept;
+    CString& MakeUpper();
     /// Lower case for the letters A to Z alone.
-    CString& MakeLower() noexcept;
+    CString& MakeLower();
 
     /// Byte-wise order, bytes as unsigned numbers: negative, 0 or positive.
-    int Compare(const CString& other) const noexcept { return m_text.compare(other.m_text); }
+    int Compare(const CString& other) const noexcept { return View().compare(other.View()); }
     /// As `Compare`, with A to Z taken for a to z.
     int CompareNoCase(const CString& other) const noexcept;
 
@@ -93,27 +155,21 @@ public:
     Format(const char* format, ...);
 
     void Append(const CString& text) {
-        m_text += text.m_text;
+        *this += text.View();
     }
     void AppendChar(char byte) {
-        m_text += byte;
+        *this += byte;
     }
     CString& operator+=(const CString& text) {
-        m_text += text.m_text;
-        return *this;
+        return *this += text.View();
     }
     CString& operator+=(const char* text) {
-        if (text) m_text += text;
-        return *this;
+        return *this += std::string_view(text ? text : "");
     }
     CString& operator+=(char byte) {
-        m_text += byte;
-        return *this;
+        return *this += std::string_view(&byte, 1);
     }
-    CString& operator+=(std::string_view bytes) {
-        m_text += bytes;
-        return *this;
-    }
+    CString& operator+=(std::string_view bytes);
 
     friend CString operator+(CString left, const CString& right) {
         return std::move(left += right);
@@ -126,19 +182,82 @@ public:
     }
 
     friend bool operator==(const CString& a, const CString& b) noexcept {
-        return a.m_text == b.m_text;
+        // A short text always stands inside, with zeros behind it.
+        if (a.Where() <= kMaximumInside || b.Where() <= kMaximumInside)
+            return std::memcmp(a.m_bytes, b.m_bytes, sizeof m_bytes) == 0;
+        return a.View() == b.View();
     }
-    // Inline, so that the length of a literal is known where keywords are compared.
-    friend bool operator==(const CString& a, const char* b) noexcept {
-        return a.View() == std::string_view(b ? b : "");
+    // Always inline, so that with a literal, as where keywords are compared, it is the comparison of two
+    // numbers.
+    [[gnu::always_inline]] friend bool operator==(const CString& a, const char* b) noexcept {
+        const size_t length = b ? std::char_traits<char>::length(b) : 0;
+        if (length > kMaximumInside) return a.View() == std::string_view(b, length);
+        return a.Where() == length && (length == 0 || std::memcmp(a.m_bytes, b, length) == 0);
     }
     friend bool operator==(const CString& a, std::string_view b) noexcept {
         return a.View() == b;
     }
     friend auto operator<=>(const CString& a, const CString& b) noexcept {
-        return a.m_text <=> b.m_text;
+        return a.View() <=> b.View();
     }
 
 private:
-    std::string m_text;
+    // What the last byte tells: the length of a text inside, or one of these.
+    static constexpr unsigned char kOwned = 0x80;     // a block of memory, its capacity in front of the text
+    static constexpr unsigned char kBorrowed = 0x81;  // somebody else's memory
+    // What keeps the first bytes of two words: the first bytes are the low ones, on all systems that are
+    // built for.
+    static constexpr auto kMasks = [] {
+        std::array<std::array<std::uint64_t, 2>, kMaximumInside + 1> masks{};
+        for (size_t length = 0; length <= kMaximumInside; ++length)
+            for (size_t i = 0; i < length; ++i) masks[length][i / 8] |= std::uint64_t{0xFF} << i % 8 * 8;
+        return masks;
+    }();
+    static_assert(std::endian::native == std::endian::little);
+
+    unsigned char Where() const noexcept {
+        return static_cast<unsigned char>(m_bytes[15]);
+    }
+    char* Pointer() const noexcept {
+        char* pointer;
+        std::memcpy(&pointer, m_bytes, sizeof pointer);
+        return pointer;
+    }
+    size_t OutsideLength() const noexcept {
+        std::uint32_t length;
+        std::memcpy(&length, m_bytes + 8, sizeof length);
+        return length;
+    }
+    void Set(const char* text, size_t length, unsigned char where) noexcept {
+        const auto number = static_cast<std::uint32_t>(length);
+        std::memcpy(m_bytes, &text, sizeof text);
+        std::memcpy(m_bytes + 8, &number, sizeof number);
+        m_bytes[15] = static_cast<char>(where);
+    }
+    /// Takes the other string's place over; this one holds nothing that is to be freed.
+    void Take(CString& other) noexcept {
+        std::memcpy(m_bytes, other.m_bytes, sizeof m_bytes);
+        std::memset(other.m_bytes, 0, sizeof m_bytes);
+    }
+    /// Copies a text into a string that is empty.
+    void Copy(std::string_view bytes) {
+        char* text = Make(bytes.size());
+        if (!bytes.empty()) std::memcpy(text, bytes.data(), bytes.size());
+    }
+    /// Room for a text of this length, in a string that is empty.
+    char* Make(size_t length) {
+        if (length > kMaximumInside) return MakeOutside(length, length);
+        m_bytes[15] = static_cast<char>(length);
+        return m_bytes;
+    }
+    char* MakeOutside(size_t length, size_t capacity);
+    size_t Capacity() const noexcept;
+    /// The bytes for change.
+    char* Writable();
+    void Free() noexcept {
+        if (Where() == kOwned) FreeOutside();
+    }
+    void FreeOutside() noexcept;
+
+    alignas(8) char m_bytes[16] = {};
 };

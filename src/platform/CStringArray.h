@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <utility>
-#include <vector>
 
 #include "platform/CString.h"
 #include "platform/Exceptions.h"
@@ -10,71 +12,99 @@
 /// The toolkit's type for sizes and indices of arrays.
 using INT_PTR = std::ptrdiff_t;
 
-/// Growable array of byte strings. An index outside the array raises `CInvalidArgException`.
-class CStringArray {
+/// Growable array of byte strings. An index outside the array raises `CInvalidArgException`, a size that does
+/// not fit into 31 bits `std::length_error`.
+///
+/// An array may be a view of strings that live elsewhere: then each change of it raises
+/// `CInvalidArgException`.
+class VEKA_API CStringArray {
 public:
-    INT_PTR GetSize() const noexcept { return static_cast<INT_PTR>(m_strings.size()); }
+    CStringArray() noexcept = default;
+    CStringArray(const CStringArray& other) : CStringArray() { Append(other); }
+    /// A view stays a view, unlike in a copy.
+    CStringArray(CStringArray&& other) noexcept { Swap(other); }
+    ~CStringArray() { Free(); }
+    CStringArray& operator=(const CStringArray& other);
+    CStringArray& operator=(CStringArray&& other) noexcept {
+        CStringArray taken(std::move(other));
+        Swap(taken);
+        return *this;
+    }
+
+    /// An array that shows strings which live as long as it.
+    static CStringArray View(CString* strings, std::uint32_t size) noexcept {
+        CStringArray view;
+        view.m_strings = strings;
+        view.m_size = size;
+        view.m_capacity = kView;
+        return view;
+    }
+
+    INT_PTR GetSize() const noexcept { return m_size; }
     INT_PTR GetCount() const noexcept { return GetSize(); }
     INT_PTR GetUpperBound() const noexcept { return GetSize() - 1; }
-    bool IsEmpty() const noexcept { return m_strings.empty(); }
+    bool IsEmpty() const noexcept { return m_size == 0; }
 
     const CString& GetAt(INT_PTR index) const { return m_strings[Checked(index)]; }
     CString& ElementAt(INT_PTR index) { return m_strings[Checked(index)]; }
     const CString& operator[](INT_PTR index) const { return GetAt(index); }
     CString& operator[](INT_PTR index) { return ElementAt(index); }
-    void SetAt(INT_PTR index, CString text) { m_strings[Checked(index)] = std::move(text); }
+    void SetAt(INT_PTR index, CString text) { ElementAt(index) = std::move(text); }
 
     /// Stores at any index from 0 on; the array grows by empty strings up to there.
     void SetAtGrow(INT_PTR index, CString text) {
         if (index < 0) AfxThrowInvalidArgException();
         if (index >= GetSize()) SetSize(index + 1);
-        m_strings[static_cast<size_t>(index)] = std::move(text);
+        ElementAt(index) = std::move(text);
     }
 
     /// Cuts the array off, or lets it grow by empty strings. A negative size is an invalid argument.
-    void SetSize(INT_PTR size) {
-        if (size < 0) AfxThrowInvalidArgException();
-        m_strings.resize(static_cast<size_t>(size));
-    }
+    void SetSize(INT_PTR size);
 
     /// Appends a string and returns its index.
     INT_PTR Add(CString text) {
-        m_strings.push_back(std::move(text));
-        return GetUpperBound();
+        if (m_size >= m_capacity || IsView()) Grow(INT_PTR{m_size} + 1);
+        std::construct_at(m_strings + m_size, std::move(text));
+        return m_size++;
     }
     /// Appends copies of all strings of the other array, which may be this one; returns the old size.
-    INT_PTR Append(const CStringArray& other) {
-        const size_t old = m_strings.size();
-        const size_t count = other.m_strings.size();
-        m_strings.reserve(old + count);
-        for (size_t i = 0; i < count; ++i) m_strings.push_back(other.m_strings[i]);
-        return static_cast<INT_PTR>(old);
-    }
+    INT_PTR Append(const CStringArray& other);
     /// Replaces the content by copies of the other array's strings.
-    void Copy(const CStringArray& other) { m_strings = other.m_strings; }
+    void Copy(const CStringArray& other) { *this = other; }
 
-    void InsertAt(INT_PTR index, CString text) {
-        if (index < 0) AfxThrowInvalidArgException();
-        if (index >= GetSize()) return SetAtGrow(index, std::move(text));
-        m_strings.insert(m_strings.begin() + index, std::move(text));
+    void InsertAt(INT_PTR index, CString text);
+    void RemoveAt(INT_PTR index, INT_PTR count = 1);
+    void RemoveAll() { SetSize(0); }
+
+    const CString* begin() const noexcept { return m_strings; }
+    const CString* end() const noexcept { return m_strings + m_size; }
+
+    friend bool operator==(const CStringArray& a, const CStringArray& b) noexcept {
+        return a.m_size == b.m_size && std::equal(a.begin(), a.end(), b.begin());
     }
-    void RemoveAt(INT_PTR index, INT_PTR count = 1) {
-        if (index < 0 || count < 0 || index > GetSize() || count > GetSize() - index)
-            AfxThrowInvalidArgException();
-        m_strings.erase(m_strings.begin() + index, m_strings.begin() + index + count);
-    }
-    void RemoveAll() noexcept { m_strings.clear(); }
-
-    auto begin() const noexcept { return m_strings.begin(); }
-    auto end() const noexcept { return m_strings.end(); }
-
-    friend bool operator==(const CStringArray&, const CStringArray&) = default;
 
 private:
+    static constexpr std::uint32_t kView = UINT32_MAX;  // as capacity
+
+    bool IsView() const noexcept { return m_capacity == kView; }
     size_t Checked(INT_PTR index) const {
         if (index < 0 || index >= GetSize()) AfxThrowInvalidArgException();
         return static_cast<size_t>(index);
     }
+    void RefuseView() const {
+        if (IsView()) AfxThrowInvalidArgException();
+    }
+    void Swap(CStringArray& other) noexcept {
+        std::swap(m_strings, other.m_strings);
+        std::swap(m_size, other.m_size);
+        std::swap(m_capacity, other.m_capacity);
+    }
+    /// Makes room for a size, and more, as the array is growing.
+    void Grow(INT_PTR size);
+    void Reserve(INT_PTR capacity);
+    void Free() noexcept;
 
-    std::vector<CString> m_strings;
+    CString* m_strings = nullptr;
+    std::uint32_t m_size = 0;
+    std::uint32_t m_capacity = 0;
 };

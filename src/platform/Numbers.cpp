@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <system_error>
 
@@ -20,13 +21,34 @@ bool IsDigit(char c) {
 
 /// Takes white space and one sign off the front; true for a minus.
 bool TakeSign(std::string_view& text) {
-    const size_t start =
-        static_cast<size_t>(std::find_if_not(text.begin(), text.end(), IsSpace) - text.begin());
-    text.remove_prefix(start);
-    if (text.empty() || (text[0] != '-' && text[0] != '+')) return false;
-    const bool minus = text[0] == '-';
-    text.remove_prefix(1);
+    const char* begin = text.data();
+    const char* const end = begin + text.size();
+    while (begin != end && IsSpace(*begin)) ++begin;
+    const bool minus = begin != end && *begin == '-';
+    if (minus || (begin != end && *begin == '+')) ++begin;
+    text = {begin, static_cast<size_t>(end - begin)};
     return minus;
+}
+
+/// A decimal of up to 15 digits without an exponent, as part files hold them; false for any other text.
+/// Digits and power of ten are exact as doubles, so one division rounds as correctly as a longer way would.
+bool ToShortDecimal(std::string_view text, double& value) {
+    constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr size_t kDigits = 15;
+    if (text.size() > kDigits + 1) return false;
+    std::int64_t digits = 0;
+    size_t i = 0;
+    for (; i < text.size() && IsDigit(text[i]); ++i) digits = digits * 10 + (text[i] - '0');
+    size_t behindPoint = 0;
+    if (i < text.size() && text[i] == '.') {
+        const size_t first = ++i;
+        for (; i < text.size() && IsDigit(text[i]); ++i) digits = digits * 10 + (text[i] - '0');
+        behindPoint = i - first;
+    }
+    if (i != text.size() || (behindPoint == 0 && text.size() > kDigits)) return false;
+    value = static_cast<double>(digits) / kPowers[behindPoint];
+    return true;
 }
 
 /// True if a number outside the range of a double is too large rather than too small. `number` is a
@@ -76,6 +98,7 @@ double ToDouble(std::string_view text) noexcept {
         (!text.empty() && IsDigit(text[0])) || (text.size() > 1 && text[0] == '.' && IsDigit(text[1]));
     if (!number) return 0.0;
     double value = 0.0;
+    if (ToShortDecimal(text, value)) return minus ? -value : value;
     const std::from_chars_result result =
         std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::general);
     if (result.ec == std::errc::result_out_of_range)

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/Exceptions.h"
+#include "support/Parsing.h"
+
 namespace {
 
 TEST(CECadClsLvl, StartsEmpty) {
@@ -18,6 +21,34 @@ TEST(CECadClsLvlArray, GivesNullOutsideItsRange) {
     EXPECT_NE(level.m_pChildren->GetAt(0), nullptr);
     EXPECT_EQ(level.m_pChildren->GetAt(1), nullptr);
     EXPECT_EQ(level.m_pChildren->GetAt(-1), nullptr);
+}
+
+TEST(CECadClsLvl, OfATreeCannotGrow) {
+    const auto tree = test::ReadTree("(A v (B) (C))");
+    CECadClsLvl* level = tree->m_pRootLevels->GetAt(0);
+    EXPECT_THROW(level->m_aValues.Add("w"), CInvalidArgException);
+    EXPECT_THROW(level->m_pChildren->Add(nullptr), CInvalidArgException);
+    EXPECT_THROW(level->m_pChildren->GetAt(0)->m_pChildren->Add(nullptr), CInvalidArgException);
+    EXPECT_EQ(level->m_pChildren->GetSize(), 2);
+}
+
+TEST(CECadClsLvl, OfATreeLivesAsLongAsTheTree) {
+    const auto tree = test::ReadTree("(A (B v)) (C)");
+    CECadClsLvl* level = tree->m_pRootLevels->GetAt(0);
+    tree->m_pRootLevels->DeleteAll();
+    EXPECT_TRUE(tree->m_pRootLevels->IsEmpty());
+    EXPECT_EQ(level->m_pChildren->GetAt(0)->m_aValues[0], "v");
+}
+
+TEST(CECadClsLvl, MadeByItselfOwnsItsChildren) {
+    auto level = std::make_unique<CECadClsLvl>();
+    for (int i = 0; i < 3; ++i) {
+        auto child = std::make_unique<CECadClsLvl>();
+        child->m_aValues.Add("a value with memory of its own");
+        level->m_pChildren->Add(std::move(child));
+    }
+    level->m_pChildren->DeleteAt(1);
+    EXPECT_EQ(level->m_pChildren->GetSize(), 2);
 }
 
 }  // namespace

@@ -369,4 +369,49 @@ TEST(CECadCls, ReadsEveryRealPartAsTheProcedureSays) {
     }
 }
 
+TEST(CECadCls, ReadsALargeFileAsTheProcedureSays) {
+    // Many blocks, with all that a line can end in.
+    std::mt19937 random(3);
+    std::string text;
+    while (text.size() < 400'000) {
+        const char* pieces[] = {
+            "(LEVEL ",  "12.5 ", ")",   "\n",    "\r\n", "\r", "\"a string\" ", "\"",
+            "  ",       "\t",    "// ", "\n// ", "\\\"", ") ", "(A B)\n",       "averyveryverylongtoken",
+            "\xC3\xA4", "\\",    "x"};
+        text += pieces[random() % std::size(pieces)];
+        if (random() % 3 == 0) text += ")";
+    }
+    // Deep nesting would end the read at once.
+    std::string shallow;
+    int depth = 0;
+    for (const char c : text) {
+        if (c == '(' && depth >= 6) continue;
+        if (c == ')' && depth == 0) continue;
+        depth += c == '(' ? 1 : c == ')' ? -1 : 0;
+        shallow += c;
+    }
+    EXPECT_EQ(Read(shallow), test::ReadPlainly(shallow));
+}
+
+TEST(CECadCls, HandsTopLevelLevelsOverAndKeepsNone) {
+    const test::TemporaryDirectory directory;
+    const std::string text = "(A 1 (B \"a value that is longer than fourteen bytes\"))\n(C)\n(D (E) x";
+    CECadCls tree;
+    tree.m_strFilePath = directory.Write("part.veka", text);
+    std::vector<PlainLevel> levels;
+    EXPECT_EQ(tree.ReadTopLevels(0, [&](CECadClsLvl* level) { levels.push_back(Plain(*level)); }), -1);
+    EXPECT_EQ(levels, test::ReadPlainly(text).roots);
+    EXPECT_TRUE(tree.m_pRootLevels->IsEmpty());
+    EXPECT_EQ(tree.m_nLineCount, 3);
+}
+
+TEST(CECadCls, AnExceptionOfWhoTakesTheLevelsEndsTheRead) {
+    const test::TemporaryDirectory directory;
+    CECadCls tree;
+    tree.m_strFilePath = directory.Write("part.veka", "(A)(B)");
+    int taken = 0;
+    EXPECT_THROW(tree.ReadTopLevels(0, [&](CECadClsLvl*) { throw ++taken; }), int);
+    EXPECT_EQ(taken, 1);
+}
+
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <random>
 
 #include "support/Parsing.h"
@@ -113,6 +114,90 @@ TEST(CVEK_AsciiParser, ImportsEveryRealPart) {
                                        : text.substr(begin, text.find(')', begin) - begin);
         EXPECT_EQ(General(parser).GetMPN(), mpn.c_str()) << path;
     }
+}
+
+/// The import's procedure as it is laid down: the whole tree first, then its levels in two passes.
+void ImportPlainly(const CString& path, CVEK_AsciiParser& parser) {
+    CECadCls tree;
+    tree.m_strFilePath = path;
+    tree.ReadLevelTree(0);
+    CVEKA_Manager& model = *parser.GetCVEKA_Manager();
+    const auto take = [](auto* field, auto* fresh) {
+        *field = *fresh;
+        delete fresh;
+    };
+    for (CECadClsLvl* level : *tree.m_pRootLevels) {
+        if (level->m_strName != "FONTS") continue;
+        take(model.GetLibFonts(), parser.FontLibParser(level));
+        break;
+    }
+    for (CECadClsLvl* level : *tree.m_pRootLevels) {
+        const CString& keyword = level->m_strName;
+        if (keyword == "VEK") take(model.GetVEK(), parser.VEKParser(level));
+        if (keyword == "COLORTABLE") take(model.GetColorTable(), parser.COLORTABLEParser(level));
+        if (keyword == "PADS") take(model.GetPadArr(), parser.PADParser(level));
+        if (keyword == "PADSTACKS") take(model.GetPadStackArr(), parser.PadStackParser(level));
+        if (keyword == "FOOTPRINTS") take(model.GetFootprintDBArr(), parser.FOOTPRINTParser(level));
+        if (keyword == "NSHAPE") model.GetNShapeArr()->Add(parser.NSHAPEParser(level));
+        if (keyword == "PARTITIONS") take(model.GetPartitionDBArr(), parser.PARTITIONParser(level));
+    }
+}
+
+TEST(CVEK_AsciiParser, ReadsSectionsInAnyOrderAsTheProcedureSays) {
+    const char* sections[] = {"(FONTS (FONT (ID 1) (CHARWIDTH 2)))",
+                              "(FONTS (FONT (ID 2)))",
+                              "(VEK (PARTGENERAL (MPN A) (UNIT MM)))",
+                              "(VEK (PARTGENERAL (MPN B)))",
+                              "(COLORTABLE (COLOR 1 2 3))",
+                              "(PADS (PAD (PADNAME P)))",
+                              "(PADSTACKS (PADSTACK (PADSTACKNAME S) (TOP (CON P))))",
+                              "(FOOTPRINTS (FOOTPRINT (NAME F)))",
+                              "(NSHAPE (NAME N1))",
+                              "(NSHAPE (NAME N2))",
+                              "(PARTITIONS (PARTITION (NAME X)))",
+                              "(OTHER)",
+                              ")(",
+                              "(VEK (PACKAGES (PACKAGE (MECHANICALPINS (X) (MECHANICALPIN M (PT 1))))))"};
+    std::mt19937 random(1);
+    const test::TemporaryDirectory directory;
+    for (int round = 0; round < 300; ++round) {
+        CVEK_AsciiParser parser, plain;
+        std::vector<std::string> told[2];
+        for (int read = 0; read < 2; ++read) {  // the second time into a model that is full
+            std::string text;
+            for (unsigned i = random() % 8; i > 0; --i)
+                text += std::string(sections[random() % std::size(sections)]) + "\n";
+            const CString path = directory.Write("part.veka", text);
+            parser.SetVEKAsciiFilePath(path);
+            const auto run = [](std::vector<std::string>& all, const std::function<void()>& import) {
+                test::ScriptedUserInterface user;
+                try {
+                    import();
+                } catch (const std::exception& error) {
+                    all.push_back(error.what());
+                }
+                all.insert(all.end(), user.messages.begin(), user.messages.end());
+            };
+            run(told[0], [&] { parser.Parser(); });
+            run(told[1], [&] { ImportPlainly(path, plain); });
+            ASSERT_EQ(told[0], told[1]) << text;
+            ASSERT_TRUE(SameButApart(*parser.GetCVEKA_Manager(), *plain.GetCVEKA_Manager())) << text;
+        }
+    }
+}
+
+TEST(CVEK_AsciiParser, AFailedSectionLeavesThoseBeforeItAndTheFontsBehindIt) {
+    const test::TemporaryDirectory directory;
+    test::ScriptedUserInterface user;
+    CVEK_AsciiParser parser;
+    parser.SetVEKAsciiFilePath(directory.Write("part.veka",
+                                               "(NSHAPE (NAME N))(VEK (PACKAGES (PACKAGE (MECHANICALPINS (X) "
+                                               "(MECHANICALPIN M (PT 1))))))(NSHAPE)(FONTS (FONT "
+                                               "(ID 1)))\n)("));
+    EXPECT_THROW(parser.Parser(), std::exception);
+    EXPECT_EQ(parser.GetCVEKA_Manager()->GetNShapeArr()->GetSize(), 1);
+    EXPECT_EQ(parser.GetCVEKA_Manager()->GetLibFonts()->GetSize(), 1);
+    EXPECT_EQ(user.messages.size(), 1u) << "the file is read to its end";
 }
 
 }  // namespace

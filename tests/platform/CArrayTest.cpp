@@ -144,4 +144,22 @@ TEST(CArray, TellsAboutItself) {
     EXPECT_EQ(out.str(), "CArray with 1 elements\n");
 }
 
+TEST(CArray, AViewShowsElementsAndCannotGrow) {
+    struct View : CArrayN {
+        using CArrayN::Show;
+    };
+    int elements[] = {1, 2, 3};
+    View view;
+    view.Show(elements, 3);
+    EXPECT_EQ(view.GetData(), elements);
+    view.AssertValid();
+    EXPECT_THROW(view.Add(4), CInvalidArgException);
+    EXPECT_THROW(view.SetSize(2), CInvalidArgException);
+    view.RemoveAt(0);
+    EXPECT_EQ(view.GetSize(), 2);
+    view.RemoveAll();
+    EXPECT_TRUE(view.IsEmpty());
+    EXPECT_THROW(view.Add(4), CInvalidArgException) << "it stays a view";
+}
+
 }  // namespace

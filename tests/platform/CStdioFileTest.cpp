@@ -96,4 +96,37 @@ TEST(CStdioFile, RaisesWhereTheFileCannotBeReadOn) {
     }
 }
 
+/// All that `ReadLines` gives of a text.
+std::string AllLines(std::string_view text) {
+    const test::TemporaryDirectory directory;
+    CStdioFile file;
+    EXPECT_TRUE(file.Open(directory.Write("file", text)));
+    std::string all;
+    for (std::string_view lines; file.ReadLines(lines);) {
+        EXPECT_EQ(lines.back(), '\n');
+        for (size_t i = 0; i < CStdioFile::kReadable; ++i)
+            all += lines.data()[lines.size() + i];  // can be read
+        all.resize(all.size() - CStdioFile::kReadable);
+        all += lines;
+    }
+    return all;
+}
+
+TEST(CStdioFile, ReadsManyLinesAtOnceWithTheirEnds) {
+    EXPECT_EQ(AllLines(""), "");
+    EXPECT_EQ(AllLines("a\r\nb\n\n"), "a\r\nb\n\n");
+    std::string large;
+    for (int i = 0; i < 40000; ++i) large += std::string(static_cast<size_t>(i % 13), 'x') + "\n";
+    EXPECT_EQ(AllLines(large), large);
+    const std::string longLine = std::string(300'000, 'x') + "\n";
+    EXPECT_EQ(AllLines("a\n" + longLine + "b\n"), "a\n" + longLine + "b\n");
+}
+
+TEST(CStdioFile, PutsALineEndBehindTheLastOfManyLines) {
+    EXPECT_EQ(AllLines("a\nb"), "a\nb\r\n");
+    EXPECT_EQ(AllLines("a\r"), "a\r\r\n") << "so that its own carriage return stays";
+    for (size_t length = 65530; length < 65540; ++length)
+        EXPECT_EQ(AllLines(std::string(length, 'x')), std::string(length, 'x') + "\r\n");
+}
+
 }  // namespace

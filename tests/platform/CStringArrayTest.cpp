@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
 namespace {
 
 CStringArray Make(std::initializer_list<const char*> texts) {
@@ -65,6 +71,78 @@ TEST(CStringArray, InsertsAndRemoves) {
     EXPECT_EQ(array, Make({"x", "by", "e"}));
     array.RemoveAll();
     EXPECT_TRUE(array.IsEmpty());
+}
+
+TEST(CStringArray, IsAsAVectorOfTextsWhateverIsDoneToIt) {
+    std::mt19937 random(1);
+    const auto below = [&](size_t limit) { return static_cast<INT_PTR>(random() % limit); };
+    for (int round = 0; round < 200; ++round) {
+        CStringArray array;
+        std::vector<std::string> plain;
+        for (int step = 0; step < 40; ++step) {
+            const std::string text(random() % 30, 'x');
+            const INT_PTR at = below(plain.size() + 1),
+                          count = below(plain.size() - static_cast<size_t>(at) + 1);
+            switch (random() % 7) {
+                case 0:
+                case 1:
+                    array.Add(CString(text));
+                    plain.push_back(text);
+                    break;
+                case 2:
+                    array.InsertAt(at, CString(text));
+                    plain.insert(plain.begin() + at, text);
+                    break;
+                case 3:
+                    array.RemoveAt(at, count);
+                    plain.erase(plain.begin() + at, plain.begin() + at + count);
+                    break;
+                case 4:
+                    array.SetSize(at);
+                    plain.resize(static_cast<size_t>(at));
+                    break;
+                case 5:
+                    array = CStringArray(array);
+                    break;
+                default: {
+                    CStringArray other;
+                    other.Add(CString(text));
+                    other.Append(array);
+                    if (plain.size() < 100) {
+                        array.Copy(other);
+                        plain.insert(plain.begin(), text);
+                    }
+                }
+            }
+            ASSERT_TRUE(std::ranges::equal(array, plain, {}, &CString::View));
+        }
+    }
+}
+
+TEST(CStringArray, AViewShowsStringsAndCannotGrow) {
+    CString strings[] = {"a", "b"};
+    CStringArray view = CStringArray::View(strings, 2);
+    EXPECT_EQ(&view[0], strings);
+    EXPECT_THROW(view.Add("c"), CInvalidArgException);
+    EXPECT_THROW(view.Append(view), CInvalidArgException);
+    EXPECT_THROW(view.SetSize(1), CInvalidArgException);
+    EXPECT_THROW(view.InsertAt(0, "c"), CInvalidArgException);
+    EXPECT_THROW(view.RemoveAt(0), CInvalidArgException);
+    CStringArray copy = view;
+    copy.Add("c");
+    EXPECT_EQ(copy.GetSize(), 3);
+    strings[0] = "changed";
+    EXPECT_EQ(copy[0], "a");
+    view = copy;
+    EXPECT_EQ(view[0], "a");
+    EXPECT_EQ(strings[0], "changed") << "what was shown is not assigned to";
+    EXPECT_THROW(CStringArray::View(nullptr, 0).Add("a"), CInvalidArgException);
+}
+
+TEST(CStringArray, HasASizeBelowTwoToThe31) {
+    CStringArray array;
+    EXPECT_THROW(array.SetSize(INT_PTR{1} << 31), std::length_error);
+    EXPECT_EQ(array.GetSize(), 0);
 }
 
 }  // namespace

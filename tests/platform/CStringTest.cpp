@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+#include <stdexcept>
+
 #include "platform/Exceptions.h"
 
 namespace {
@@ -141,6 +145,98 @@ TEST(CString, CanBeAddedToItself) {
     text += text;
     text += text.GetString();
     EXPECT_EQ(text, "abababab");
+}
+
+TEST(CString, IsAsATextOfTheStandardLibraryWhateverIsDoneToIt) {
+    std::mt19937 random(1);
+    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    for (int round = 0; round < 300; ++round) {
+        CString string;
+        std::string text;
+        for (int step = 0; step < 30; ++step) {
+            const std::string piece(static_cast<size_t>(below(20)), static_cast<char>('a' + below(3)));
+            const int at = below(20), count = below(6);
+            const size_t begin = std::min(static_cast<size_t>(at), text.size());
+            switch (below(8)) {
+                case 0:
+                    string += std::string_view(piece);
+                    text += piece;
+                    break;
+                case 1:
+                    string += string;
+                    text += std::string(text);
+                    break;
+                case 2:
+                    string.Insert(at, CString(piece));
+                    text.insert(begin, piece);
+                    break;
+                case 3:
+                    string.Delete(at, count);
+                    text.erase(begin, static_cast<size_t>(count));
+                    break;
+                case 4:
+                    string = CString(piece);
+                    text = piece;
+                    break;
+                case 5:
+                    string.Remove('a');
+                    std::erase(text, 'a');
+                    break;
+                case 6:
+                    string = CString(string);
+                    break;
+                default:
+                    if (!text.empty()) {
+                        const size_t place = static_cast<size_t>(at) % text.size();
+                        string.SetAt(static_cast<int>(place), 'z');
+                        text[place] = 'z';
+                    }
+            }
+            if (text.size() > 500) string = CString(text = "b");
+            ASSERT_EQ(string.View(), text);
+            ASSERT_EQ(string.GetString()[text.size()], '\0');
+            ASSERT_EQ(string, CString(text)) << "one text has one form";
+        }
+    }
+}
+
+TEST(CString, IsSmallAndHoldsShortTextsInItself) {
+    EXPECT_EQ(sizeof(CString), 16u);
+    for (const int length : {0, 1, 13, 14, 15, 16, 100}) {
+        const CString text('x', length);
+        const char* begin = reinterpret_cast<const char*>(&text);
+        const bool inside = text.GetString() >= begin && text.GetString() < begin + sizeof text;
+        EXPECT_EQ(inside, static_cast<size_t>(length) <= CString::kMaximumInside) << length;
+        EXPECT_EQ(text.GetLength(), length);
+    }
+}
+
+TEST(CString, OfAReaderIsCutFromALongerText) {
+    const char text[] = "abcdefghijklmnopqrstuvwxyz";
+    for (size_t length = 0; length <= CString::kMaximumInside; ++length)
+        EXPECT_EQ(CString::Inside(text, length), CString(std::string_view(text, length)));
+}
+
+TEST(CString, ACopyOfABorrowedTextIsItsOwn) {
+    char lent[] = "a text that is longer than what fits inside";
+    CString copy, changed = CString::Borrow(lent);
+    EXPECT_EQ(changed.GetString(), lent) << "nothing was copied";
+    copy = changed;
+    CString moved = std::move(changed);
+    EXPECT_EQ(moved.GetString(), lent) << "a move keeps it borrowed";
+    changed = CString::Borrow(lent);
+    changed += "!";
+    lent[0] = 'X';
+    EXPECT_EQ(copy.GetAt(0), 'a');
+    EXPECT_EQ(changed.GetAt(0), 'a');
+    CString written = CString::Borrow(lent);
+    written.SetAt(1, 'Y');
+    EXPECT_EQ(lent[1], ' ') << "a change is made in a copy";
+    EXPECT_EQ(CString::Borrow("short"), "short");
+}
+
+TEST(CString, TakesNoTextBeyondItsLength) {
+    EXPECT_THROW(CString(std::string_view("a", size_t{1} << 31)), std::length_error);
 }
 
 }  // namespace

@@ -96,4 +96,18 @@ TEST(ToDouble, KeepsTheDecimalPointInEveryLocale) {
     std::setlocale(LC_ALL, former.c_str());
 }
 
+TEST(ToDouble, EqualsTheStandardLibraryOnDecimalsOfAnyLength) {
+    std::mt19937_64 random(1);
+    for (int round = 0; round < 200'000; ++round) {
+        std::string text = random() % 2 == 0 ? "-" : "";
+        const size_t digits = random() % 20, point = random() % 20;
+        for (size_t i = 0; i <= digits; ++i) {
+            if (i == point) text += '.';
+            text += static_cast<char>('0' + random() % 10);
+        }
+        if (random() % 16 == 0) text += "e" + std::to_string(static_cast<int>(random() % 60) - 30);
+        EXPECT_EQ(ToDouble(text), std::strtod(text.c_str(), nullptr)) << text;
+    }
+}
+
 }  // namespace

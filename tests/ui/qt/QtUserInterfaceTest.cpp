@@ -20,7 +20,6 @@ namespace {
 using testing::StrEq;
 
 constexpr const char* kPath = "8000";
-constexpr const char* kDirectory = "8005";
 constexpr const char* kOk = "1";
 constexpr const char* kCancel = "2";
 

@@ -1,0 +1,125 @@
+// Measures what twice the input costs, along every dimension that an input can grow in: linear time is a
+// ratio of 2.
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "Memory.h"
+#include "VEKAsciiDLL.h"
+
+namespace {
+
+std::string Repeat(int count, const std::function<std::string(int)>& piece) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += piece(i);
+    return text;
+}
+
+/// A number between two texts.
+std::string Number(const char* before, int number, const char* behind) {
+    std::string text(before);
+    text += std::to_string(number);
+    return text += behind;
+}
+
+struct Dimension {
+    const char* name;
+    int size;  // which takes some ten milliseconds
+    std::function<std::string(int)> text;
+};
+
+const std::vector<Dimension> kDimensions = {
+    {"depth of nesting, to the limit of 20", 10,
+     [](int n) {
+         return Repeat(20000,
+                       [&](int) { return std::string(size_t(n), '(') + std::string(size_t(n), ')') + "\n"; });
+     }},
+    {"siblings", 200'000, [](int n) { return "(A\n" + Repeat(n, [](int) { return "(B 1)\n"; }) + ")"; }},
+    {"sections", 100'000, [](int n) { return Repeat(n, [](int) { return "(NSHAPE (NAME N))\n"; }); }},
+    {"repeats of a section", 100'000, [](int n) { return Repeat(n, [](int) { return "(VEK)\n"; }); }},
+    {"values of a level", 500'000, [](int n) { return "(A" + Repeat(n, [](int) { return " 12.5"; }) + ")"; }},
+    {"length of a token", 20'000'000, [](int n) { return "(A " + std::string(size_t(n), 'x') + ")"; }},
+    {"length of a string", 20'000'000, [](int n) { return "(A \"" + std::string(size_t(n), 'x') + "\")"; }},
+    {"lines of a string", 500'000,
+     [](int n) { return "(A \"" + Repeat(n, [](int) { return "x\n"; }) + "\")"; }},
+    {"strings in a line", 300'000,
+     [](int n) { return "(A" + Repeat(n, [](int) { return " \"b c\""; }) + ")"; }},
+    {"escaped quotes in a string", 50'000,
+     [](int n) { return "(A \"" + Repeat(n, [](int i) { return Number("x", i, "\\\""); }) + "\")"; }},
+    {"equal escaped quotes in a string", 50'000,
+     [](int n) { return "(A \"" + Repeat(n, [](int) { return "\\\""; }) + "\")"; }},
+    {"strings with escaped quotes in a line", 30'000,
+     [](int n) { return "(A" + Repeat(n, [](int) { return " \"b\\\"c\""; }) + ")"; }},
+    {"comment lines", 1'000'000, [](int n) { return Repeat(n, [](int) { return "// c\n"; }); }},
+    {"empty lines", 2'000'000, [](int n) { return std::string(size_t(n), '\n'); }},
+    {"blanks", 30'000'000, [](int n) { return "(A" + std::string(size_t(n), ' ') + ")"; }},
+    {"unknown keywords", 200'000,
+     [](int n) { return "(VEK\n" + Repeat(n, [](int i) { return Number("(U", i, ")\n"); }) + ")"; }},
+    {"repeats of a keyword", 200'000,
+     [](int n) { return "(VEK (PARTGENERAL\n" + Repeat(n, [](int) { return "(MPN A)\n"; }) + "))"; }},
+    {"company part numbers", 200'000,
+     [](int n) {
+         return "(VEK (PARTGENERAL (CPN" + Repeat(n, [](int i) { return Number(" C", i, ""); }) + ")))";
+     }},
+    {"objects", 50'000,
+     [](int n) {
+         return "(PADS (PAD (CAMLAYERDRAWOBJS\n" +
+                Repeat(n, [](int) { return "(FILLCIRCLE (PT 1 2 3) (D 0.5))\n"; }) + ")))";
+     }},
+    {"padstacks with pads of their own", 30'000,
+     [](int n) {
+         return "(PADSTACKS\n" +
+                Repeat(n,
+                       [](int i) {
+                           return Number("(PADSTACK (PADSTACKNAME S", i, ") (TOP ") +
+                                  Number("(CON P", i, ")))\n");
+                       }) +
+                ")";
+     }},
+};
+
+double Import(const CString& path) {
+    const auto start = std::chrono::steady_clock::now();
+    {
+        CVEK_AsciiParser parser;
+        parser.SetVEKAsciiFilePath(path);
+        parser.Parser();
+    }
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+CString WriteFile(const std::string& name, const std::string& text) {
+    const auto path = std::filesystem::temp_directory_path() / (Number("veka-scaling-", getpid(), "") + name);
+    std::ofstream(path, std::ios::binary) << text;
+    return CString(path.native());
+}
+
+}  // namespace
+
+int main() {
+    bench::KeepMemory();
+    std::printf("%-44s %10s %10s %8s\n", "dimension", "n, ms", "2n, ms", "ratio");
+    for (const Dimension& dimension : kDimensions) {
+        const CString once = WriteFile("-n", dimension.text(dimension.size));
+        const CString twice = WriteFile("-2n", dimension.text(2 * dimension.size));
+        double best = 1e9, bestOfTwice = 1e9;
+        for (int round = 0; round < 9; ++round) {  // in turns; the best, since what disturbs only adds
+            best = std::min(best, Import(once));
+            bestOfTwice = std::min(bestOfTwice, Import(twice));
+        }
+        std::printf("%-44s %10.2f %10.2f %8.2f\n", dimension.name, best * 1e3, bestOfTwice * 1e3,
+                    bestOfTwice / best);
+        std::fflush(stdout);
+        std::filesystem::remove(once.GetString());
+        std::filesystem::remove(twice.GetString());
+    }
+    return 0;
+}

@@ -1,0 +1,49 @@
+#include "leveltree/Pages.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <new>
+
+namespace {
+
+TEST(Pages, GiveMemoryThatIsApart) {
+    veka::Pages pages;
+    std::vector<std::pair<unsigned char*, size_t>> pieces;
+    for (size_t size = 1; size < 700; ++size) {
+        auto* memory = pages.Take<unsigned char>(size);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory) % 8, 0u);
+        std::memset(memory, static_cast<int>(size % 256), size);
+        pieces.emplace_back(memory, size);
+    }
+    for (const auto& [memory, size] : pieces)
+        for (size_t i = 0; i < size; ++i) ASSERT_EQ(memory[i], size % 256);
+}
+
+TEST(Pages, GiveMoreThanAPageAtOnce) {
+    veka::Pages pages;
+    std::memset(pages.Take(10), 1, 10);
+    std::memset(pages.Take(1'000'000), 2, 1'000'000);
+    std::memset(pages.Take(10), 3, 10);
+}
+
+TEST(Pages, UseTheirMemoryAgain) {
+    veka::Pages pages;
+    void* first = pages.Take(100);
+    void* second = pages.Take(100'000);
+    pages.Reset();
+    EXPECT_EQ(pages.Take(100), first);
+    EXPECT_EQ(pages.Take(100'000), second);
+    pages.Reset();
+    std::memset(pages.Take(200'000), 1, 200'000);
+    std::memset(pages.Take(100'000), 1, 100'000);
+}
+
+TEST(Pages, RaiseWhereThereIsNoMemory) {
+    veka::Pages pages;
+    EXPECT_THROW(pages.Take(PTRDIFF_MAX / 2), std::bad_alloc);
+    std::memset(pages.Take(10), 1, 10);
+}
+
+}  // namespace
