@@ -4,10 +4,12 @@
 #include <memory>
 #include <vector>
 
+#include "platform/Export.h"
+
 namespace veka {
 
 /// Memory that is taken piece by piece and freed as a whole.
-class Pages {
+class VEKA_API Pages {
 public:
     /// Memory for an object of any type, uninitialised. It lives until `Reset`, or as long as the pages.
     void* Take(std::size_t size) {

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 #include "platform/CStringArray.h"
 
@@ -25,9 +26,33 @@ public:
     void RemoveAll() noexcept;
 
 private:
+    /// Positions of the names by their hashes: a table of slots, open at the next one where a slot is taken.
+    class Index {
+    public:
+        /// Number of names that are in it, from the first on.
+        INT_PTR Count() const noexcept { return m_count; }
+        void Add(std::uint32_t hash);
+        /// Calls `match` with the position of each name of this hash until it gives true; false if it never
+        /// does.
+        template <class Match>
+        bool Find(std::uint32_t hash, Match match) const {
+            for (std::size_t i = hash & Mask(); m_slots[i] != 0; i = (i + 1) & Mask())
+                if (m_slots[i] >> 32 == hash && match(static_cast<INT_PTR>(m_slots[i] & UINT32_MAX) - 1))
+                    return true;
+            return false;
+        }
+
+    private:
+        std::size_t Mask() const noexcept { return m_slots.size() - 1; }
+        void Put(std::uint64_t slot);
+
+        // The hash, and below it the position plus 1; 0 where the slot is free.
+        std::vector<std::uint64_t> m_slots = std::vector<std::uint64_t>(64);
+        INT_PTR m_count = 0;
+    };
+
     bool Contains(std::string_view name);
 
     CStringArray m_names;
-    // Positions of the names by their hashes; made, and brought up to date, when a long list is searched.
-    std::unique_ptr<std::unordered_multimap<std::size_t, INT_PTR>> m_positions;
+    std::unique_ptr<Index> m_index;  // made, and brought up to date, when a long list is searched
 };

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -36,6 +39,25 @@ TEST(DistinctNames, ForgetsWhatItKnewWhenItIsReplaced) {
     const DistinctNames& same = names;
     names = same;
     EXPECT_EQ(names.Names().GetSize(), 1);
+}
+
+TEST(DistinctNames, AreThoseOfAPlainSearchThroughTheList) {
+    std::mt19937 random(1);
+    for (int round = 0; round < 30; ++round) {
+        DistinctNames names;
+        std::vector<std::string> plain;
+        const unsigned kinds = 1 + random() % 400;
+        for (int i = 0; i < 500; ++i) {
+            const std::string name(random() % 20, static_cast<char>('a' + random() % kinds % 20));
+            names.Add(CString(name));
+            if (std::ranges::find(plain, name) == plain.end()) plain.push_back(name);
+            if (random() % 300 == 0) {
+                names.RemoveAll();
+                plain.clear();
+            }
+        }
+        ASSERT_TRUE(std::ranges::equal(names.Names(), plain, {}, &CString::View));
+    }
 }
 
 }  // namespace
