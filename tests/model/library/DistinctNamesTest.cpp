@@ -46,7 +46,7 @@ TEST(DistinctNames, AreThoseOfAPlainSearchThroughTheList) {
     for (int round = 0; round < 30; ++round) {
         DistinctNames names;
         std::vector<std::string> plain;
-        const unsigned kinds = 1 + random() % 400;
+        const auto kinds = 1 + random() % 400;
         for (int i = 0; i < 500; ++i) {
             const std::string name(random() % 20, static_cast<char>('a' + random() % kinds % 20));
             names.Add(CString(name));
