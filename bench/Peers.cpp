@@ -14,28 +14,52 @@ namespace bench {
 
 namespace {
 
-/// Appends a text with what XML reserves escaped.
-void AppendXml(std::string& out, std::string_view text) {
+/// Appends a text with some characters escaped: `escape` gives what stands for a character, or null. What is
+/// not UTF-8 and every other control character is replaced.
+template <class Escape>
+void AppendEscaped(std::string& out, std::string_view text, Escape escape) {
     while (!text.empty()) {
         const size_t length = veka::Utf8Length(text);
         const char c = text[0];
-        if (length > 1)
-            out += text.substr(0, length);
-        else if (length == 0)
+        if (const char* escaped = escape(c))
+            out += escaped;
+        else if (length == 0 || (c >= 0 && c < ' '))
             out += '?';
-        else if (c == '&')
-            out += "&amp;";
-        else if (c == '<')
-            out += "&lt;";
-        else if (c == '"')
-            out += "&quot;";
-        else if (c == '\n')
-            out += "&#10;";
-        else if (c == '\t')
-            out += "&#9;";
         else
-            out += c < ' ' ? '?' : c;
+            out += text.substr(0, length);
         text.remove_prefix(length > 0 ? length : 1);
+    }
+}
+
+const char* EscapeXml(char c) {
+    switch (c) {
+        case '&':
+            return "&amp;";
+        case '<':
+            return "&lt;";
+        case '"':
+            return "&quot;";
+        case '\n':
+            return "&#10;";
+        case '\t':
+            return "&#9;";
+        default:
+            return nullptr;
+    }
+}
+
+const char* EscapeJson(char c) {
+    switch (c) {
+        case '"':
+            return "\\\"";
+        case '\\':
+            return "\\\\";
+        case '\n':
+            return "\\n";
+        case '\t':
+            return "\\t";
+        default:
+            return nullptr;
     }
 }
 
@@ -53,7 +77,7 @@ void AppendXml(std::string& out, const CECadClsLvlArray& levels) {
         int number = 0;
         for (const CString& value : level->m_aValues) {
             out += " v" + std::to_string(number++) + "=\"";
-            AppendXml(out, value.View());
+            AppendEscaped(out, value.View(), EscapeXml);
             out += '"';
         }
         if (level->m_pChildren->IsEmpty()) {
@@ -70,23 +94,7 @@ void AppendXml(std::string& out, const CECadClsLvlArray& levels) {
 
 void AppendString(std::string& out, std::string_view text) {
     out += '"';
-    while (!text.empty()) {
-        const size_t length = veka::Utf8Length(text);
-        const char c = text[0];
-        if (length > 1)
-            out += text.substr(0, length);
-        else if (length == 0)
-            out += '?';
-        else if (c == '"' || c == '\\')
-            (out += '\\') += c;
-        else if (c == '\n')
-            out += "\\n";
-        else if (c == '\t')
-            out += "\\t";
-        else
-            out += c < ' ' ? '?' : c;
-        text.remove_prefix(length > 0 ? length : 1);
-    }
+    AppendEscaped(out, text, EscapeJson);
     out += '"';
 }
 
