@@ -2,16 +2,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "platform/CString.h"
 
 namespace fuzz {
 
-/// A file that holds an input, in memory where the system can; one for all inputs of the process.
-/// Returns its path.
-CString WriteInput(const std::uint8_t* data, std::size_t size);
+/// A file in memory that holds an input; one for all inputs of the process. Returns its path.
+CString WriteInput(std::string_view bytes);
 
-/// Lets the messages of the import go nowhere.
-void SilenceMessages();
+/// What the fuzzer hands over, as text.
+std::string_view View(const std::uint8_t* data, std::size_t size);
 
 }  // namespace fuzz

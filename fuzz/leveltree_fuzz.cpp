@@ -2,6 +2,7 @@
 
 #include "InputFile.h"
 #include "leveltree/CECadCls.h"
+#include "support/ScriptedUserInterface.h"
 
 namespace {
 
@@ -20,9 +21,9 @@ std::size_t Visit(const CECadClsLvlArray& levels) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    fuzz::SilenceMessages();
+    test::ScriptedUserInterface user;
     CECadCls tree;
-    tree.m_strFilePath = fuzz::WriteInput(data, size);
+    tree.m_strFilePath = fuzz::WriteInput(fuzz::View(data, size));
     const int result = tree.ReadLevelTree(0);
     volatile std::size_t sum = Visit(*tree.m_pRootLevels);
     (void)sum;

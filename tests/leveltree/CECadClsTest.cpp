@@ -7,6 +7,7 @@
 
 #include "platform/Exceptions.h"
 #include "support/Files.h"
+#include "support/PlainLevels.h"
 #include "support/PlainReader.h"
 #include "support/ScriptedUserInterface.h"
 
@@ -17,25 +18,10 @@ using test::PlainResult;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-PlainLevel Plain(const CECadClsLvl& level) {
-    PlainLevel plain;
-    plain.name = level.m_strName.View();
-    plain.depth = level.m_nDepth;
-    for (const CString& value : level.m_aValues) plain.values.emplace_back(value.View());
-    for (const CECadClsLvl* child : *level.m_pChildren) plain.children.push_back(Plain(*child));
-    return plain;
-}
-
 PlainResult ReadPath(const CString& path, bool stopAtDepthZero = false, int reserved = 0) {
     test::ScriptedUserInterface user;
-    CECadCls tree;
-    tree.m_strFilePath = path;
-    tree.m_bStopAtDepthZero = stopAtDepthZero;
-    PlainResult out;
-    out.result = tree.ReadLevelTree(reserved);
-    out.lineCount = tree.m_nLineCount;
+    PlainResult out = test::ReadAsPlain(path, stopAtDepthZero, reserved);
     for (const std::string& message : user.messages) out.message += message;
-    for (const CECadClsLvl* level : *tree.m_pRootLevels) out.roots.push_back(Plain(*level));
     return out;
 }
 
@@ -399,7 +385,7 @@ TEST(CECadCls, HandsTopLevelLevelsOverAndKeepsNone) {
     CECadCls tree;
     tree.m_strFilePath = directory.Write("part.veka", text);
     std::vector<PlainLevel> levels;
-    EXPECT_EQ(tree.ReadTopLevels(0, [&](CECadClsLvl* level) { levels.push_back(Plain(*level)); }), -1);
+    EXPECT_EQ(tree.ReadTopLevels(0, [&](CECadClsLvl* level) { levels.push_back(test::Plain(*level)); }), -1);
     EXPECT_EQ(levels, test::ReadPlainly(text).roots);
     EXPECT_TRUE(tree.m_pRootLevels->IsEmpty());
     EXPECT_EQ(tree.m_nLineCount, 3);

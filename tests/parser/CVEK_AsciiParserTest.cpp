@@ -6,6 +6,7 @@
 #include <random>
 
 #include "support/Parsing.h"
+#include "support/PlainImport.h"
 #include "support/Records.h"
 #include "support/ScriptedUserInterface.h"
 
@@ -116,33 +117,6 @@ TEST(CVEK_AsciiParser, ImportsEveryRealPart) {
     }
 }
 
-/// The import's procedure as it is laid down: the whole tree first, then its levels in two passes.
-void ImportPlainly(const CString& path, CVEK_AsciiParser& parser) {
-    CECadCls tree;
-    tree.m_strFilePath = path;
-    tree.ReadLevelTree(0);
-    CVEKA_Manager& model = *parser.GetCVEKA_Manager();
-    const auto take = [](auto* field, auto* fresh) {
-        *field = *fresh;
-        delete fresh;
-    };
-    for (CECadClsLvl* level : *tree.m_pRootLevels) {
-        if (level->m_strName != "FONTS") continue;
-        take(model.GetLibFonts(), parser.FontLibParser(level));
-        break;
-    }
-    for (CECadClsLvl* level : *tree.m_pRootLevels) {
-        const CString& keyword = level->m_strName;
-        if (keyword == "VEK") take(model.GetVEK(), parser.VEKParser(level));
-        if (keyword == "COLORTABLE") take(model.GetColorTable(), parser.COLORTABLEParser(level));
-        if (keyword == "PADS") take(model.GetPadArr(), parser.PADParser(level));
-        if (keyword == "PADSTACKS") take(model.GetPadStackArr(), parser.PadStackParser(level));
-        if (keyword == "FOOTPRINTS") take(model.GetFootprintDBArr(), parser.FOOTPRINTParser(level));
-        if (keyword == "NSHAPE") model.GetNShapeArr()->Add(parser.NSHAPEParser(level));
-        if (keyword == "PARTITIONS") take(model.GetPartitionDBArr(), parser.PARTITIONParser(level));
-    }
-}
-
 TEST(CVEK_AsciiParser, ReadsSectionsInAnyOrderAsTheProcedureSays) {
     const char* sections[] = {"(FONTS (FONT (ID 1) (CHARWIDTH 2)))",
                               "(FONTS (FONT (ID 2)))",
@@ -179,7 +153,7 @@ TEST(CVEK_AsciiParser, ReadsSectionsInAnyOrderAsTheProcedureSays) {
                 all.insert(all.end(), user.messages.begin(), user.messages.end());
             };
             run(told[0], [&] { parser.Parser(); });
-            run(told[1], [&] { ImportPlainly(path, plain); });
+            run(told[1], [&] { test::ImportPlainly(path, plain); });
             ASSERT_EQ(told[0], told[1]) << text;
             ASSERT_TRUE(SameButApart(*parser.GetCVEKA_Manager(), *plain.GetCVEKA_Manager())) << text;
         }

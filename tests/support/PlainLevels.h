@@ -3,9 +3,32 @@
 #include <string>
 #include <vector>
 
+#include "leveltree/CECadCls.h"
 #include "support/PlainReader.h"
 
 namespace test {
+
+/// A level of the library's reader as plain data.
+inline PlainLevel Plain(const CECadClsLvl& level) {
+    PlainLevel plain;
+    plain.name = level.m_strName.View();
+    plain.depth = level.m_nDepth;
+    for (const CString& value : level.m_aValues) plain.values.emplace_back(value.View());
+    for (const CECadClsLvl* child : *level.m_pChildren) plain.children.push_back(Plain(*child));
+    return plain;
+}
+
+/// What the library's reader makes of a file, but for the messages.
+inline PlainResult ReadAsPlain(const CString& path, bool stopAtDepthZero = false, int reserved = 0) {
+    CECadCls tree;
+    tree.m_strFilePath = path;
+    tree.m_bStopAtDepthZero = stopAtDepthZero;
+    PlainResult out;
+    out.result = tree.ReadLevelTree(reserved);
+    out.lineCount = tree.m_nLineCount;
+    for (const CECadClsLvl* level : *tree.m_pRootLevels) out.roots.push_back(Plain(*level));
+    return out;
+}
 
 /// The levels at the end of a path of names, in a plainly read tree: what stands in a file, told without the
 /// parser.

@@ -1,0 +1,66 @@
+#include "CheckImport.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "host/Json.h"
+#include "support/PlainImport.h"
+#include "support/ScriptedUserInterface.h"
+
+namespace fuzz {
+
+namespace {
+
+/// Every field of a model, as text.
+std::string Told(const CVEKA_Manager& model) {
+    std::ostringstream out;
+    host::Json(out).Write(model);
+    return out.str();
+}
+
+void Require(bool condition, const char* what) {
+    if (condition) return;
+    std::fprintf(stderr, "not so: %s\n", what);
+    std::abort();
+}
+
+/// Runs an import; returns what it said, messages and exception.
+std::vector<std::string> Run(const std::function<void()>& import) {
+    test::ScriptedUserInterface user;
+    try {
+        import();
+    } catch (const std::exception& error) {
+        user.messages.emplace_back(error.what());
+    }
+    return user.messages;
+}
+
+}  // namespace
+
+void CheckImport(const CString& path) {
+    CVEK_AsciiParser parser, plain;
+    const std::unique_ptr<CVEKA_Manager> model(parser.GetCVEKA_Manager());
+    const std::unique_ptr<CVEKA_Manager> plainModel(plain.GetCVEKA_Manager());
+    parser.SetVEKAsciiFilePath(path);
+    Require(Run([&] { parser.Parser(); }) == Run([&] { test::ImportPlainly(path, plain); }),
+            "the import says what the plain procedure says");
+    parser.SetCVEKA_Manager(nullptr);
+    plain.SetCVEKA_Manager(nullptr);
+
+    const std::string told = Told(*model);
+    Require(told == Told(*plainModel), "the import gives what the plain procedure gives");
+    const std::unique_ptr<CVEKA_Manager> clone(model->Clone());
+    *plainModel = *clone;
+    CVEKA_Manager moved;
+    moved = std::move(*plainModel);
+    Require(told == Told(moved), "a copy of a clone, moved, is the same");
+    Require(told == Told(*model), "to copy a model does not change it");
+}
+
+}  // namespace fuzz
