@@ -74,7 +74,8 @@ def main():
         for (number, column), taken in sorted(branches[name].items()):
             all_sides += 2
             for side, count in zip(("true", "false"), taken):
-                if not count and text[number - 1] not in exceptions[name]:
+                # What the compiler chooses has no other side.
+                if not count and "if constexpr" not in text[number - 1] and text[number - 1] not in exceptions[name]:
                     missed_sides.append(f"{name}:{number}:{column}: never {side}: {text[number - 1]}")
     covered = 100.0 * (1 - len(missed_sides) / all_sides)
     print("\n".join(missed_sides + missed))

@@ -303,4 +303,13 @@ TEST_F(ImportDialog, TheParserCanBeTakenOut) {
     EXPECT_EQ(parser->GetCVEKA_Manager()->GetVEK()->GetPartGeneral()->GetMPN(), "ABC/1");
 }
 
+TEST_F(ImportDialog, AButtonThatItDoesNotHaveDoesNothing) {
+    Fill(dialog);
+    const INT_PTR result = Run(dialog, [](ScriptedWindow& window) {
+        window.Click(4711);
+        EXPECT_TRUE(window.IsOpen());
+    });
+    EXPECT_EQ(result, IDCANCEL);
+}
+
 }  // namespace

@@ -51,4 +51,11 @@ TEST(CECadClsLvl, MadeByItselfOwnsItsChildren) {
     EXPECT_EQ(level->m_pChildren->GetSize(), 2);
 }
 
+TEST(CECadClsLvl, ItsChildrenArePassedOnAsAPointer) {
+    const CECadClsLvl level;
+    CECadClsLvlArray* children = level.m_pChildren;
+    EXPECT_EQ(children, level.m_pChildren.get());
+    EXPECT_EQ(children, &*level.m_pChildren);
+}
+
 }  // namespace

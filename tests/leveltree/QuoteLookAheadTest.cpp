@@ -58,4 +58,16 @@ TEST(QuoteLookAhead, EqualsThemWhereTheIndexBeginsInTheMiddle) {
     for (unsigned seed = 0; seed < 8; ++seed) CompareRandomly(100 + seed, "\")ab", 1 + 3 * seed, seed % 2);
 }
 
+TEST(QuoteLookAhead, ForgetsItsIndexWithTheLine) {
+    veka::QuoteLookAhead lookAhead;
+    for (const std::string line : {"a\"b\")c\"", "\")\"", "a\"b\")c\"", ""}) {
+        lookAhead.StartLine(line, 0);
+        lookAhead.StartString(0);
+        for (size_t quote = 0; quote < line.size(); ++quote) {
+            if (line[quote] != '"') continue;
+            EXPECT_EQ(lookAhead.EndsAt(quote), test::EndsPlainly(line, line.substr(0, quote + 1))) << line;
+        }
+    }
+}
+
 }  // namespace

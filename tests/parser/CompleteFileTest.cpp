@@ -112,4 +112,62 @@ TEST(CompleteFile, GivesTheModelThatWasLookedAtFieldByField) {
     EXPECT_EQ(outline.str(), test::ReadFile(test::ProjectFolder("tests/data/complete.outline")));
 }
 
+/// A tree as text again, with one more level in one of its levels, counted in file order.
+class WithOneMore {
+public:
+    WithOneMore(const CECadClsLvlArray& levels, int place) : m_place(place) { Write(levels, ""); }
+
+    const std::string& Text() const { return m_text; }
+    /// Names down to the level that got one more; empty where there was no such level.
+    const std::string& Path() const { return m_path; }
+
+private:
+    void Write(const CECadClsLvlArray& levels, const std::string& path) {
+        for (const CECadClsLvl* level : levels) {
+            const std::string name(level->m_strName.View());
+            m_text += '(' + name;
+            for (const CString& value : level->m_aValues)
+                m_text += ' ' + (value.IsEmpty() ? "\"\"" : std::string(value.View()));
+            const bool here = m_place-- == 0;
+            if (here) m_path = path + name;
+            Write(*level->m_pChildren, path + name + ' ');
+            if (here) m_text += "(UNHEARDOF 1 2)";
+            m_text += ')';
+        }
+    }
+
+    int m_place;
+    std::string m_text, m_path;
+};
+
+TEST(CompleteFile, ALevelOfAnUnknownNameChangesNothingButWhereAnyNameCounts) {
+    const auto tree = test::ReadTree(test::ReadFile(test::ProjectFolder("tests/data/complete.veka")));
+    const auto told = [](const std::string& text) {
+        std::ostringstream out;
+        host::Outline(out, true).Write(*test::Import(text)->GetCVEKA_Manager());
+        return out.str();
+    };
+    const std::string expected = told(WithOneMore(*tree->m_pRootLevels, -1).Text());
+    std::set<std::string> changed;
+    for (int place = 0;; ++place) {
+        const WithOneMore more(*tree->m_pRootLevels, place);
+        if (more.Path().empty()) break;
+        if (told(more.Text()) != expected) changed.insert(more.Path());
+    }
+    const std::set<std::string> expectedToChange{
+        // Every child is an entry.
+        "COLORTABLE",
+        "VEK PARTGENERAL COMMENT",
+        "VEK LOGICSYMBOLS SYMBOL COMMENT",
+        "VEK LOGICSYMBOLS SYMBOL PARTITION COMMENT",
+        "PARTITIONS PARTITION COMMENT",
+        "PARTITIONS PARTITION PARTITIONPINS PARTITIONPIN COMMENT",
+        // A name that nobody knows is the type's.
+        "VEK ELECTRICAL PASSIVEVALUE",
+        // The last child with values decides whether the size is checked.
+        "VEK PACKAGES PACKAGE MOUNTDATA BODYSIZE",
+    };
+    EXPECT_EQ(changed, expectedToChange);
+}
+
 }  // namespace

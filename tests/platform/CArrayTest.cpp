@@ -162,4 +162,31 @@ TEST(CArray, AViewShowsElementsAndCannotGrow) {
     EXPECT_THROW(view.Add(4), CInvalidArgException) << "it stays a view";
 }
 
+TEST(CArray, KnowsWhenItIsNotConsistent) {
+    struct Broken : CArrayN {
+        using CArrayN::m_nSize;
+    };
+    Broken array;
+    array.SetSize(3);
+    EXPECT_NO_THROW(array.AssertValid());
+    array.m_nSize = -1;
+    EXPECT_THROW(array.AssertValid(), CInvalidArgException);
+    array.m_nSize = 1000;
+    EXPECT_THROW(array.AssertValid(), CInvalidArgException);
+    array.m_nSize = 3;
+
+    Broken empty;
+    empty.m_nSize = 1;
+    EXPECT_THROW(empty.AssertValid(), CInvalidArgException);
+    empty.m_nSize = 0;
+}
+
+TEST(CArray, RemovesNoNegativeRange) {
+    CArrayN array;
+    array.SetSize(3);
+    EXPECT_THROW(array.RemoveAt(-1), CInvalidArgException);
+    EXPECT_THROW(array.RemoveAt(0, -1), CInvalidArgException);
+    EXPECT_EQ(array.GetSize(), 3);
+}
+
 }  // namespace

@@ -146,4 +146,14 @@ TEST_F(DialogTest, APlainDialogEndsOnOk) {
     EXPECT_EQ(CDialog(4242, &parent).DoModal(), IDOK);
 }
 
+TEST_F(DialogTest, AfterAnExceptionItsWindowIsNotListenedToAnyMore) {
+    dialog.fail = true;
+    user.script = [&](test::ScriptedWindow& window) {
+        window.Click(kButton);
+        window.SetText(kEdit, "typed");
+        EXPECT_THAT(dialog.changed, testing::IsEmpty());
+    };
+    EXPECT_THROW(dialog.DoModal(), std::runtime_error);
+}
+
 }  // namespace

@@ -145,4 +145,23 @@ TEST(CStringArray, HasASizeBelowTwoToThe31) {
     EXPECT_EQ(array.GetSize(), 0);
 }
 
+TEST(CStringArray, RemovesNoNegativeRange) {
+    CStringArray array;
+    array.SetSize(3);
+    EXPECT_THROW(array.RemoveAt(-1), CInvalidArgException);
+    EXPECT_THROW(array.RemoveAt(0, -1), CInvalidArgException);
+    EXPECT_EQ(array.GetSize(), 3);
+}
+
+TEST(CStringArray, DiffersInItsSizeOrInAString) {
+    CStringArray array, longer, other;
+    array.Add("a");
+    longer.Add("a");
+    longer.Add("b");
+    other.Add("c");
+    EXPECT_FALSE(array == longer);
+    EXPECT_FALSE(array == other);
+    EXPECT_TRUE(array == array);
+}
+
 }  // namespace

@@ -240,4 +240,14 @@ TEST(CString, TakesNoTextBeyondItsLength) {
     EXPECT_THROW(CString(std::string_view("a", length)), std::length_error);
 }
 
+TEST(CString, ComparesAShortTextWithALongOneAndFindsNoNullPointer) {
+    const CString shorter("short"), longer("a text of more than fourteen bytes");
+    EXPECT_FALSE(shorter == longer);
+    EXPECT_FALSE(longer == shorter);
+    EXPECT_EQ(shorter.Find(static_cast<const char*>(nullptr)), 0) << "as the empty text";
+    CString text("abc");
+    EXPECT_THROW(text.SetAt(-1, 'x'), CInvalidArgException);
+    EXPECT_THROW(text.SetAt(3, 'x'), CInvalidArgException);
+}
+
 }  // namespace

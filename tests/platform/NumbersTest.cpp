@@ -110,4 +110,13 @@ TEST(ToDouble, EqualsTheStandardLibraryOnDecimalsOfAnyLength) {
     }
 }
 
+TEST(ToDouble, TakesAnExponentWithAPlusAndOneAtTheEndOfTheText) {
+    EXPECT_EQ(ToDouble("1e+400"), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(ToDouble("1E400"), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(ToDouble("1e400x"), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(ToDouble(std::string(400, '9') + "e"), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(ToDouble(std::string(400, '9') + "x"), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(ToDouble(std::string(400, '9') + ".1.2"), std::numeric_limits<double>::infinity());
+}
+
 }  // namespace

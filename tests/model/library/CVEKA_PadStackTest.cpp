@@ -57,4 +57,14 @@ TEST(CVEKA_PadStackArray, CopiesItsNamesToo) {
     EXPECT_THAT(Names(moved), ElementsAre());
 }
 
+TEST(CVEKA_PadStackArray, MovingItToItselfKeepsItAndACopyDropsNulls) {
+    CVEKA_PadStackArray array;
+    array.Add(std::make_unique<CVEKA_PadStack>());
+    array.SetSize(2);
+    CVEKA_PadStackArray& same = array;
+    array = std::move(same);
+    EXPECT_EQ(array.GetSize(), 2);
+    EXPECT_EQ(CVEKA_PadStackArray(array).GetSize(), 1);
+}
+
 }  // namespace

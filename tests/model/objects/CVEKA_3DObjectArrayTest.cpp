@@ -120,4 +120,12 @@ TEST(CVEKA_3DObjectArray, EveryKindThatHoldsObjectsLosesItsNullsInAMove) {
 
 VEKA_TEST_ARRAY(CVEKA_3DObjectArray)
 
+TEST(CVEKA_3DObjectArray, MovingItToItselfKeepsIt) {
+    CVEKA_3DObjectArray array;
+    array.Add(Cuboid());
+    CVEKA_3DObjectArray& same = array;
+    array = std::move(same);
+    EXPECT_EQ(array.GetSize(), 1);
+}
+
 }  // namespace

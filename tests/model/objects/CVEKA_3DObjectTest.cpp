@@ -84,4 +84,18 @@ TEST(CVEKA_3DObject, ItsNumberCanBeSet) {
     EXPECT_EQ(copy.CVEKA_3DObject::GetType(), 99);
 }
 
+TEST(CVEKA_3DObject, InitGivesItItsDefaultsAgain) {
+    struct Opened : CVEKA_3DObject {
+        using CVEKA_3DObject::Init;
+    };
+    Opened object;
+    object.SetType(5);
+    object.GetColor()->SetRed(7);
+    object.GetPoint()->SetX(8);
+    object.Init();
+    EXPECT_EQ(object.GetType(), CVEKA_3DObject().GetType());
+    EXPECT_EQ(object.GetColor()->GetRed(), 0);
+    EXPECT_EQ(object.GetPoint()->GetX(), 0);
+}
+
 }  // namespace
