@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "dialog/ImportDialogTemplate.h"
 #include "support/Files.h"
 #include "support/ScriptedUserInterface.h"
@@ -46,6 +48,52 @@ TEST_F(ImportedPart, WithoutANumberHasNoPlaceInALibrary) {
         host::RunImportDialog(directory.Write("none.veka", "(VEK)"), directory / "");
     ASSERT_TRUE(part);
     EXPECT_THROW(host::Store(*part), host::NoPartNumber);
+}
+
+TEST_F(ImportedPart, StaysInItsLibraryWhateverItsNumberIs) {
+    std::filesystem::create_directory(directory.Path() / "library");
+    const CString library = directory / "library";
+    std::string allBytes;
+    for (int byte = 1; byte < 256; ++byte)
+        if (byte != '"' && byte != '\n' && byte != '\r') allBytes += static_cast<char>(byte);
+    const std::vector<std::string> numbers{std::string(300, 'x'),
+                                           std::string(5000, '/'),
+                                           ".",
+                                           "..",
+                                           "../..",
+                                           "/",
+                                           "/etc/passwd",
+                                           "a/../../b",
+                                           "C:\\Windows",
+                                           "CON",
+                                           "nul.txt",
+                                           "LPT1",
+                                           ".veka-lock",
+                                           ".veka-old-x",
+                                           "-rf",
+                                           "a\x01\x02\x1b[2J",
+                                           "name ",
+                                           "name.",
+                                           "\xff\xfe\xc0\xaf",
+                                           allBytes};
+    user.script = [](test::ScriptedWindow& window) { window.Click(IDOK); };
+    std::set<std::string> names;
+    for (const std::string& number : numbers) {
+        const CString source = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN \"" + number + "\")))");
+        const std::optional<host::ImportedPart> part = host::RunImportDialog(source, library);
+        ASSERT_TRUE(part) << number;
+        const std::string name(host::Store(*part).View());
+        EXPECT_TRUE(names.insert(name).second) << number << " takes the place of another part";
+        EXPECT_LE(name.size(), 255u);
+        EXPECT_EQ(name.find_first_of("/\\:"), std::string::npos) << name;
+        EXPECT_TRUE(std::filesystem::exists(directory.Path() / "library" / name / "part.veka")) << name;
+    }
+    names.insert(".veka-lock");
+    std::set<std::string> there;
+    for (const auto& entry : std::filesystem::directory_iterator(directory.Path() / "library"))
+        there.insert(entry.path().filename());
+    EXPECT_EQ(there, names);
+    EXPECT_EQ(directory.Names(), (std::vector<std::string>{"library", "part.veka"})) << "nothing beside it";
 }
 
 }  // namespace
