@@ -10,8 +10,8 @@
 
 namespace fuzz {
 
-/// Makes files of the right shape out of a fuzzer's bytes: each level is one that a model file has at that place,
-/// left out, repeated, or with other values.
+/// Makes files of the right shape out of a fuzzer's bytes: each level is one that a model file has at that
+/// place, left out, repeated, or with other values.
 class Grammar {
 public:
     /// Takes the shapes from files that together have every level.

@@ -1,5 +1,5 @@
-// Any bytes through the level reader and through the plain procedure; what they give must be the same. The first
-// byte chooses the reader's options.
+// Any bytes through the level reader and through the plain procedure; what they give must be the same. The
+// first byte chooses the reader's options.
 
 #include <cstdio>
 #include <cstdlib>

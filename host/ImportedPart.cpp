@@ -28,7 +28,7 @@ void RequirePartNumber(const ImportedPart& part) {
 
 CString Store(const ImportedPart& part) {
     RequirePartNumber(part);
-    const CString name = SBUtility::GetInstance().EncodeEntityCode(part.Mpn());
+    CString name = SBUtility::GetInstance().EncodeEntityCode(part.Mpn());
     PartLibrary(veka::ToPath(part.library)).Store(std::string(name.View()), veka::ToPath(part.file));
     return name;
 }

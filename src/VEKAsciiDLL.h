@@ -12,5 +12,7 @@
 #include "parser/CInvalidAccessException.h"
 #include "parser/CVEK_AsciiParser.h"
 #include "platform/CDialog.h"
+#include "platform/ExtensionModule.h"
 #include "platform/SBUtility.h"
 #include "platform/UserInterface.h"
+#include "platform/Version.h"

@@ -69,7 +69,7 @@ public:
         auto* memory = pages.Take<std::byte>(sizeof(CECadClsLvl) + values.size_bytes());
         auto* run = reinterpret_cast<CString*>(memory + sizeof(CECadClsLvl));
         for (std::size_t i = 0; i < values.size(); ++i)
-            std::memcpy(static_cast<void*>(run + i), &values[i], sizeof(CString));
+            std::memcpy(static_cast<void*>(run + i), static_cast<const void*>(&values[i]), sizeof(CString));
         return new (memory)
             CECadClsLvl(depth, std::move(name), {run, values.size()}, MakeChildren(pages, children));
     }

@@ -8,7 +8,7 @@ namespace {
 
 // Pages of this size come from the allocator's own store. Larger ones would be fetched from the system each
 // time, and fresh memory costs more than reading.
-constexpr std::size_t kPage = 64 * 1024;
+constexpr std::size_t kPage = std::size_t{64} * 1024;
 
 }  // namespace
 

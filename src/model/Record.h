@@ -307,7 +307,7 @@ public:                                   \
 public:                                                                                            \
     Array() = default;                                                                             \
     Array(const Array& other) : CExPtrArray() {                                                    \
-        Append(other);                                                                             \
+        Array::Append(other);                                                                      \
     }                                                                                              \
     Array(Array&& other) noexcept {                                                                \
         Swap(other);                                                                               \

@@ -39,7 +39,7 @@ public:
     /// Appends an element and takes it over, also where the appending fails.
     INT_PTR Add(std::unique_ptr<Element> element) {
         const INT_PTR index = Base::Add(element.get());
-        element.release();
+        (void)element.release();
         return index;
     }
     INT_PTR Add(ARG_TYPE element) { return Base::Add(element); }

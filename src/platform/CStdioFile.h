@@ -5,13 +5,12 @@
 #include <string_view>
 
 #include "platform/CString.h"
-#include "platform/Export.h"
 
 /// A text file, read line by line.
 ///
 /// A line ends at a line feed, and one carriage return directly before it is dropped with it. Every
 /// other byte belongs to the line, the zero byte too. A last line without a line feed is a line.
-class VEKA_API CStdioFile {
+class CStdioFile {
 public:
     /// Opens a file for reading; false if that fails or if the path is a directory's.
     bool Open(const CString& path);

@@ -2,17 +2,15 @@
 
 #include <string_view>
 
-#include "platform/Export.h"
-
 namespace veka {
 
 /// White space, an optional sign and decimal digits; reading stops at the first other byte. Without a
 /// digit it is 0. Digits that do not fit wrap around modulo 2^32, so every text gives a defined number.
-VEKA_API int ToInt(std::string_view text) noexcept;
+int ToInt(std::string_view text) noexcept;
 
 /// White space, an optional sign, digits with at most one point and an optional exponent; the longest
 /// such prefix counts, without one it is 0. Correctly rounded, with a decimal point in every locale.
 /// Neither hexadecimal nor "inf" nor "nan" is a number. Too large gives infinity, too small gives 0.
-VEKA_API double ToDouble(std::string_view text) noexcept;
+double ToDouble(std::string_view text) noexcept;
 
 }  // namespace veka

@@ -164,8 +164,8 @@ TEST(OutOfMemory, ATreeRaisesAndItsReaderCanReadAgain) {
 TEST(OutOfMemory, CloningAndCopyingAModelRaiseAndLeaveWholeRecords) {
     const auto model = Import(Parts()[0]);
     const std::string told = Told(*model);
-    size_t failures = FailEachAllocation([&] { delete model->Clone(); },
-                                         [&] { ASSERT_TRUE(Told(*model) == told); });
+    size_t failures =
+        FailEachAllocation([&] { delete model->Clone(); }, [&] { ASSERT_TRUE(Told(*model) == told); });
     EXPECT_GT(failures, 100u);
 
     std::unique_ptr<CVEKA_Manager> target;
@@ -196,8 +196,12 @@ TEST(OutOfMemory, AStringAndItsArraysKeepWhatTheyHeld) {
     CArrayN numbers;
     FailEachAllocation([&] { CString(string) += "and more of it, so that it has to grow"; },
                        [&] { ASSERT_EQ(string, text); });
-    FailEachAllocation([&] { CString copy = string; copy.Replace("e", "a longer text than it was"); },
-                       [&] { ASSERT_EQ(string, text); });
+    FailEachAllocation(
+        [&] {
+            CString copy = string;
+            copy.Replace("e", "a longer text than it was");
+        },
+        [&] { ASSERT_EQ(string, text); });
     FailEachAllocation(
         [&] {
             for (int i = 0; i < 40; ++i) strings.Add(text);

@@ -4,7 +4,10 @@
 
 #include <functional>
 #include <random>
+#include <sstream>
 
+#include "host/Json.h"
+#include "host/Outline.h"
 #include "support/Parsing.h"
 #include "support/PlainImport.h"
 #include "support/Records.h"
@@ -172,6 +175,32 @@ TEST(CVEK_AsciiParser, AFailedSectionLeavesThoseBeforeItAndTheFontsBehindIt) {
     EXPECT_EQ(parser.GetCVEKA_Manager()->GetNShapeArr()->GetSize(), 1);
     EXPECT_EQ(parser.GetCVEKA_Manager()->GetLibFonts()->GetSize(), 1);
     EXPECT_EQ(user.messages.size(), 1u) << "the file is read to its end";
+}
+
+TEST(CVEK_AsciiParser, ObjectsNestedToTheLimitAreClonedPrintedAndDestroyed) {
+    const std::string open = "(COMPOSITE ", inner = "(PT 1 2)";
+    std::string text = "(PADS (PAD (CAMLAYERDRAWOBJS ";
+    for (int depth = 3; depth < 19; ++depth) text += open;
+    text += inner;
+    text += std::string(19, ')');
+    test::ScriptedUserInterface user;
+    const auto parser = Import(text);
+    EXPECT_TRUE(user.messages.empty());
+    const std::unique_ptr<CVEKA_Manager> clone(parser->GetCVEKA_Manager()->Clone());
+    CVEKA_Manager moved;
+    moved = std::move(*parser->GetCVEKA_Manager());
+    std::ostringstream printed, printedClone, json;
+    host::Outline(printed, true).Write(moved);
+    host::Outline(printedClone, true).Write(*clone);
+    host::Json(json).Write(moved);
+    EXPECT_EQ(printed.str(), printedClone.str());
+    size_t count = 0;
+    for (size_t at = 0; (at = json.str().find("\"COMPOSITE\"", at)) != std::string::npos; ++at) ++count;
+    EXPECT_EQ(count, 16u);
+
+    text.insert(text.find(inner), open);
+    Import(text);
+    EXPECT_EQ(user.messages.size(), 1u) << "one deeper is the brace error";
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ void CVEKA_PadStack::AddStandardizationPadName(CVEKA_Padstack_LayerInfo* layer) 
 }
 
 CVEKA_PadStackArray::CVEKA_PadStackArray(const CVEKA_PadStackArray& other) : CExPtrArray() {
-    Append(other);
+    CVEKA_PadStackArray::Append(other);
 }
 
 CVEKA_PadStackArray::CVEKA_PadStackArray(CVEKA_PadStackArray&& other) noexcept {

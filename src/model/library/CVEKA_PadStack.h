@@ -24,6 +24,7 @@ public:
         names.Copy(StandardizationPadNames.Names());
     }
     /// Adds a name that is not there yet.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): by value for every host that calls it
     void AddStandardizationPadName(CString name) { StandardizationPadNames.Add(name); }
 
 private:
@@ -51,6 +52,7 @@ public:
         names.Copy(StandardizationPadNames.Names());
     }
     /// Adds a name that is not there yet.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): by value for every host that calls it
     void AddStandardizationPadName(CString name) { StandardizationPadNames.Add(name); }
     /// Adds the names of a layer, in their order. Null raises `CInvalidArgException`.
     void AddStandardizationPadName(CVEKA_Padstack_LayerInfo* layer);

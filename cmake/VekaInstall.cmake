@@ -1,0 +1,73 @@
+# What `cmake --install` puts where, in components: runtime, development, qt, solids, host.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/VEKAsciiDLL)
+set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/VEKAsciiDLL)
+
+# Installs some headers and every one of the project that they include, and nothing else: what a host can see is what
+# it may use.
+#   veka_install_headers(<component> <header, as it is included>...)
+function(veka_install_headers component)
+    set(open ${ARGN})
+    get_property(done GLOBAL PROPERTY VEKA_INSTALLED_HEADERS)
+    while(open)
+        list(POP_FRONT open header)
+        if(header IN_LIST done)
+            continue()
+        endif()
+        list(APPEND done ${header})
+        foreach(root src ui .)
+            if(EXISTS ${PROJECT_SOURCE_DIR}/${root}/${header})
+                set(path ${PROJECT_SOURCE_DIR}/${root}/${header})
+                break()
+            endif()
+        endforeach()
+        cmake_path(GET header PARENT_PATH folder)
+        install(FILES ${path} DESTINATION ${header_folder}/${folder} COMPONENT ${component})
+        file(STRINGS ${path} includes REGEX "^#include \"")
+        list(TRANSFORM includes REPLACE "^#include \"([^\"]*)\".*" "\\1")
+        list(APPEND open ${includes})
+    endwhile()
+    set_property(GLOBAL PROPERTY VEKA_INSTALLED_HEADERS "${done}")
+endfunction()
+
+veka_install_headers(development VEKAsciiDLL.h)
+install(TARGETS VEKAsciiDLL VEKAsciiDLL_static EXPORT VEKAsciiDLLTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+install(EXPORT VEKAsciiDLLTargets NAMESPACE VEKAscii:: DESTINATION ${package_folder} COMPONENT development)
+
+# The windows and the solids: a target and a component of the CMake package each.
+foreach(part Qt Solids)
+    if(TARGET VEKAscii${part})
+        string(TOLOWER ${part} component)
+        install(TARGETS VEKAscii${part} EXPORT VEKAscii${part}Targets
+                ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${component})
+        install(EXPORT VEKAscii${part}Targets NAMESPACE VEKAscii:: DESTINATION ${package_folder} COMPONENT ${component})
+    endif()
+endforeach()
+if(TARGET VEKAsciiQt)
+    veka_install_headers(qt qt/QtUserInterface.h)
+endif()
+if(TARGET VEKAsciiSolids)
+    veka_install_headers(solids geometry/SolidFiles.h)
+endif()
+
+configure_package_config_file(cmake/VEKAsciiDLLConfig.cmake.in VEKAsciiDLLConfig.cmake
+                              INSTALL_DESTINATION ${package_folder})
+write_basic_package_version_file(VEKAsciiDLLConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/VEKAsciiDLLConfig.cmake ${PROJECT_BINARY_DIR}/VEKAsciiDLLConfigVersion.cmake
+        DESTINATION ${package_folder} COMPONENT development)
+
+# From the folder of the .pc file up to the prefix, so that the prefix can be moved.
+file(RELATIVE_PATH prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" prefix_from_pc "${prefix_from_pc}")
+configure_file(cmake/VEKAsciiDLL.pc.in VEKAsciiDLL.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/VEKAsciiDLL.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+
+if(TARGET veka-host)
+    file(RELATIVE_PATH lib_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
+    set_target_properties(veka-host PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
+    install(TARGETS veka-host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT host)
+endif()

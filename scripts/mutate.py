@@ -1,0 +1,134 @@
+"""Compiles changed copies of source files into the tests: mutate.py NUMBER (0 for all)
+
+A change flips a comparison, a logical operator, a constant or a step, or drops a statement. It counts as noticed where a
+test fails or does not end; a change that does not compile does not count.
+"""
+
+import concurrent.futures
+import json
+import os
+import re
+import shlex
+import subprocess
+import sys
+import tempfile
+
+BUILD = "build/mutants"
+# Each file with the tests that are there for it.
+FILES = {
+    "src/leveltree/CECadCls.cpp": "CECadCls*:CVEK_AsciiParser*:CompleteFile.Gives*",
+    "src/leveltree/QuoteLookAhead.cpp": "QuoteLookAhead*:CECadCls*",
+    "src/parser/package.cpp": "*Parser.*:CompleteFile.Gives*",
+}
+MINIMUM = 90.0
+FLIPS = [
+    (r"==", "!="), (r"!=", "=="), (r" < ", " <= "), (r" <= ", " < "), (r" > ", " >= "), (r" >= ", " > "),
+    (r"&&", "||"), (r"\|\|", "&&"), (r"\btrue\b", "false"), (r"\bfalse\b", "true"), (r"\+ 1\b", "+ 2"), (r"- 1\b", "- 2"),
+    (r"\+\+(?=\w)", "--"), (r"--(?=\w)", "++"), (r"(?<=return )0(?=;)", "1"), (r"(?<=return )-1(?=;)", "0"),
+]
+STATEMENT = re.compile(r"^\s*(?!return|using|namespace|constexpr|static|const |auto|struct|class|break|continue|case|default)"
+                       r"[\w:.>*\[\]()-]+(\(| [-+|&]?= |\+\+).*;\s*(//.*)?$")
+
+
+def split_guarded(line):
+    """The head of `if (...) statement;` and whether there is one, with the parentheses counted."""
+    match = re.match(r"\s*(?:else )?(?:if|for|while) \(", line)
+    if not match:
+        return None
+    depth = 1
+    for i in range(match.end(), len(line)):
+        depth += {"(": 1, ")": -1}.get(line[i], 0)
+        if depth == 0:
+            rest = line[i + 1:].strip()
+            return line[:i + 1] if rest.endswith(";") and not rest.startswith("return") else None
+    return None
+
+
+def changes(lines):
+    """Pairs of a line number and its changed text."""
+    for number, line in enumerate(lines):
+        code = line.split("//")[0].rstrip()
+        if not code.strip() or code.lstrip().startswith(("#", "static_assert", "using", "*", "template")):
+            continue
+        for pattern, other in FLIPS:
+            for match in re.finditer(pattern, code):
+                if code[:match.start()].count('"') % 2 == 0:
+                    yield number, code[:match.start()] + other + code[match.end():]
+        head = split_guarded(code)
+        if head:
+            yield number, head + " {}"
+        elif STATEMENT.match(line) and lines[number - 1].split("//")[0].rstrip().endswith(("{", "}", ";", ":", "")):
+            previous = lines[number - 1].split("//")[0].rstrip()
+            if not previous or previous.endswith(("{", "}", ";", ":")):
+                yield number, ""
+
+
+class Tester:
+    def __init__(self):
+        with open(BUILD + "/compile_commands.json") as file:
+            self.commands = {os.path.relpath(entry["file"]): entry for entry in json.load(file)}
+        commands = subprocess.run(["ninja", "-C", BUILD, "-t", "commands", "veka_tests"], capture_output=True, text=True,
+                                  check=True).stdout.strip().split("\n")
+        link = commands[-1].removeprefix(": && ").split(" && ")[0]
+        self.link = shlex.split(link)
+
+    def is_noticed(self, name, lines, number, text):
+        """True where a test fails; None where the change does not compile."""
+        with tempfile.TemporaryDirectory() as folder:
+            source, made, program = folder + "/changed.cpp", folder + "/changed.o", folder + "/tests"
+            with open(source, "w") as file:
+                file.write("\n".join(lines[:number] + [text] + lines[number + 1:]) + "\n")
+            entry = self.commands[name]
+            command = shlex.split(entry["command"])
+            command[command.index("-c") + 1] = source
+            command[command.index("-o") + 1] = made
+            command = [part for part in command if not part.startswith("-W")] + ["-w"]
+            if subprocess.run(command, cwd=entry["directory"], capture_output=True).returncode != 0:
+                return None
+            link = list(self.link)
+            link[link.index("-o") + 1] = program
+            link.insert(link.index("-o"), made)  # before the library, whose own copy is then left out
+            if subprocess.run(link, cwd=BUILD, capture_output=True).returncode != 0:
+                return None
+            try:
+                run = subprocess.run([program, "--gtest_brief=1", "--gtest_fail_fast", "--gtest_filter=" + FILES[name]],
+                                     capture_output=True, timeout=120, preexec_fn=limit_memory)
+            except subprocess.TimeoutExpired:
+                return True
+            return run.returncode != 0
+
+
+def limit_memory():
+    import resource
+    resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
+
+
+def main():
+    number_wanted = int(sys.argv[1])
+    tester = Tester()
+    todo = []
+    for name in FILES:
+        with open(name) as file:
+            lines = file.read().split("\n")
+        todo += [(name, lines, number, text) for number, text in changes(lines)]
+    if number_wanted and number_wanted < len(todo):
+        step = len(todo) / number_wanted
+        todo = [todo[int(i * step)] for i in range(number_wanted)]
+    noticed = {name: [0, 0] for name in FILES}
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for change, result in zip(todo, pool.map(lambda one: tester.is_noticed(*one), todo)):
+            name, lines, number, text = change
+            if result is None:
+                continue
+            noticed[name][0] += result
+            noticed[name][1] += 1
+            if not result:
+                print(f"{name}:{number + 1}: not noticed\n    - {lines[number].strip()}\n    + {text.strip()}", flush=True)
+    caught, tried = (sum(counts) for counts in zip(*noticed.values()))
+    for name, counts in noticed.items():
+        print(f"{name}: {counts[0]} of {counts[1]} noticed")
+    print(f"{100.0 * caught / tried:.1f} % of {tried} changes noticed")
+    return 0 if 100.0 * caught / tried >= MINIMUM else 1
+
+
+sys.exit(main())
