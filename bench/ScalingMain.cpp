@@ -72,8 +72,7 @@ const std::vector<Dimension> kDimensions = {
      }},
     {"objects", 50'000,
      [](int n) {
-         return "(PADS (PAD (CAMLAYERDRAWOBJS\n" +
-                Repeat(n, [](int) { return "(FILLCIRCLE (PT 1 2 3) (D 0.5))\n"; }) + ")))";
+         return "(PADS (PAD\n" + Repeat(n, [](int) { return "(FILLCIRCLE (PT 1 2 3) (D 0.5))\n"; }) + "))";
      }},
     {"padstacks with pads of their own", 30'000,
      [](int n) {
@@ -98,10 +97,10 @@ const std::vector<Dimension> kLimits = {
      [](int n) { return Repeat(n, [](int) { return "(NSHAPE (NAME N))\n"; }); }},
     {"a million repeats of a keyword", 500'000,
      [](int n) { return "(VEK (PARTGENERAL\n" + Repeat(n, [](int) { return "(MPN A)\n"; }) + "))"; }},
-    {"a million objects in one another's list", 500'000,
+    {"a million objects in one drawing", 500'000,
      [](int n) {
-         return "(PADS (PAD (CAMLAYERDRAWOBJS (COMPOSITE\n" +
-                Repeat(n, [](int) { return "(FILLCIRCLE (PT 1 2 3) (D 0.5))\n"; }) + "))))";
+         return "(PADS (PAD (COMPOSITE\n" +
+                Repeat(n, [](int) { return "(FILLCIRCLE (PT 1 2 3) (D 0.5))\n"; }) + ")))";
      }},
 };
 

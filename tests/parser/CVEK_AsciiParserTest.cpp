@@ -179,8 +179,8 @@ TEST(CVEK_AsciiParser, AFailedSectionLeavesThoseBeforeItAndTheFontsBehindIt) {
 
 TEST(CVEK_AsciiParser, ObjectsNestedToTheLimitAreClonedPrintedAndDestroyed) {
     const std::string open = "(COMPOSITE ", inner = "(PT 1 2)";
-    std::string text = "(PADS (PAD (CAMLAYERDRAWOBJS ";
-    for (int depth = 3; depth < 19; ++depth) text += open;
+    std::string text = "(PADS (PAD ";
+    for (int depth = 3; depth < 20; ++depth) text += open;
     text += inner;
     text += std::string(19, ')');
     test::ScriptedUserInterface user;
@@ -196,7 +196,7 @@ TEST(CVEK_AsciiParser, ObjectsNestedToTheLimitAreClonedPrintedAndDestroyed) {
     EXPECT_EQ(printed.str(), printedClone.str());
     size_t count = 0;
     for (size_t at = 0; (at = json.str().find("\"COMPOSITE\"", at)) != std::string::npos; ++at) ++count;
-    EXPECT_EQ(count, 16u);
+    EXPECT_EQ(count, 17u);
 
     text.insert(text.find(inner), open);
     Import(text);
