@@ -68,6 +68,11 @@ install(FILES ${PROJECT_BINARY_DIR}/VEKAsciiDLL.pc DESTINATION ${CMAKE_INSTALL_L
 
 if(TARGET veka-host)
     file(RELATIVE_PATH lib_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
-    set_target_properties(veka-host PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
+    # Under /usr the system finds the library by itself.
+    if(NOT CMAKE_INSTALL_PREFIX STREQUAL /usr)
+        set_target_properties(veka-host PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
+    endif()
     install(TARGETS veka-host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT host)
 endif()
+
+include(${CMAKE_CURRENT_LIST_DIR}/VekaPackages.cmake)

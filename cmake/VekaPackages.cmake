@@ -1,0 +1,58 @@
+# Debian packages by `cpack`, one for each component of the installation; scripts/packages makes and tests them.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_CONTACT "VEKAsciiDLL developers <developers@vekasciidll.invalid>")
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+set(CPACK_COMPONENTS_ALL runtime development host)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "reader of VEK ASCII part data files")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/bin)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+
+# One package: its component, name, section, what it needs besides what the linker finds, and a text about it.
+macro(veka_package component name section depends description)
+    string(TOUPPER ${component} upper)
+    set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${name})
+    set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION ${section})
+    set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "${depends}")
+    set(CPACK_COMPONENT_${upper}_DESCRIPTION "${description}")
+    # What every package brings along for the person who meets it.
+    install(FILES ${PROJECT_SOURCE_DIR}/cmake/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name}
+            COMPONENT ${component})
+    install(FILES ${PROJECT_BINARY_DIR}/changelog.Debian.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name}
+            COMPONENT ${component})
+endmacro()
+
+file(WRITE ${PROJECT_BINARY_DIR}/changelog.Debian
+     "vekasciidll (${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}) stable; urgency=medium\n\n"
+     "  * Release ${PROJECT_VERSION}; CHANGELOG.md tells what is new.\n\n"
+     " -- ${CPACK_PACKAGE_CONTACT}  Sat, 21 Nov 2026 12:00:00 +0000\n")
+execute_process(COMMAND gzip -9nkf ${PROJECT_BINARY_DIR}/changelog.Debian)
+execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/docs/veka-host.1 OUTPUT_FILE ${PROJECT_BINARY_DIR}/veka-host.1.gz)
+install(FILES ${PROJECT_BINARY_DIR}/veka-host.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT host)
+
+set(exactly "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+veka_package(runtime libvekasciidll1 libs ""
+             "Imports one electronic part from a VEK ASCII part data file into a\nmodel of records.")
+file(WRITE ${PROJECT_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/triggers)
+veka_package(development libvekasciidll-dev libdevel "libvekasciidll1 ${exactly}"
+             "Headers, the static library, the CMake package and the pkg-config file.")
+veka_package(host veka-host electronics "libvekasciidll1 (>= ${PROJECT_VERSION})"
+             "Imports, prints, stores and shows parts: in a window, on a terminal or\nunattended.")
+if(TARGET VEKAsciiQt)
+    list(APPEND CPACK_COMPONENTS_ALL qt)
+    veka_package(qt libvekasciidll-qt-dev libdevel "libvekasciidll-dev ${exactly}, qt6-base-dev"
+                 "The import dialog, its messages and pickers as Qt windows, for programs\nthat link the library.")
+endif()
+if(TARGET VEKAsciiSolids)
+    list(APPEND CPACK_COMPONENTS_ALL solids)
+    veka_package(solids libvekasciidll-solids-dev libdevel
+                 "libvekasciidll-dev ${exactly}, libocct-data-exchange-dev, libocct-ocaf-dev, libocct-visualization-dev"
+                 "Makes solids of bodies and leads, and STEP and glTF files of them, by\nOpenCASCADE.")
+endif()
+include(CPack)
