@@ -154,6 +154,8 @@ TEST(CECadCls, TheChunkOfALaterEscapedQuoteIsLonger) {
 
 TEST(CECadCls, ABackslashThatIsATrailByteEscapesNothing) {
     EXPECT_THAT(ValuesOf("(N \"\x83\\\" x)"), ElementsAre("\x83\\", "x"));
+    EXPECT_THAT(ValuesOf("(N \"\x80\\\" x)"), ElementsAre("\x80\\", "x")) << "from 128 on";
+    EXPECT_THAT(ValuesOf("(N \"\xff\\\" x)"), ElementsAre("\xff\\", "x"));
 }
 
 TEST(CECadCls, ABackslashBehindAWholeDoubleByteCharacterEscapes) {
