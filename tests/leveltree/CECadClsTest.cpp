@@ -402,4 +402,16 @@ TEST(CECadCls, AnExceptionOfWhoTakesTheLevelsEndsTheRead) {
     EXPECT_EQ(taken, 1);
 }
 
+TEST(CECadCls, CountsTheLinesOfEachReadAnewAndKeepsTheLevelsOfTheFormer) {
+    const test::TemporaryDirectory directory;
+    CECadCls tree;
+    tree.m_strFilePath = directory.Write("one", "(A)\n\n\n(B)\n");
+    tree.ReadLevelTree(0);
+    EXPECT_EQ(tree.m_nLineCount, 4);
+    tree.m_strFilePath = directory.Write("two", "(C)\n");
+    tree.ReadLevelTree(0);
+    EXPECT_EQ(tree.m_nLineCount, 1);
+    EXPECT_EQ(tree.m_pRootLevels->GetSize(), 3);
+}
+
 }  // namespace
