@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr size_t kBlock = 64 * 1024;
+constexpr size_t kBlock = size_t{64} * 1024;
 
 std::FILE* OpenForReading(const CString& path) {
     // A path with a zero byte would be taken for the shorter one before it.

@@ -20,7 +20,10 @@ constexpr char kSeparator = '/';
 constexpr size_t kMaximumName = 200;
 
 bool IsSeparator(char c) {
-    return c == '/' || c == kSeparator;
+#ifdef _WIN32
+    if (c == '\\') return true;
+#endif
+    return c == '/';
 }
 
 bool IsSafe(char c) {
@@ -92,7 +95,7 @@ CString SBUtility::EncodeEntityCode(const CString& text) const {
         if (name.size() > kMaximumName)
             return CString(name.substr(0, cut).append(mark.data(), static_cast<size_t>(markLength)));
     }
-    return CString(std::move(name));
+    return CString(name);
 }
 
 CString SBUtility::SBPathCombine(const CString& directory, const CString& name, const char*, int) const {
