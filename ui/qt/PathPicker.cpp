@@ -225,7 +225,7 @@ CString PickPath(PathPicker::Wanted wanted, const CString& current, QWidget* par
     // The parent may die while the picker is open.
     const QPointer<PathPicker> picker = new PathPicker(std::move(wanted), current, parent);
     picker->exec();
-    const CString chosen = picker ? picker->Chosen() : CString();
+    CString chosen = picker ? picker->Chosen() : CString();
     delete picker;
     return chosen;
 }
