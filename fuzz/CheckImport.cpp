@@ -5,24 +5,16 @@
 #include <exception>
 #include <functional>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "host/Json.h"
 #include "support/PlainImport.h"
 #include "support/ScriptedUserInterface.h"
+#include "support/Told.h"
 
 namespace fuzz {
 
 namespace {
-
-/// Every field of a model, as text.
-std::string Told(const CVEKA_Manager& model) {
-    std::ostringstream out;
-    host::Json(out).Write(model);
-    return out.str();
-}
 
 void Require(bool condition, const char* what) {
     if (condition) return;
@@ -53,14 +45,14 @@ void CheckImport(const CString& path) {
     parser.SetCVEKA_Manager(nullptr);
     plain.SetCVEKA_Manager(nullptr);
 
-    const std::string told = Told(*model);
-    Require(told == Told(*plainModel), "the import gives what the plain procedure gives");
+    const std::string told = test::AsJson(*model);
+    Require(told == test::AsJson(*plainModel), "the import gives what the plain procedure gives");
     const std::unique_ptr<CVEKA_Manager> clone(model->Clone());
     *plainModel = *clone;
     CVEKA_Manager moved;
     moved = std::move(*plainModel);
-    Require(told == Told(moved), "a copy of a clone, moved, is the same");
-    Require(told == Told(*model), "to copy a model does not change it");
+    Require(told == test::AsJson(moved), "a copy of a clone, moved, is the same");
+    Require(told == test::AsJson(*model), "to copy a model does not change it");
 }
 
 }  // namespace fuzz

@@ -4,9 +4,9 @@
 
 #include <sstream>
 
-#include "host/Outline.h"
 #include "support/Parsing.h"
 #include "support/ScriptedUserInterface.h"
+#include "support/Told.h"
 
 namespace {
 
@@ -55,7 +55,7 @@ TEST(FormatPage, EveryExampleGivesWhatThePageSays) {
         std::ostringstream out;
         try {
             const auto parser = test::Import(example.file);
-            host::Outline(out).Write(*parser->GetCVEKA_Manager());
+            out << test::Outlined(*parser->GetCVEKA_Manager());
         } catch (const CException& error) {
             out << "exception: " << error.what() << '\n';
         }

@@ -7,36 +7,19 @@
 #include <new>
 #include <optional>
 #include <set>
-#include <sstream>
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
-#include "host/Json.h"
 #include "leveltree/CECadCls.h"
 #include "parser/CVEK_AsciiParser.h"
 #include "platform/Exceptions.h"
 #include "support/Files.h"
 #include "support/ScriptedUserInterface.h"
+#include "support/Told.h"
 
 namespace {
 
-template <class T>
-std::string Told(const T& record) {
-    std::ostringstream out;
-    host::Json(out).Write(record);
-    return out.str();
-}
-
-/// Each section of a model as text.
-std::vector<std::string> Sections(const CVEKA_Manager& model) {
-    std::vector<std::string> sections;
-    veka::ForEachField(model, [&](const auto&, const auto& field) {
-        std::ostringstream out;
-        host::Json json(out);
-        host::VisitValue(json, field);
-        sections.push_back(out.str());
-    });
-    return sections;
-}
+using test::AsJson;
+using test::SectionsAsJson;
 
 constexpr size_t kShapes = 5;  // among the sections
 
@@ -79,9 +62,9 @@ std::unique_ptr<CVEKA_Manager> Import(const CString& path) {
 }
 
 TEST(OutOfMemory, AnImportRaisesLeavesEachSectionWholeAndCanBeRepeated) {
-    const std::vector<std::string> empty = Sections(CVEKA_Manager());
+    const std::vector<std::string> empty = SectionsAsJson(CVEKA_Manager());
     for (const CString& path : Parts()) {
-        const std::vector<std::string> full = Sections(*Import(path));
+        const std::vector<std::string> full = SectionsAsJson(*Import(path));
         std::unique_ptr<CVEK_AsciiParser> parser;
         const size_t failures = FailEachAllocation(
             [&] {
@@ -92,7 +75,7 @@ TEST(OutOfMemory, AnImportRaisesLeavesEachSectionWholeAndCanBeRepeated) {
             },
             [&] {
                 if (!parser) return;
-                const std::vector<std::string> left = Sections(*parser->GetCVEKA_Manager());
+                const std::vector<std::string> left = SectionsAsJson(*parser->GetCVEKA_Manager());
                 ASSERT_EQ(left.size(), full.size());
                 // Each shape is a section of its own, so the first ones may be there.
                 for (size_t i = 0; i < left.size(); ++i)
@@ -102,7 +85,7 @@ TEST(OutOfMemory, AnImportRaisesLeavesEachSectionWholeAndCanBeRepeated) {
                 *parser->GetCVEKA_Manager() = CVEKA_Manager();
                 parser->SetVEKAsciiFilePath(path);
                 parser->Parser();
-                ASSERT_TRUE(Sections(*parser->GetCVEKA_Manager()) == full);
+                ASSERT_TRUE(SectionsAsJson(*parser->GetCVEKA_Manager()) == full);
             });
         EXPECT_GT(failures, 100u) << path;
     }
@@ -116,11 +99,12 @@ TEST(OutOfMemory, AnImportIntoAFullModelRaisesAndLeavesEachSectionOldOrNew) {
     const auto restore = [&] { *parser.GetCVEKA_Manager() = *former; };
     restore();
     parser.Parser();
-    const std::vector<std::string> old = Sections(*former), fresh = Sections(*parser.GetCVEKA_Manager());
+    const std::vector<std::string> old = SectionsAsJson(*former),
+                                   fresh = SectionsAsJson(*parser.GetCVEKA_Manager());
     restore();
     FailEachAllocation([&] { parser.Parser(); },
                        [&] {
-                           const std::vector<std::string> left = Sections(*parser.GetCVEKA_Manager());
+                           const std::vector<std::string> left = SectionsAsJson(*parser.GetCVEKA_Manager());
                            for (size_t i = 0; i < left.size(); ++i)
                                ASSERT_TRUE(left[i] == old[i] || left[i] == fresh[i]) << "section " << i;
                            restore();
@@ -163,9 +147,9 @@ TEST(OutOfMemory, ATreeRaisesAndItsReaderCanReadAgain) {
 
 TEST(OutOfMemory, CloningAndCopyingAModelRaiseAndLeaveWholeRecords) {
     const auto model = Import(Parts()[0]);
-    const std::string told = Told(*model);
+    const std::string told = AsJson(*model);
     size_t failures =
-        FailEachAllocation([&] { delete model->Clone(); }, [&] { ASSERT_TRUE(Told(*model) == told); });
+        FailEachAllocation([&] { delete model->Clone(); }, [&] { ASSERT_TRUE(AsJson(*model) == told); });
     EXPECT_GT(failures, 100u);
 
     std::unique_ptr<CVEKA_Manager> target;
@@ -177,15 +161,15 @@ TEST(OutOfMemory, CloningAndCopyingAModelRaiseAndLeaveWholeRecords) {
         [&] {
             if (!target) return;
             *target = *model;
-            ASSERT_TRUE(Told(*target) == told);
+            ASSERT_TRUE(AsJson(*target) == told);
         });
     // Into records that are full, too.
     failures = FailEachAllocation([&] { *target = *model; },
                                   [&] {
                                       const std::unique_ptr<CVEKA_Manager> whole(target->Clone());
-                                      ASSERT_TRUE(Told(*whole) == Told(*target));
+                                      ASSERT_TRUE(AsJson(*whole) == AsJson(*target));
                                   });
-    EXPECT_TRUE(Told(*target) == told);
+    EXPECT_TRUE(AsJson(*target) == told);
     EXPECT_GT(failures, 100u);
 }
 
@@ -238,7 +222,7 @@ TEST(ReadError, HalfWayItReachesTheCallerAndTheModelStaysAsItWas) {
     const CString path = directory.Write("part.veka", text);
     CVEK_AsciiParser parser;
     parser.SetVEKAsciiFilePath(path);
-    const std::vector<std::string> before = Sections(*parser.GetCVEKA_Manager());
+    const std::vector<std::string> before = SectionsAsJson(*parser.GetCVEKA_Manager());
     size_t number = 1;
     for (;; ++number) {
         const test::FailingRead failing(number);
@@ -246,7 +230,7 @@ TEST(ReadError, HalfWayItReachesTheCallerAndTheModelStaysAsItWas) {
             parser.Parser();
             break;
         } catch (const CFileException&) {
-            ASSERT_TRUE(Sections(*parser.GetCVEKA_Manager()) == before) << "read " << number;
+            ASSERT_TRUE(SectionsAsJson(*parser.GetCVEKA_Manager()) == before) << "read " << number;
         }
     }
     EXPECT_GT(number, 5u);

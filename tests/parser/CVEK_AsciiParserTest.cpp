@@ -4,14 +4,12 @@
 
 #include <functional>
 #include <random>
-#include <sstream>
 
-#include "host/Json.h"
-#include "host/Outline.h"
 #include "support/Parsing.h"
 #include "support/PlainImport.h"
 #include "support/Records.h"
 #include "support/ScriptedUserInterface.h"
+#include "support/Told.h"
 
 namespace {
 
@@ -189,13 +187,10 @@ TEST(CVEK_AsciiParser, ObjectsNestedToTheLimitAreClonedPrintedAndDestroyed) {
     const std::unique_ptr<CVEKA_Manager> clone(parser->GetCVEKA_Manager()->Clone());
     CVEKA_Manager moved;
     moved = std::move(*parser->GetCVEKA_Manager());
-    std::ostringstream printed, printedClone, json;
-    host::Outline(printed, true).Write(moved);
-    host::Outline(printedClone, true).Write(*clone);
-    host::Json(json).Write(moved);
-    EXPECT_EQ(printed.str(), printedClone.str());
+    EXPECT_EQ(test::Outlined(moved, true), test::Outlined(*clone, true));
+    const std::string json = test::AsJson(moved);
     size_t count = 0;
-    for (size_t at = 0; (at = json.str().find("\"COMPOSITE\"", at)) != std::string::npos; ++at) ++count;
+    for (size_t at = 0; (at = json.find("\"COMPOSITE\"", at)) != std::string::npos; ++at) ++count;
     EXPECT_EQ(count, 17u);
 
     text.insert(text.find(inner), open);

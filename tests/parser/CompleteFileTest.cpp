@@ -4,10 +4,10 @@
 
 #include <map>
 #include <set>
-#include <sstream>
 
-#include "host/Outline.h"
+#include "host/VisitObject.h"
 #include "support/Parsing.h"
+#include "support/Told.h"
 
 namespace {
 
@@ -107,9 +107,8 @@ TEST(CompleteFile, EveryFieldIsSetButThoseThatNoKeywordFillsOrACopyLoses) {
 }
 
 TEST(CompleteFile, GivesTheModelThatWasLookedAtFieldByField) {
-    std::ostringstream outline;
-    host::Outline(outline, true).Write(*Complete()->GetCVEKA_Manager());
-    EXPECT_EQ(outline.str(), test::ReadFile(test::ProjectFolder("tests/data/complete.outline")));
+    EXPECT_EQ(test::Outlined(*Complete()->GetCVEKA_Manager(), true),
+              test::ReadFile(test::ProjectFolder("tests/data/complete.outline")));
 }
 
 /// A tree as text again, with one more level in one of its levels, counted in file order.
@@ -143,9 +142,7 @@ private:
 TEST(CompleteFile, ALevelOfAnUnknownNameChangesNothingButWhereAnyNameCounts) {
     const auto tree = test::ReadTree(test::ReadFile(test::ProjectFolder("tests/data/complete.veka")));
     const auto told = [](const std::string& text) {
-        std::ostringstream out;
-        host::Outline(out, true).Write(*test::Import(text)->GetCVEKA_Manager());
-        return out.str();
+        return test::AsJson(*test::Import(text)->GetCVEKA_Manager());
     };
     const std::string expected = told(WithOneMore(*tree->m_pRootLevels, -1).Text());
     std::set<std::string> changed;

@@ -4,15 +4,14 @@
 
 #include <atomic>
 #include <functional>
-#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "host/Json.h"
 #include "parser/CVEK_AsciiParser.h"
 #include "platform/UserInterface.h"
 #include "support/Files.h"
+#include "support/Told.h"
 
 namespace {
 
@@ -34,10 +33,7 @@ std::string Imported(const CString& path) {
     copy = *clone;
     CVEKA_Manager moved;
     moved = std::move(*clone);
-    std::ostringstream out;
-    host::Json(out).Write(copy);
-    host::Json(out).Write(moved);
-    return out.str();
+    return test::AsJson(copy) + test::AsJson(moved);
 }
 
 /// Counts the messages of all threads.
