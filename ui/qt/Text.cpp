@@ -32,7 +32,7 @@ CString FromQString(const QString& text) {
         bytes += QStringView(text).mid(i, pair ? 2 : 1).toUtf8().toStdString();
         if (pair) ++i;
     }
-    return CString(std::move(bytes));
+    return CString(bytes);
 }
 
 }  // namespace veka
