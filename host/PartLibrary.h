@@ -1,15 +1,11 @@
 #pragma once
 
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 
-namespace host {
+#include "host/SafeFiles.h"
 
-/// A library that cannot be written, or a file that cannot be read.
-struct StoreError : std::runtime_error {
-    using runtime_error::runtime_error;
-};
+namespace host {
 
 /// A directory with one directory a part, which holds the part's source file.
 ///

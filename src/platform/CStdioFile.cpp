@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <system_error>
 
 #include "platform/Exceptions.h"
 #include "platform/Paths.h"
@@ -15,8 +14,7 @@ std::FILE* OpenForReading(const CString& path) {
     // A path with a zero byte would be taken for the shorter one before it.
     if (path.View().find('\0') != std::string_view::npos) return nullptr;
     const std::filesystem::path native = veka::ToPath(path);
-    std::error_code error;
-    if (std::filesystem::is_directory(native, error)) return nullptr;
+    if (veka::IsDirectory(native)) return nullptr;
 #ifdef _WIN32
     return _wfopen(native.c_str(), L"rb");
 #else

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <system_error>
 
 #include "platform/CDialog.h"
 #include "platform/Paths.h"
@@ -57,8 +56,7 @@ SBUtility& SBUtility::GetInstance() {
 
 bool SBUtility::DoesFileOrDirExist(const CString& path, const char*, int) const {
     if (path.IsEmpty() || path.View().find('\0') != std::string_view::npos) return false;
-    std::error_code error;
-    return std::filesystem::exists(veka::ToPath(path), error);
+    return veka::Exists(veka::ToPath(path));
 }
 
 CString SBUtility::GetFilePathFromUser(int, const CString& description, const CString& extension,

@@ -2,17 +2,13 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sched.h>
-#include <signal.h>
-#include <sys/mount.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <fstream>
-#include <functional>
 #include <thread>
 
+#include "host/SafeFiles.h"
+#include "platform/SBUtility.h"
+#include "support/Children.h"
 #include "support/Files.h"
 
 namespace {
@@ -34,11 +30,7 @@ protected:
     }
     std::filesystem::path Root() const { return directory.Path() / "lib"; }
     std::vector<std::string> Content(const std::filesystem::path& below = "") const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(Root() / below))
-            names.push_back(entry.path().filename());
-        std::sort(names.begin(), names.end());
-        return names;
+        return test::Names(Root() / below);
     }
 
     test::TemporaryDirectory directory;
@@ -90,6 +82,23 @@ TEST_F(Library, AMissingLibraryIsAnError) {
     EXPECT_THROW(PartLibrary(directory.Path() / "missing").Store("A", old_), StoreError);
 }
 
+TEST_F(Library, ItsPathMayBeLong) {
+    CString deep = directory / "lib";
+    for (int i = 0; i < 15; ++i) {
+        deep = SBUtility::GetInstance().SBPathCombine(deep, "a rather long name of a directory", "", 0);
+        std::filesystem::create_directory(veka::ToPath(deep));
+    }
+    PartLibrary(veka::ToPath(deep)).Store("A", old_);
+    PartLibrary(veka::ToPath(deep)).Store("A", new_);
+    const auto entries = host::Entries(veka::ToPath(deep));
+    EXPECT_EQ(entries.size(), 2u) << "the lock and the part";
+    const CString part = SBUtility::GetInstance().SBPathCombine(deep, "A", "", 0);
+    const CString stored = SBUtility::GetInstance().SBPathCombine(part, "new.veka", "", 0);
+    EXPECT_TRUE(veka::Exists(veka::ToPath(stored)));
+    host::RemoveAll(Root());
+    EXPECT_FALSE(veka::Exists(Root()));
+}
+
 TEST_F(Library, NamesThatWouldLeaveTheLibraryAreErrors) {
     for (const char* name : {"", ".", "..", "a/b", "/", ".veka-lock"})
         EXPECT_THROW(PartLibrary(Root()).Store(name, old_), StoreError) << name;
@@ -107,43 +116,31 @@ TEST_F(Library, SideBySideStoresLeaveOneWholePart) {
     EXPECT_EQ(Content("A").size(), 1u);
 }
 
+void StoreForever(const std::filesystem::path& directory) {
+    PartLibrary library(directory / "lib");
+    for (;;) {
+        library.Store("A", directory / "new.veka");
+        library.Store("A", directory / "old.veka");
+    }
+}
+
+// Where a child process begins at the beginning.
+const bool g_child = test::RunAsChild(StoreForever);
+
 TEST_F(Library, KilledAtAnyInstantItHoldsTheOldPartOrTheNewOneWhole) {
     PartLibrary(Root()).Store("A", old_);
-    for (int round = 0; round < 320; ++round) {
-        const pid_t child = fork();
-        if (child == 0) {
-            for (;;) {
-                PartLibrary(Root()).Store("A", new_);
-                PartLibrary(Root()).Store("A", old_);
-            }
-        }
-        usleep(static_cast<useconds_t>(500 + round * 211 % 7000));
-        kill(child, SIGKILL);
-        waitpid(child, nullptr, 0);
+    for (int round = 0; round < test::kKills; ++round) {
+        test::KillAfter(std::chrono::microseconds(500 + round * 211 % 7000), directory.Path(), StoreForever);
+        // Where names cannot be exchanged, the next store puts a part back that was taken away.
+        if (!test::kExchanges) PartLibrary(Root()).Store("B", old_);
         const auto names = Content("A");
         ASSERT_EQ(names.size(), 1u);
         ASSERT_EQ(test::ReadFile(Root() / "A" / names[0]),
                   names[0] == "old.veka" ? "old content" : "new content");
     }
     PartLibrary(Root()).Store("A", old_);
+    std::filesystem::remove_all(Root() / "B");
     EXPECT_THAT(Content(), ElementsAre(".veka-lock", "A"));
-}
-
-constexpr int kNotPossibleHere = 77;  // exit code of a child
-
-/// Runs something in a child process; returns its exit code.
-int InChild(const std::function<int()>& run) {
-    const pid_t child = fork();
-    if (child == 0) {
-        try {
-            _exit(run());
-        } catch (...) {
-            _exit(99);
-        }
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 /// 0 where a store fails with a message that has these words and leaves the old part whole and nothing else.
@@ -164,34 +161,22 @@ int FailsWith(const std::filesystem::path& root, const std::filesystem::path& so
 TEST_F(Library, AFileThatGrowsTooLargeLeavesTheOldPart) {
     PartLibrary(Root()).Store("A", old_);
     const auto large = Source("large.veka", std::string(3'000'000, 'x'));
-    const int code = InChild([&] {
-        signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{1'500'000, 1'500'000};
-        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return kNotPossibleHere;
+    const int code = test::InChild([&] {
+        if (!test::LimitFiles(1'500'000)) return test::kNotPossibleHere;
         return FailsWith(Root(), large, "cannot write");
     });
+    if (code == test::kNotPossibleHere) GTEST_SKIP() << "Files have no limit of their own here.";
     EXPECT_EQ(code, 0);
-}
-
-/// Gives this process a disk of its own with 64 kB at a directory; false where the system does not allow it.
-bool MountSmallDisk(const std::filesystem::path& where) {
-    const std::string user = "0 " + std::to_string(getuid()) + " 1";
-    const std::string group = "0 " + std::to_string(getgid()) + " 1";
-    if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
-    std::ofstream("/proc/self/uid_map") << user;
-    std::ofstream("/proc/self/setgroups") << "deny";
-    std::ofstream("/proc/self/gid_map") << group;
-    return mount("disk", where.c_str(), "tmpfs", 0, "size=64k") == 0;
 }
 
 TEST_F(Library, AFullDiskLeavesTheOldPart) {
     const auto large = Source("large.veka", std::string(300'000, 'x'));
-    const int code = InChild([&] {
-        if (!MountSmallDisk(Root())) return kNotPossibleHere;
+    const int code = test::InChild([&] {
+        if (!test::MountSmallDisk(Root())) return test::kNotPossibleHere;
         PartLibrary(Root()).Store("A", old_);
         return FailsWith(Root(), large, "No space left on device");
     });
-    if (code == kNotPossibleHere) GTEST_SKIP() << "No disk of one's own can be made here.";
+    if (code == test::kNotPossibleHere) GTEST_SKIP() << "No disk of one's own can be made here.";
     EXPECT_EQ(code, 0);
 }
 
@@ -202,12 +187,12 @@ TEST_F(Library, AReadOnlyLibraryIsAnError) {
                           perms::others_read | perms::others_exec;
     std::filesystem::permissions(directory.Path(), readable | perms::owner_write);
     std::filesystem::permissions(Root(), readable);
-    const int code = InChild([&] {
-        if (geteuid() == 0 && setuid(65534) != 0) return kNotPossibleHere;  // rights do not bind root
+    const int code = test::InChild([&] {
+        if (!test::BecomeNobody()) return test::kNotPossibleHere;  // rights do not bind the superuser
         return FailsWith(Root(), new_, "Permission denied");
     });
     std::filesystem::permissions(Root(), readable | perms::owner_write);
-    if (code == kNotPossibleHere) GTEST_SKIP() << "This user cannot become another.";
+    if (code == test::kNotPossibleHere) GTEST_SKIP() << "This user cannot become another.";
     EXPECT_EQ(code, 0);
 }
 

@@ -4,6 +4,9 @@
 
 namespace {
 
+// The tests link the library into their program.
+const int kOfThisProgram = 0;
+
 TEST(ExtensionModule, ItsTemplatesAreFoundWhileItIsRegistered) {
     AFX_EXTENSION_MODULE module;
     EXPECT_TRUE(AfxInitExtensionModule(module, {{4711, "caption", 10, 20, "font", 8, {}}}));
@@ -18,8 +21,20 @@ TEST(ExtensionModule, ItsTemplatesAreFoundWhileItIsRegistered) {
     EXPECT_FALSE(module.bInitialized);
 }
 
+TEST(ExtensionModule, TheResourcesAreThoseOfTheModuleWithTheTemplate) {
+    AFX_EXTENSION_MODULE module;
+    module.hModule = &module;
+    AfxInitExtensionModule(module, {{4711, "caption", 10, 20, "font", 8, {}}});
+    new CDynLinkLibrary(module);
+    EXPECT_EQ(AfxFindResourceHandle(4711), &module);
+    EXPECT_EQ(AfxFindResourceHandle(4712), nullptr);
+    AfxTermExtensionModule(module);
+    EXPECT_EQ(AfxFindResourceHandle(4711), nullptr);
+}
+
 TEST(ExtensionModule, TheLibraryRegistersItselfAtLoad) {
     EXPECT_NE(veka::FindDialogTemplate(8000), nullptr);
+    EXPECT_EQ(AfxFindResourceHandle(8000), veka::ModuleOf(&kOfThisProgram));
 }
 
 }  // namespace

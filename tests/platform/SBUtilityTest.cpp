@@ -49,7 +49,9 @@ TEST(SBUtility, APathWithAZeroByteDoesNotExist) {
 TEST(SBUtility, LinksAreFollowed) {
     const test::TemporaryDirectory directory;
     directory.Write("file", "");
-    std::filesystem::create_symlink("file", directory.Path() / "link");
+    std::error_code error;
+    std::filesystem::create_symlink("file", directory.Path() / "link", error);
+    if (error) GTEST_SKIP() << "No links can be made here.";
     std::filesystem::create_symlink("nothing", directory.Path() / "dangling");
     EXPECT_TRUE(Exists(directory / "link"));
     EXPECT_FALSE(Exists(directory / "dangling"));
@@ -84,15 +86,26 @@ TEST(SBUtility, ReservedNamesAreEncoded) {
     EXPECT_EQ(Encode("A.CON"), "A.CON");
 }
 
+/// A name that ends in a hash, without it; "" for any other.
+std::string WithoutHash(const std::string& name) {
+    constexpr size_t kDigits = 16, kMark = 2 + kDigits + 1;
+    if (name.size() < kMark) return "";
+    const std::string front = name.substr(0, name.size() - kMark), mark = name.substr(front.size());
+    const bool hash = mark.starts_with("&h") && mark.ends_with(';') &&
+                      mark.find_first_not_of("0123456789abcdef", 2) == kMark - 1;
+    return hash ? front : "";
+}
+
 TEST(SBUtility, LongNamesAreCutAndEndInAHash) {
     const std::string most(200, 'x');
     EXPECT_EQ(Encode(most), most);
     const std::string one = Encode(most + "y"), other = Encode(most + "z");
     EXPECT_EQ(one.size(), 200u);
     EXPECT_NE(one, other);
-    EXPECT_THAT(one, testing::MatchesRegex("x{181}&h[0-9a-f]{16};"));
-    const std::string encoded = Encode(std::string(100, '/'));
-    EXPECT_THAT(encoded, testing::MatchesRegex("(&#47;){36}&h[0-9a-f]{16};")) << "cut between two characters";
+    EXPECT_EQ(WithoutHash(one), std::string(181, 'x'));
+    std::string cut;
+    for (int i = 0; i < 36; ++i) cut += "&#47;";
+    EXPECT_EQ(WithoutHash(Encode(std::string(100, '/'))), cut) << "between two characters";
 }
 
 TEST(SBUtility, DifferentTextsHaveDifferentNames) {
@@ -110,12 +123,21 @@ TEST(SBUtility, DifferentTextsHaveDifferentNames) {
 }
 
 TEST(SBUtility, PathsAreJoinedWithExactlyOneSeparator) {
-    EXPECT_EQ(Join("/lib", "part"), "/lib/part");
-    EXPECT_EQ(Join("/lib/", "part"), "/lib/part");
-    EXPECT_EQ(Join("/lib//", "/part"), "/lib/part");
-    EXPECT_EQ(Join("/", "part"), "/part");
-    EXPECT_EQ(Join("/lib", ""), "/lib/");
-    EXPECT_EQ(Join("/lib/", ""), "/lib/");
+#ifdef _WIN32
+    const std::string separator = "\\";
+    EXPECT_EQ(Join("C:\\", "part"), "C:\\part");
+    EXPECT_EQ(Join("\\\\server\\share\\lib/\\", "part"), "\\\\server\\share\\lib\\part");
+    EXPECT_EQ(Join("C:/lib\\", "\\part"), "C:/lib\\part");
+#else
+    const std::string separator = "/";
+    EXPECT_EQ(Join("lib\\", "part"), "lib\\/part") << "a backslash is a letter";
+#endif
+    EXPECT_EQ(Join("/lib", "part"), "/lib" + separator + "part");
+    EXPECT_EQ(Join("/lib/", "part"), "/lib" + separator + "part");
+    EXPECT_EQ(Join("/lib//", "/part"), "/lib" + separator + "part");
+    EXPECT_EQ(Join("/", "part"), separator + "part");
+    EXPECT_EQ(Join("/lib", ""), "/lib" + separator);
+    EXPECT_EQ(Join("/lib/", ""), "/lib" + separator);
 }
 
 TEST(SBUtility, PickersAreTheUserInterfaces) {

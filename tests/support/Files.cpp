@@ -1,20 +1,18 @@
 #include "support/Files.h"
 
-#include <stdlib.h>
-
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
+#include <random>
 
 namespace test {
 
 namespace fs = std::filesystem;
 
 TemporaryDirectory::TemporaryDirectory() {
-    std::string pattern = (fs::temp_directory_path() / "veka-test-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary directory");
-    m_path = pattern;
+    std::random_device random;
+    do m_path = fs::temp_directory_path() / ("veka-test-" + std::to_string(random()));
+    while (!fs::create_directory(m_path));
 }
 
 TemporaryDirectory::~TemporaryDirectory() {
@@ -23,17 +21,22 @@ TemporaryDirectory::~TemporaryDirectory() {
 }
 
 CString TemporaryDirectory::operator/(std::string_view name) const {
-    return CString((m_path / name).native());
+    return veka::FromPath(m_path / veka::ToPath(CString(name)));
 }
 
 CString TemporaryDirectory::Write(std::string_view name, std::string_view content) const {
-    std::ofstream(m_path / name, std::ios::binary) << content;
+    std::ofstream(m_path / veka::ToPath(CString(name)), std::ios::binary) << content;
     return *this / name;
 }
 
 std::vector<std::string> TemporaryDirectory::Names() const {
+    return test::Names(m_path);
+}
+
+std::vector<std::string> Names(const fs::path& directory) {
     std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(m_path)) names.push_back(entry.path().filename());
+    for (const auto& entry : fs::directory_iterator(directory))
+        names.emplace_back(veka::FromPath(entry.path().filename()).View());
     std::sort(names.begin(), names.end());
     return names;
 }

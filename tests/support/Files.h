@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/CString.h"
+#include "platform/Paths.h"
 
 namespace test {
 
@@ -28,6 +29,8 @@ private:
     std::filesystem::path m_path;
 };
 
+/// Names of what is in a directory, sorted.
+std::vector<std::string> Names(const std::filesystem::path& directory);
 std::string ReadFile(const std::filesystem::path& path);
 
 /// A folder of the project.

@@ -31,11 +31,6 @@ fs::path ToPath(const QString& text) {
     return veka::ToPath(FromQString(text));
 }
 
-bool IsDirectory(const fs::path& path) {
-    std::error_code error;
-    return fs::is_directory(path, error);
-}
-
 QPushButton* MakeButton(const char* text, const char* name) {
     auto* button = new QPushButton(text);
     button->setObjectName(name);

@@ -1,0 +1,69 @@
+#ifndef _WIN32
+
+#include <sched.h>
+#include <signal.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <string>
+#include <thread>
+
+#include "support/Children.h"
+
+namespace test {
+
+void KillAfter(std::chrono::microseconds time, const std::filesystem::path& directory, Deed deed) {
+    const pid_t child = fork();
+    if (child == 0) {
+        deed(directory);
+        _exit(0);
+    }
+    std::this_thread::sleep_for(time);
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+}
+
+bool RunAsChild(Deed) {
+    return false;
+}
+
+int InChild(const std::function<int()>& run) {
+    const pid_t child = fork();
+    if (child == 0) {
+        try {
+            _exit(run());
+        } catch (...) {
+            _exit(99);
+        }
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+bool LimitFiles(unsigned long size) {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{size, size};
+    return setrlimit(RLIMIT_FSIZE, &limit) == 0;
+}
+
+bool MountSmallDisk(const std::filesystem::path& where) {
+    const std::string user = "0 " + std::to_string(getuid()) + " 1";
+    const std::string group = "0 " + std::to_string(getgid()) + " 1";
+    if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+    std::ofstream("/proc/self/uid_map") << user;
+    std::ofstream("/proc/self/setgroups") << "deny";
+    std::ofstream("/proc/self/gid_map") << group;
+    return mount("disk", where.c_str(), "tmpfs", 0, "size=64k") == 0;
+}
+
+bool BecomeNobody() {
+    return geteuid() != 0 || setuid(65534) == 0;
+}
+
+}  // namespace test
+
+#endif
