@@ -34,12 +34,13 @@ endfunction()
 
 veka_install_headers(development VEKAsciiDLL.h)
 install(TARGETS VEKAsciiDLL VEKAsciiDLL_static EXPORT VEKAsciiDLLTargets
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 install(EXPORT VEKAsciiDLLTargets NAMESPACE VEKAscii:: DESTINATION ${package_folder} COMPONENT development)
 
 # The windows and the solids: a target and a component of the CMake package each.
-foreach(part Qt Solids)
+foreach(part Qt Win32 Solids)
     if(TARGET VEKAscii${part})
         string(TOLOWER ${part} component)
         install(TARGETS VEKAscii${part} EXPORT VEKAscii${part}Targets
@@ -49,6 +50,9 @@ foreach(part Qt Solids)
 endforeach()
 if(TARGET VEKAsciiQt)
     veka_install_headers(qt qt/QtUserInterface.h)
+endif()
+if(TARGET VEKAsciiWin32)
+    veka_install_headers(win32 win32/Win32UserInterface.h)
 endif()
 if(TARGET VEKAsciiSolids)
     veka_install_headers(solids geometry/SolidFiles.h)

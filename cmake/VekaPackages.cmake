@@ -1,3 +1,20 @@
+if(WIN32)
+    # One zip with all that a machine needs, the compiler's runtime libraries too.
+    install(FILES ${VEKA_RUNTIME_FILES} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
+    install(FILES ${PROJECT_SOURCE_DIR}/cmake/copyright DESTINATION . COMPONENT runtime)
+    set(runtime_licence /usr/share/doc/gcc-mingw-w64-x86-64-posix-runtime/copyright)
+    if(EXISTS ${runtime_licence})
+        install(FILES ${runtime_licence} DESTINATION . RENAME copyright-of-the-runtime-libraries COMPONENT runtime)
+    endif()
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION . COMPONENT runtime FILES_MATCHING PATTERN *.veka)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+    set(CPACK_PACKAGE_FILE_NAME VEKAsciiDLL-${PROJECT_VERSION}-windows-x86_64)
+    set(CPACK_STRIP_FILES ON)
+    include(CPack)
+    return()
+endif()
+
 # Debian packages by `cpack`, one for each component of the installation; scripts/packages makes and tests them.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "VEKAsciiDLL developers <developers@vekasciidll.invalid>")

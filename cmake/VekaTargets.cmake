@@ -2,14 +2,32 @@
 
 # Warnings, sanitizers and visibility for our own code.
 function(veka_compile_options target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
-                                             -ffp-contract=off -fno-semantic-interposition -Werror)
+    if(MSVC)
+        target_compile_options(${target} PRIVATE /W4 /permissive- /utf-8 /EHsc /Zc:__cplusplus)
+    else()
+        target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
+                                                 -ffp-contract=off -fno-semantic-interposition -Werror)
+    endif()
     set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
                                                POSITION_INDEPENDENT_CODE ON)
+    if(WIN32)
+        # The whole of the system's interface, in its Unicode form, and without macros that look like functions.
+        target_compile_definitions(${target} PRIVATE _WIN32_WINNT=0x0A00 UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
+    endif()
     if(VEKA_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${VEKA_SANITIZE} -fno-sanitize-recover=all
                                                  -fno-omit-frame-pointer)
         target_link_options(${target} PUBLIC -fsanitize=${VEKA_SANITIZE})
+    endif()
+endfunction()
+
+# A program or library of the tests: as our own code, and on Windows a program that needs no other file beside it.
+function(veka_test_options target)
+    veka_compile_options(${target})
+    if(WIN32)
+        # Unoptimised, since tests take a compiler long and g++ 12 warns of its own headers in them.
+        target_compile_options(${target} PRIVATE -O0)
+        target_link_options(${target} PUBLIC -static)
     endif()
 endfunction()
 

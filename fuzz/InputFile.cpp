@@ -1,12 +1,31 @@
 #include "InputFile.h"
 
+#ifdef _WIN32
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "platform/Paths.h"
+#else
 #include <stdlib.h>
 #include <sys/mman.h>
 #include <unistd.h>
+#endif
 
 #include <string>
 
 namespace fuzz {
+
+#ifdef _WIN32
+
+CString WriteInput(std::string_view bytes) {
+    static const std::filesystem::path path =
+        std::filesystem::temp_directory_path() / ("veka-input-" + std::to_string(std::random_device()()));
+    std::ofstream(path, std::ios::binary) << bytes;
+    return veka::FromPath(path);
+}
+
+#else
 
 CString WriteInput(std::string_view bytes) {
     static const int fd = memfd_create("veka-input", MFD_CLOEXEC);
@@ -19,6 +38,8 @@ CString WriteInput(std::string_view bytes) {
     }
     return CString("/proc/self/fd/" + std::to_string(fd));
 }
+
+#endif
 
 std::string_view View(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};

@@ -4,7 +4,7 @@ namespace host {
 
 const char* const kUsage =
     "usage: veka-host [FILE] [--library DIR] [--overwrite yes|no|ask] [--print [json]]\n"
-    "                 [--step FILE] [--gltf FILE] [--ui qt|console]\n"
+    "                 [--step FILE] [--gltf FILE] [--ui qt|win32|console]\n"
     "\n"
     "Imports a part data file and stores the part in a library.\n"
     "With FILE the import runs unattended; without, a dialog asks for file and directory: in a window where\n"
@@ -16,7 +16,7 @@ const char* const kUsage =
     "  --print json        print every record as JSON\n"
     "  --step FILE         write the solids of the packages as a STEP file; no library needed either\n"
     "  --gltf FILE         write them as a binary glTF file\n"
-    "  --ui qt|console     ask in windows or on the terminal, with FILE too\n"
+    "  --ui HOW            ask in windows (qt or win32) or on the terminal (console), with FILE too\n"
     "  --help              show this text\n"
     "\n"
     "exit code: 0 imported, 1 refused by the user or a check, 2 wrong usage, 3 failed\n";
@@ -72,8 +72,9 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             line.overwrite = OneOf<Overwrite>(
                 argument, value(), {{"yes", Overwrite::Yes}, {"no", Overwrite::No}, {"ask", Overwrite::Ask}});
         } else if (argument == "--ui") {
-            line.windows =
-                OneOf<Windows>(argument, value(), {{"qt", Windows::Qt}, {"console", Windows::Console}});
+            line.windows = OneOf<Windows>(
+                argument, value(),
+                {{"qt", Windows::Qt}, {"win32", Windows::Win32}, {"console", Windows::Console}});
         } else {
             throw UsageError("unknown option " + argument);
         }

@@ -15,7 +15,8 @@ enum class Print { Summary, Outline, Json };
 /// How the program asks its user.
 enum class Windows {
     Automatic,  ///< in windows where there is a display; with a file not at all
-    Qt,         ///< in windows
+    Qt,         ///< in windows by Qt
+    Win32,      ///< in windows of Windows itself
     Console     ///< on the terminal
 };
 

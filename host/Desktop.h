@@ -17,6 +17,8 @@ struct NoWindows : std::runtime_error {
 class Desktop {
 public:
     virtual ~Desktop() = default;
+    /// Which windows these are: `Qt` or `Win32`.
+    virtual Windows Kind() const = 0;
     /// True if windows can be shown here and now.
     virtual bool HasDisplay() = 0;
     /// Starts the window system.

@@ -77,11 +77,13 @@ int ImportInWindows(const CommandLine& line, std::ostream& out, std::ostream& er
 int Import(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err,
            Desktop* desktop) {
     if (!line.Attended()) return ImportUnattended(line, in, out, err);
+    const bool wanted = line.windows == Windows::Qt || line.windows == Windows::Win32;
+    if (wanted && !(desktop && desktop->Kind() == line.windows))
+        throw NoWindows(line.windows == Windows::Qt ? "this program was built without Qt"
+                                                    : "this program was not built for Windows");
     if (line.windows != Windows::Console && desktop && desktop->HasDisplay())
         return ImportInWindows(line, out, err, *desktop);
-    if (line.windows == Windows::Qt)
-        throw NoWindows(desktop ? "there is no display to show windows on"
-                                : "this program was built without Qt and has no windows");
+    if (wanted) throw NoWindows("there is no display to show windows on");
     veka::ConsoleUserInterface console(in, out);
     const Installed installed(console);
     return ImportOne(line, out, err);

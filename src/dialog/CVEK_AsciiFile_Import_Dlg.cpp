@@ -12,6 +12,7 @@ namespace {
 class Module {
 public:
     Module() {
+        m_module.hModule = veka::ModuleOf(this);
         AfxInitExtensionModule(m_module, {veka::ImportDialogTemplate()});
         new CDynLinkLibrary(m_module);
     }

@@ -8,6 +8,17 @@
 #include "platform/Export.h"
 #include "platform/UserInterface.h"
 
+#ifdef _WIN32
+// Macros of the system's headers, which would give the library's functions other names than it was built
+// with.
+#pragma push_macro("SetWindowText")
+#pragma push_macro("SetDlgItemText")
+#pragma push_macro("GetDlgItemText")
+#undef SetWindowText
+#undef SetDlgItemText
+#undef GetDlgItemText
+#endif
+
 /// A window as the logic sees it: a caption, and controls with texts. While no window stands, setting
 /// does nothing and every text is empty.
 class VEKA_API CWnd {
@@ -47,6 +58,27 @@ public:
     void SetDlgItemText(int control, const CString& text);
     CString GetDlgItemText(int control) const;
     void* GetSafeHwnd() const noexcept override;
+#ifdef _WIN32
+    // What the system's headers make of the three names in a program that includes them.
+    void SetWindowTextA(const CString& caption) {
+        SetWindowText(caption);
+    }
+    void SetWindowTextW(const CString& caption) {
+        SetWindowText(caption);
+    }
+    void SetDlgItemTextA(int control, const CString& text) {
+        SetDlgItemText(control, text);
+    }
+    void SetDlgItemTextW(int control, const CString& text) {
+        SetDlgItemText(control, text);
+    }
+    CString GetDlgItemTextA(int control) const {
+        return GetDlgItemText(control);
+    }
+    CString GetDlgItemTextW(int control) const {
+        return GetDlgItemText(control);
+    }
+#endif
 
 protected:
     /// Fills the controls; a nonzero result leaves the focus to the window.
@@ -74,6 +106,12 @@ private:
     std::exception_ptr m_exception;
     bool m_exchanging = false;
 };
+
+#ifdef _WIN32
+#pragma pop_macro("SetWindowText")
+#pragma pop_macro("SetDlgItemText")
+#pragma pop_macro("GetDlgItemText")
+#endif
 
 /// Exchanges the text of a control with a field.
 VEKA_API void DDX_Text(CDataExchange* exchange, int control, CString& field);

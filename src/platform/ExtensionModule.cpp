@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <mutex>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 namespace {
 
 struct Registry {
@@ -14,6 +18,20 @@ struct Registry {
 Registry& TheRegistry() {
     static Registry registry;
     return registry;
+}
+
+struct Found {
+    const veka::DialogTemplate* dialog = nullptr;
+    void* module = nullptr;
+};
+
+Found Find(unsigned templateId) {
+    Registry& registry = TheRegistry();
+    const std::lock_guard lock(registry.mutex);
+    for (const auto& library : registry.libraries)
+        for (const veka::DialogTemplate& dialog : library->Module().templates)
+            if (dialog.id == templateId) return {&dialog, library->Module().hModule};
+    return {};
 }
 
 }  // namespace
@@ -39,11 +57,21 @@ CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& module) : m_module(module
     registry.libraries.emplace_back(this);
 }
 
-const veka::DialogTemplate* veka::FindDialogTemplate(unsigned id) {
-    Registry& registry = TheRegistry();
-    const std::lock_guard lock(registry.mutex);
-    for (const auto& library : registry.libraries)
-        for (const DialogTemplate& dialog : library->Module().templates)
-            if (dialog.id == id) return &dialog;
+void* AfxFindResourceHandle(unsigned templateId) {
+    return Find(templateId).module;
+}
+
+void* veka::ModuleOf([[maybe_unused]] const void* address) noexcept {
+#ifdef _WIN32
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       static_cast<LPCWSTR>(address), &module);
+    return module;
+#else
     return nullptr;
+#endif
+}
+
+const veka::DialogTemplate* veka::FindDialogTemplate(unsigned id) {
+    return Find(id).dialog;
 }

@@ -9,6 +9,7 @@
 /// What a library brings to the process that loads it: its dialog templates.
 struct AFX_EXTENSION_MODULE {
     bool bInitialized = false;
+    void* hModule = nullptr;  ///< the program file whose resources are the module's, where a system has such
     std::vector<veka::DialogTemplate> templates;
 };
 
@@ -32,7 +33,13 @@ private:
     AFX_EXTENSION_MODULE& m_module;
 };
 
+/// The `hModule` of the registered module that has the dialog template with a number, or null.
+VEKA_API void* AfxFindResourceHandle(unsigned templateId);
+
 namespace veka {
+
+/// The loaded program file that an address lies in; null where program files hold no resources.
+VEKA_API void* ModuleOf(const void* address) noexcept;
 
 /// The template with a number among all registered modules, or null. It lives as long as its module.
 VEKA_API const DialogTemplate* FindDialogTemplate(unsigned id);

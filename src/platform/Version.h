@@ -1,11 +1,13 @@
 #pragma once
 
-#include "platform/Export.h"
-
 // The release that these headers belong to. The build reads it here.
 #define VEKA_VERSION_MAJOR 1
 #define VEKA_VERSION_MINOR 0
 #define VEKA_VERSION_PATCH 0
+
+#ifndef RC_INVOKED  // a resource compiler takes the numbers alone
+
+#include "platform/Export.h"
 
 namespace veka {
 
@@ -13,3 +15,5 @@ namespace veka {
 VEKA_API const char* Version() noexcept;
 
 }  // namespace veka
+
+#endif

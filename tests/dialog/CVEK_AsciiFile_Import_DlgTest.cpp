@@ -15,6 +15,7 @@ using testing::IsEmpty;
 
 constexpr const char* kPart = "(VEK (PARTGENERAL (MPN ABC/1)))";
 constexpr const char* kTarget = "ABC&#47;1";
+constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
 
 /// The dialog in its XML form, or any other.
 class KindDialog : public CVEK_AsciiFile_Import_Dlg {
@@ -126,7 +127,7 @@ TEST_F(ImportDialog, TheQuestionNamesTheTargetAndHasNoBlankBehindTheQuote) {
     Fill(dialog);
     user.answers = {true};
     EXPECT_EQ(Run(dialog, PressOk), IDOK);
-    EXPECT_THAT(user.questions, ElementsAre("\"" + std::string(library.View()) + "/" + kTarget +
+    EXPECT_THAT(user.questions, ElementsAre("\"" + std::string(library.View()) + kSeparator + kTarget +
                                             "\"is already exist. Do you want to overwrite"));
 }
 
@@ -170,8 +171,8 @@ TEST_F(ImportDialog, WithoutAPartNumberTheQuestionIsAboutTheLibraryItself) {
     Fill(dialog);
     user.answers = {true};
     EXPECT_EQ(Run(dialog, PressOk), IDOK);
-    EXPECT_THAT(user.questions, ElementsAre("\"" + std::string(library.View()) +
-                                            "/\"is already exist. Do you want to overwrite"));
+    EXPECT_THAT(user.questions, ElementsAre("\"" + std::string(library.View()) + kSeparator +
+                                            "\"is already exist. Do you want to overwrite"));
 }
 
 TEST_F(ImportDialog, AnEmptiedFieldKeepsItsLastTextForOk) {

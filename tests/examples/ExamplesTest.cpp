@@ -10,7 +10,7 @@ TEST(Examples, AreBalancedAndWholeParts) {
     int count = 0;
     for (const auto& entry : std::filesystem::directory_iterator(test::ProjectFolder("examples"))) {
         CECadCls tree;
-        tree.m_strFilePath = CString(entry.path().native());
+        tree.m_strFilePath = veka::FromPath(entry.path());
         EXPECT_EQ(tree.ReadLevelTree(0), 0) << entry.path();
         const auto parser = test::Import(test::ReadFile(entry.path()));
         const CVEKA_Manager& part = *parser->GetCVEKA_Manager();

@@ -46,9 +46,9 @@ size_t FailEachAllocation(const std::function<void()>& run, const std::function<
 }
 
 std::vector<CString> Parts() {
-    std::vector<CString> parts{CString((test::ProjectFolder("tests") / "data/complete.veka").native())};
+    std::vector<CString> parts{veka::FromPath(test::ProjectFolder("tests") / "data/complete.veka")};
     for (const char* name : {"op-amp.veka", "resistor.veka"})
-        parts.emplace_back((test::ProjectFolder("examples") / name).native());
+        parts.push_back(veka::FromPath(test::ProjectFolder("examples") / name));
     return parts;
 }
 

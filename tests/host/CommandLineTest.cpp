@@ -60,7 +60,7 @@ TEST(CommandLine, AWrongWordIsAnsweredWithTheRightOnes) {
         return "";
     };
     EXPECT_EQ(sentence({"--overwrite", "maybe"}), "--overwrite takes yes, no or ask, not \"maybe\"");
-    EXPECT_EQ(sentence({"--ui", "x"}), "--ui takes qt or console, not \"x\"");
+    EXPECT_EQ(sentence({"--ui", "x"}), "--ui takes qt, win32 or console, not \"x\"");
 }
 
 TEST(CommandLine, RaisesWhatItCannotUnderstand) {

@@ -91,7 +91,7 @@ TEST_F(ImportedPart, StaysInItsLibraryWhateverItsNumberIs) {
     names.insert(".veka-lock");
     std::set<std::string> there;
     for (const auto& entry : std::filesystem::directory_iterator(directory.Path() / "library"))
-        there.insert(entry.path().filename());
+        there.emplace(veka::FromPath(entry.path().filename()).View());
     EXPECT_EQ(there, names);
     EXPECT_EQ(directory.Names(), (std::vector<std::string>{"library", "part.veka"})) << "nothing beside it";
 }

@@ -351,7 +351,7 @@ TEST(CECadCls, ReadsEveryTextAsTheProcedureSays) {
 TEST(CECadCls, ReadsEveryRealPartAsTheProcedureSays) {
     VEKA_NEEDS_CORPUS();
     for (const auto& path : test::CorpusFiles()) {
-        const PlainResult read = ReadPath(CString(path.native()));
+        const PlainResult read = ReadPath(veka::FromPath(path));
         EXPECT_EQ(read.result, 0) << path;
         EXPECT_TRUE(read == test::ReadPlainly(test::ReadFile(path))) << path;
     }

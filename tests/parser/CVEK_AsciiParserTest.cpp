@@ -104,7 +104,7 @@ TEST(CVEK_AsciiParser, ImportsEveryRealPart) {
     VEKA_NEEDS_CORPUS();
     for (const auto& path : test::CorpusFiles()) {
         CVEK_AsciiParser parser;
-        parser.SetVEKAsciiFilePath(CString(path.native()));
+        parser.SetVEKAsciiFilePath(veka::FromPath(path));
         EXPECT_EQ(parser.Parser(), 1) << path;
         // The number as it stands in the text.
         const std::string text = test::ReadFile(path);

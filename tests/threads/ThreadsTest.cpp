@@ -52,9 +52,9 @@ public:
 };
 
 TEST(Threads, ImportSideBySideWithAParserEach) {
-    std::vector<CString> paths{CString((test::ProjectFolder("tests") / "data/complete.veka").native())};
+    std::vector<CString> paths{veka::FromPath(test::ProjectFolder("tests") / "data/complete.veka")};
     for (const auto& entry : std::filesystem::directory_iterator(test::ProjectFolder("examples")))
-        if (entry.path().extension() == ".veka") paths.emplace_back(entry.path().native());
+        if (entry.path().extension() == ".veka") paths.push_back(veka::FromPath(entry.path()));
     std::vector<std::string> expected;
     for (const CString& path : paths) expected.push_back(Imported(path));
     std::atomic<int> wrong = 0;

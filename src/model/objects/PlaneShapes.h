@@ -2,6 +2,13 @@
 
 #include "model/objects/ObjectRows.h"
 
+#ifdef VOID
+// A macro of the Windows headers, under which a polygon would have no list of its holes; as a type it does
+// the same in declarations.
+#undef VOID
+using VOID = void;
+#endif
+
 // The drawing of a part in the plane. These have no colour and no base point of their own: where one has a
 // point, it is a field of its own.
 

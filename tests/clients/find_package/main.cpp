@@ -7,6 +7,9 @@
 #ifdef WITH_QT
 #include <qt/QtUserInterface.h>
 #endif
+#ifdef WITH_WIN32
+#include <win32/Win32UserInterface.h>
+#endif
 #ifdef WITH_SOLIDS
 #include <geometry/SolidFiles.h>
 #endif
@@ -15,6 +18,10 @@ int main(int argc, char** argv) {
     if (argc != 2) return 2;
 #ifdef WITH_QT
     veka::QtUserInterface user;
+    veka::InstallUserInterface(&user);
+#endif
+#ifdef WITH_WIN32
+    veka::Win32UserInterface user;
     veka::InstallUserInterface(&user);
 #endif
     CVEK_AsciiParser parser;

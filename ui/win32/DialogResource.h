@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/UserInterface.h"
+
+namespace veka {
+
+/// A dialog template in the system's binary form, as a resource compiler writes it for the table.
+std::vector<std::uint32_t> MakeDialogResource(const DialogTemplate& dialog);
+
+}  // namespace veka

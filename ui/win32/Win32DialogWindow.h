@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/UserInterface.h"
+
+namespace veka {
+
+/// A dialog as a window of the system, from the resource of the module that registered its template or, where
+/// the module has none, from the template itself.
+///
+/// The window stands while `Run` runs. A text ends at its first zero byte, since the system's do.
+class Win32DialogWindow : public DialogWindow {
+public:
+    /// `events` outlives the window; the parent is a window handle or null.
+    Win32DialogWindow(const DialogTemplate& dialog, DialogEvents& events, void* parent);
+
+    /// -1 where the system cannot make the window; Cancel if the window dies without an end.
+    int Run() override;
+    void End(int result) override;
+    CString GetText(int control) const override;
+    void SetText(int control, const CString& text) override;
+    void SetCaption(const CString& caption) override;
+    /// The window's handle.
+    void* Handle() const noexcept override { return m_window; }
+
+    /// The window stands; what its procedure calls.
+    void Ready(void* window) noexcept;
+    /// A control tells something by the system's code for it.
+    void Told(int control, int code) noexcept;
+    /// The window is gone.
+    void Gone() noexcept { m_window = nullptr; }
+
+private:
+    const DialogTemplate& m_dialog;
+    DialogEvents& m_events;
+    void* m_parent;
+    void* m_window = nullptr;
+    bool m_stood = false;  // at some time
+    std::optional<int> m_result;
+};
+
+}  // namespace veka
