@@ -8,7 +8,7 @@ const char* const kUsage =
     "\n"
     "Imports a part data file and stores the part in a library.\n"
     "With FILE the import runs unattended; without, a dialog asks for file and directory: in a window where\n"
-    "there is a display, on the terminal where there is none. The window imports one part after another.\n"
+    "there is a display, on the terminal where there is none. Qt's window imports one part after another.\n"
     "\n"
     "  --library DIR       directory that parts are stored in\n"
     "  --overwrite HOW     what to do about a part that is there already (ask)\n"

@@ -33,9 +33,9 @@ constexpr size_t kHeader = sizeof(size_t);
 
 }  // namespace
 
-CString::CString(char byte, int repeat) {
+CString::CString(char c, int repeat) {
     const size_t length = repeat > 0 ? static_cast<size_t>(repeat) : 0;
-    std::memset(Make(length), byte, length);
+    std::memset(Make(length), c, length);
 }
 
 char* CString::MakeOutside(size_t length, size_t capacity) {
@@ -72,9 +72,9 @@ char CString::GetAt(int index) const {
     return text[static_cast<size_t>(index)];
 }
 
-void CString::SetAt(int index, char byte) {
+void CString::SetAt(int index, char c) {
     if (index < 0 || index >= GetLength()) AfxThrowInvalidArgException();
-    Writable()[index] = byte;
+    Writable()[index] = c;
 }
 
 CString CString::Left(int count) const {
@@ -97,8 +97,8 @@ int CString::Find(std::string_view text, int start) const noexcept {
     return start < 0 ? -1 : Position(View().find(text, static_cast<size_t>(start)));
 }
 
-int CString::ReverseFind(char byte) const noexcept {
-    return Position(View().rfind(byte));
+int CString::ReverseFind(char c) const noexcept {
+    return Position(View().rfind(c));
 }
 
 int CString::FindOneOf(const char* bytes) const noexcept {
@@ -155,9 +155,9 @@ int CString::Replace(const CString& from, const CString& to) {
     return count;
 }
 
-int CString::Remove(char byte) {
+int CString::Remove(char c) {
     std::string text(View());
-    const auto count = static_cast<int>(std::erase(text, byte));
+    const auto count = static_cast<int>(std::erase(text, c));
     if (count > 0) *this = CString(text);
     return count;
 }

@@ -28,7 +28,7 @@ public:
         : CString(bytes && length > 0 ? std::string_view(bytes, static_cast<size_t>(length))
                                       : std::string_view()) {}
     /// One byte, repeated; a negative count counts as 0.
-    explicit CString(char byte, int repeat = 1);
+    explicit CString(char c, int repeat = 1);
     explicit CString(std::string_view bytes) { Copy(bytes); }
     explicit CString(const std::string& bytes) : CString(std::string_view(bytes)) {}
     CString(const CString& other) {
@@ -100,7 +100,7 @@ public:
     char GetAt(int index) const;
     char operator[](int index) const { return GetAt(index); }
     /// Replaces one byte; raises `CInvalidArgException` outside the string.
-    void SetAt(int index, char byte);
+    void SetAt(int index, char c);
 
     /// The first `count` bytes.
     CString Left(int count) const;
@@ -112,13 +112,13 @@ public:
 
     /// Position of the first occurrence at or behind `start`, or -1.
     int Find(std::string_view text, int start = 0) const noexcept;
-    int Find(char byte, int start = 0) const noexcept { return Find(std::string_view(&byte, 1), start); }
+    int Find(char c, int start = 0) const noexcept { return Find(std::string_view(&c, 1), start); }
     int Find(const char* text, int start = 0) const noexcept {
         return Find(std::string_view(text ? text : ""), start);
     }
     int Find(const CString& text, int start = 0) const noexcept { return Find(text.View(), start); }
     /// Position of the last occurrence, or -1.
-    int ReverseFind(char byte) const noexcept;
+    int ReverseFind(char c) const noexcept;
     /// Position of the first byte that is one of the given, or -1.
     int FindOneOf(const char* bytes) const noexcept;
 
@@ -129,7 +129,7 @@ public:
     /// Replaces every occurrence, from the left and without overlap; returns how many there were.
     int Replace(const CString& from, const CString& to);
     /// Takes every such byte out and returns how many there were.
-    int Remove(char byte);
+    int Remove(char c);
 
     /// Removes leading blanks, tabs, carriage returns, line feeds, vertical tabs and form feeds.
     CString& TrimLeft();
@@ -157,8 +157,8 @@ public:
     void Append(const CString& text) {
         *this += text.View();
     }
-    void AppendChar(char byte) {
-        *this += byte;
+    void AppendChar(char c) {
+        *this += c;
     }
     CString& operator+=(const CString& text) {
         return *this += text.View();
@@ -166,8 +166,8 @@ public:
     CString& operator+=(const char* text) {
         return *this += std::string_view(text ? text : "");
     }
-    CString& operator+=(char byte) {
-        return *this += std::string_view(&byte, 1);
+    CString& operator+=(char c) {
+        return *this += std::string_view(&c, 1);
     }
     CString& operator+=(std::string_view bytes);
 

@@ -4,9 +4,12 @@
 
 #include <shobjidl.h>
 
+#include <filesystem>
 #include <iterator>
 #include <memory>
-#include <string_view>
+#include <system_error>
+
+#include "platform/Paths.h"
 
 namespace veka {
 
@@ -49,17 +52,8 @@ Owned<IShellItem> ItemOf(const std::wstring& path) {
 }
 
 std::wstring Absolute(const std::wstring& path) {
-    if (path.empty()) return path;
-    std::wstring absolute(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-    const DWORD length =
-        GetFullPathNameW(path.c_str(), static_cast<DWORD>(absolute.size()), absolute.data(), nullptr);
-    absolute.resize(length < absolute.size() ? length : 0);
-    return absolute;
-}
-
-bool IsDirectory(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    std::error_code error;
+    return path.empty() ? path : std::filesystem::absolute(path, error).native();
 }
 
 /// Opens the dialog at a path: in its directory, with its name as the suggestion.

@@ -2,9 +2,6 @@
 #undef NOMINMAX
 #undef WIN32_LEAN_AND_MEAN
 #include <windows.h>
-#ifdef __GNUC__
-#pragma GCC diagnostic ignored "-Wshadow"  // by the system's global "byte"
-#endif
 
 #include "VEKAsciiDLL.h"
 #include "win32/Win32UserInterface.h"
