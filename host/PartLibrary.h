@@ -9,8 +9,9 @@ namespace host {
 
 /// A directory with one directory a part, which holds the part's source file.
 ///
-/// A crash at any instant leaves either the old part or the new one, whole. Several programs may store into
-/// one library at the same time.
+/// A crash at any instant leaves either the old part or the new one, whole; where names cannot be exchanged
+/// the old one may stand aside until the next store puts it back. Several programs may store into one library
+/// at the same time.
 class PartLibrary {
 public:
     explicit PartLibrary(std::filesystem::path directory) : m_directory(std::move(directory)) {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -26,7 +27,7 @@ public:
     FileLock& operator=(const FileLock&) = delete;
 
 private:
-    void* m_handle;
+    std::intptr_t m_handle;  // the system's own
 };
 
 /// True if a directory can have an entry of this name, and of no other by it.

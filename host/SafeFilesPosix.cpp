@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdint>
 #include <cstring>
 #include <system_error>
 
@@ -49,25 +48,20 @@ private:
     int m_fd;
 };
 
-int ToDescriptor(void* handle) {
-    return static_cast<int>(reinterpret_cast<std::intptr_t>(handle));
-}
-
 }  // namespace
 
-FileLock::FileLock(const fs::path& file)
-    : m_handle(reinterpret_cast<void*>(static_cast<std::intptr_t>(Open(file, O_RDWR | O_CREAT)))) {
-    while (flock(ToDescriptor(m_handle), LOCK_EX) != 0) {
+FileLock::FileLock(const fs::path& file) : m_handle(Open(file, O_RDWR | O_CREAT)) {
+    while (flock(static_cast<int>(m_handle), LOCK_EX) != 0) {
         if (errno == EINTR) continue;
         const int error = errno;
-        close(ToDescriptor(m_handle));
+        close(static_cast<int>(m_handle));
         errno = error;
         Fail("cannot lock", file);
     }
 }
 
 FileLock::~FileLock() {
-    close(ToDescriptor(m_handle));
+    close(static_cast<int>(m_handle));
 }
 
 bool IsFileName(const std::string& name) {
@@ -77,10 +71,13 @@ bool IsFileName(const std::string& name) {
 fs::path MakeUniqueDirectory(const fs::path& directory, std::string_view front) {
     std::string made = (directory / (std::string(front) + "XXXXXX")).string();
     if (!mkdtemp(made.data())) Fail("cannot write", directory);
-    std::error_code error;
     // mkdtemp's own permissions are for one user alone.
-    fs::permissions(made, fs::status(directory, error).permissions(), error);
-    return made;
+    std::error_code error;
+    const fs::perms permissions = fs::status(directory, error).permissions();
+    if (!error) fs::permissions(made, permissions, error);
+    if (!error) return made;
+    errno = error.value();
+    Fail("cannot write", directory);
 }
 
 void CopyFileDurably(const fs::path& from, const fs::path& to) {

@@ -62,17 +62,19 @@ fs::path Below(const fs::path& directory, const std::wstring& name) {
 }  // namespace
 
 FileLock::FileLock(const fs::path& file)
-    : m_handle(Open(file, GENERIC_READ | GENERIC_WRITE, kShared, OPEN_ALWAYS)) {
+    : m_handle(
+          reinterpret_cast<std::intptr_t>(Open(file, GENERIC_READ | GENERIC_WRITE, kShared, OPEN_ALWAYS))) {
+    const auto handle = reinterpret_cast<HANDLE>(m_handle);
     OVERLAPPED place{};
-    if (LockFileEx(m_handle, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place)) return;
+    if (LockFileEx(handle, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place)) return;
     const DWORD error = GetLastError();
-    CloseHandle(m_handle);
+    CloseHandle(handle);
     SetLastError(error);
     Fail("cannot lock", file);
 }
 
 FileLock::~FileLock() {
-    CloseHandle(m_handle);
+    CloseHandle(reinterpret_cast<HANDLE>(m_handle));
 }
 
 bool IsFileName(const std::string& name) {

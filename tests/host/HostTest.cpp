@@ -56,9 +56,9 @@ protected:
     }
     bool Stored(const char* name) const { return std::filesystem::exists(Root() / name / "part.veka"); }
 
-    test::TemporaryDirectory directory;
     std::filesystem::path Root() const { return veka::ToPath(CString(library)); }
 
+    test::TemporaryDirectory directory;
     std::string library;
     std::ostringstream out, err;
 };

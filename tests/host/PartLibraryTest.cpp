@@ -124,7 +124,7 @@ void StoreForever(const std::filesystem::path& directory) {
     }
 }
 
-// Where a child process begins at the beginning.
+// A child process that could not be forked stores from here on, before any test runs.
 const bool g_child = test::RunAsChild(StoreForever);
 
 TEST_F(Library, KilledAtAnyInstantItHoldsTheOldPartOrTheNewOneWhole) {
