@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -28,7 +29,7 @@ public:
     QtScript& Then(Step step) {
         m_steps.push_back(std::move(step));
         if (m_steps.size() == 1) {
-            m_waited = 0;
+            m_patience.start();
             Schedule();
         }
         return *this;
@@ -63,13 +64,14 @@ private:
     }
     void Next() {
         QWidget* window = QApplication::activeModalWidget();
-        if (!window) {
-            m_waited += kPause;
-            if (m_waited < kPatience) return Schedule();
-            ADD_FAILURE() << "no window came";
-            m_steps.clear();
-            return;
+        // A window gets its focus some time after it is shown, and a key or a click before goes astray. The
+        // window below one that closed gets it from a window manager, which may not be there.
+        if (!window || !window->isActiveWindow()) {
+            if (window) window->activateWindow();
+            if (m_patience.elapsed() < kPatience) return Schedule();
+            return GiveUp(window ? "a window did not become active" : "no window came");
         }
+        m_patience.start();
         const Step step = std::move(m_steps.front());
         m_steps.pop_front();
         // The step may open a window of its own, in which the next step is done.
@@ -77,7 +79,16 @@ private:
             QTimer::singleShot(kPatience, &m_life, [] { CloseAll(); });
         else
             Schedule();
-        step(*window);
+        try {
+            step(*window);
+        } catch (const std::exception& error) {
+            GiveUp(error.what());  // it must not cross Qt's loops
+        }
+    }
+    void GiveUp(const char* reason) {
+        ADD_FAILURE() << reason;
+        m_steps.clear();
+        CloseAll();
     }
     static void CloseAll() {
         while (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
@@ -88,8 +99,8 @@ private:
     }
 
     std::deque<Step> m_steps;
-    int m_waited = 0;
-    QObject m_life;  // timers end with it
+    QElapsedTimer m_patience;  // since the last step
+    QObject m_life;            // timers end with it
 };
 
 /// Installs the Qt user interface for a test.
