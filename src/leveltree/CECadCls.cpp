@@ -18,6 +18,7 @@ namespace {
 
 constexpr unsigned kMaximumDepth = 20;
 static_assert(CStdioFile::kReadable >= veka::SpecialBytes::kBlock);
+static_assert(veka::Stack<CString>::kReadable >= CECadClsLvl::kReadable);
 
 bool IsHigh(char byte) {
     return static_cast<unsigned char>(byte) >= 0x80;
@@ -47,122 +48,178 @@ public:
     int Read(CStdioFile& file);
 
 private:
-    /// A level that has not been closed yet. What it holds stands on the stacks of values and children, above
-    /// what the levels around it hold.
+    /// A level that has not been closed yet: where on the stack of strings begins what it holds, and how many
+    /// of the last children are its own.
     struct OpenLevel {
-        CString name;
-        size_t values = 0;
-        size_t children = 0;
+        veka::Stack<CString>::Height strings;
+        size_t children;
     };
 
-    const char* ReadLine(const char* begin, veka::SpecialBytes& specials);
-    const char* ReadOutside(const char* begin, veka::SpecialBytes& specials);
+    const char* ReadOutside(const char* text);
     const char* ReadInside(const char* begin);
+    const char* BeginLine(const char* text);
+    const char* BeginStringLine(const char* text);
+    bool EndLine(const char* end);
     const char* LineEnd(const char* text) const;
     bool IsSuspect(std::string_view line, size_t quote) const;
     void CloseString(std::string_view lastBytes, bool opensLine);
     CString Keep(std::string_view text);
-    CString* NextToken();
-    void Commit(std::string_view token);
     void CommitString(std::string_view text);
-    bool Open();
     void Fail();
-    void Close();
 
     CECadCls& m_tree;
     veka::Pages& m_pages;
     const std::function<void(CECadClsLvl*)>& m_take;
-    unsigned m_depth = 0;  // signed in meaning; unsigned, so that counting wraps
-    std::array<OpenLevel, kMaximumDepth> m_open;
-    OpenLevel* m_current = nullptr;
-    veka::Stack<CString> m_values;  // none has memory of its own
+    unsigned m_depth = 0;                             // signed in meaning; unsigned, so that counting wraps
+    std::array<OpenLevel, kMaximumDepth + 1> m_open;  // the first stands for what is outside all levels
+    OpenLevel* m_current = m_open.data();
+    veka::Stack<CString> m_strings;  // names, each with its values behind it; none has memory of its own
     veka::Stack<CECadClsLvl*> m_children;
     bool m_inString = false;
     bool m_failed = false;
+    veka::SpecialBytes m_specials;
     const char* m_end = nullptr;        // of the lines that are in memory
     const char* m_lineBegin = nullptr;  // behind the white space
-    std::string_view m_line;            // from there on, once a string has stood in it
-    bool m_lookAheadOnLine = false;
-    std::string m_earlierLines;  // of the string that runs over a line end
-    char m_previousByte;         // the last but one byte of an earlier line
+    std::string_view m_line;            // the last line in memory that a string stood in, from there on
+    bool m_lookAheadOnLine = false;     // which the look-ahead has been told of
+    std::string m_earlierLines;         // of the string that runs over a line end
+    char m_previousByte;                // the last but one byte of an earlier line
     veka::QuoteLookAhead m_lookAhead;
 };
 
 int Reader::Read(CStdioFile& file) {
     for (std::string_view lines; file.ReadLines(lines);) {
-        const char* next = lines.data();
-        m_end = next + lines.size();
-        veka::SpecialBytes specials;
-        while (next != m_end) {
-            m_tree.m_nLineCount = static_cast<int>(static_cast<unsigned>(m_tree.m_nLineCount) + 1);
-            if (next[0] == '/' && next[1] == '/') {
-                next = LineEnd(next) + 1;
-                continue;
-            }
-            next = ReadLine(next, specials);
-            if (m_failed) return -1;
-            if (m_tree.m_nLineCount != 1 && m_tree.m_bStopAtDepthZero && m_depth == 0) return 0;
+        const char* text = lines.data();
+        m_end = text + lines.size();
+        m_specials = {};
+        m_line = {};
+        text = m_inString ? BeginStringLine(text) : BeginLine(text);
+        while (text != m_end) {
+            text = m_inString ? ReadInside(text) : ReadOutside(text);
+            if (!text) return m_failed ? -1 : 0;
         }
     }
     return m_depth == 0 ? 0 : -1;
 }
 
-/// Reads one line that is no comment; returns the place behind it.
-inline const char* Reader::ReadLine(const char* begin, veka::SpecialBytes& specials) {
-    if (m_inString)
-        m_earlierLines += '\n';
-    else
-        begin = veka::SkipWhiteSpace(begin);
-    m_lineBegin = begin;
-    m_line = {};
-    m_lookAheadOnLine = false;
-    const char* feed = begin;
-    do {
-        feed = m_inString ? ReadInside(feed) : ReadOutside(feed, specials);
-        if (m_failed) return nullptr;
-    } while (*feed != '\n');
-    const std::string_view line = WithoutLineEnd(m_lineBegin, feed);
-    if (line.size() > 1) m_previousByte = line[line.size() - 2];
-    return feed + 1;
-}
-
-/// Reads tokens up to the end of the line, which is returned, or to an opening quote; then the place behind
-/// it is.
-inline const char* Reader::ReadOutside(const char* begin, veka::SpecialBytes& specials) {
-    for (;;) {
-        // Most levels open a line.
-        const char* end = *begin == '(' ? begin : specials.Find(begin);
-        // A quote behind a backslash belongs to the token.
-        while (*end == '"' && end != begin && end[-1] == '\\') end = specials.Find(end + 1);
-        const std::string_view token(begin, static_cast<size_t>(end - begin));
-        begin = end + 1;
-        switch (*end) {
-            case '"':
-                m_inString = true;  // and a token directly before it is thrown away
-                return begin;
-            case ' ':
-                Commit(token);
-                continue;
-            case '(':
-                Commit(token);
-                if (!Open()) return end;
-                continue;
-            case ')':
-                Commit(token);
-                Close();
-                continue;
-            default:
-                // The token is over with its line: nothing that a caller can see happens before the next one.
-                Commit(WithoutLineEnd(token.data(), end));
-                return end;
-        }
+/// Begins the next line that is no comment, outside a string; returns its first token, or the end of the
+/// lines.
+inline const char* Reader::BeginLine(const char* text) {
+    for (; text != m_end; text = LineEnd(text) + 1) {
+        m_tree.m_nLineCount = static_cast<int>(static_cast<unsigned>(m_tree.m_nLineCount) + 1);
+        if (text[0] == '/' && text[1] == '/') continue;
+        text = veka::SkipWhiteSpace(text);
+        m_lineBegin = text;
+        break;
     }
+    return text;
 }
 
-/// Reads on inside a string that began or continued at `begin`; returns the place behind its end, or the end
-/// of the line.
+/// As `BeginLine`, inside a string: its text goes on where the line begins.
+const char* Reader::BeginStringLine(const char* text) {
+    for (; text != m_end; text = LineEnd(text) + 1) {
+        m_tree.m_nLineCount = static_cast<int>(static_cast<unsigned>(m_tree.m_nLineCount) + 1);
+        if (text[0] == '/' && text[1] == '/') continue;
+        m_earlierLines += '\n';
+        m_lineBegin = text;
+        break;
+    }
+    return text;
+}
+
+/// Ends a line, whose text ends here; false where the read is to stop.
+inline bool Reader::EndLine(const char* end) {
+    if (end - m_lineBegin > 1) m_previousByte = end[-2];
+    return !m_tree.m_bStopAtDepthZero || m_tree.m_nLineCount == 1 || m_depth != 0;
+}
+
+/// Reads tokens up to an opening quote, and returns the place behind it, or up to the end of the lines. Null
+/// where the read is to stop.
+const char* Reader::ReadOutside(const char* text) {
+    // Copies, because the compiler keeps them in registers then.
+    veka::SpecialBytes specials = m_specials;
+    CString* top = m_strings.Top();
+    OpenLevel* current = m_current;
+    const auto commit = [&](const char* end) {
+        const auto size = static_cast<size_t>(end - text);
+        if (size == 0 || current == m_open.data()) return;
+        if (size <= CString::kMaximumInside)
+            new (top) CString(CString::Inside(text, size));
+        else
+            new (top) CString(Keep({text, size}));
+        top = m_strings.Pushed(top);
+    };
+    const auto close = [&] {
+        --m_depth;
+        if (current == m_open.data()) return;               // a stray parenthesis
+        if (m_strings.HeightOf(top) == current->strings) {  // it has no name
+            new (top) CString;
+            top = m_strings.Pushed(top);
+        }
+        CString* const strings = m_strings.At(current->strings);
+        CECadClsLvl* level = CECadClsLvl::Make(m_pages, static_cast<int>(m_depth) + 1, {strings, top},
+                                               m_children.Last(current->children));
+        top = strings;
+        m_children.Pop(current->children);
+        --current;
+        if (current == m_open.data()) {
+            m_take(level);
+        } else {
+            *m_children.Top() = level;
+            m_children.Push();
+            ++current->children;
+        }
+    };
+
+    specials.Seek(text);
+    for (;;) {
+        const char* end = specials.Next();
+        const char c = *end;
+        if (c == ' ') {
+            commit(end);
+        } else if (c == ')') {
+            commit(end);
+            close();
+        } else if (c == '(') {
+            commit(end);
+            if (m_depth >= kMaximumDepth) {
+                Fail();
+                return nullptr;
+            }
+            ++m_depth;
+            *++current = {m_strings.HeightOf(top), 0};
+        } else if (c == '\n') {
+            const char* feed = end;
+            if (feed != m_lineBegin && feed[-1] == '\r') --end;
+            // The token is over with its line: nothing that a caller can see happens before the next one.
+            commit(end);
+            if (!EndLine(end)) return nullptr;
+            text = BeginLine(feed + 1);
+            if (text == m_end) break;
+            specials.Seek(text);
+            continue;
+        } else if (c == '"' && (end == text || end[-1] != '\\')) {
+            m_inString = true;  // and a token directly before it is thrown away
+            text = end + 1;
+            break;
+        } else {
+            continue;  // the byte belongs to the token
+        }
+        text = end + 1;
+    }
+    m_specials = specials;
+    m_strings.SetTop(top);
+    m_current = current;
+    return text;
+}
+
+/// Reads on inside a string that began or continued at `begin`; returns the place behind its end, or where it
+/// goes on in the next line. Null where the read is to stop.
 const char* Reader::ReadInside(const char* begin) {
-    if (!m_line.data()) m_line = WithoutLineEnd(m_lineBegin, LineEnd(begin));
+    if (m_line.data() != m_lineBegin) {
+        m_line = WithoutLineEnd(m_lineBegin, LineEnd(begin));
+        m_lookAheadOnLine = false;
+    }
     const std::string_view line = m_line;
     const auto first = static_cast<size_t>(begin - line.data());
     bool asked = false;
@@ -171,7 +228,7 @@ const char* Reader::ReadInside(const char* begin) {
         if (i == std::string_view::npos) {
             m_earlierLines += line.substr(first);
             const char* end = line.data() + line.size();
-            return *end == '\n' ? end : end + 1;
+            return EndLine(end) ? BeginStringLine(LineEnd(end) + 1) : nullptr;
         }
         if (!IsSuspect(line, i)) {
             CloseString(line.substr(first, i - first), i == 0);
@@ -227,45 +284,13 @@ CString Reader::Keep(std::string_view text) {
     return CString::Borrow({copy, text.size()});
 }
 
-/// The place of the next token: the current level's name, and once it has one its next value. Null outside
-/// every level.
-inline CString* Reader::NextToken() {
-    if (!m_current) return nullptr;
-    if (m_current->name.IsEmpty()) return &m_current->name;
-    CString* value = new (m_values.Push()) CString;
-    ++m_current->values;
-    return value;
-}
-
-/// Gives the current level a token from outside a string; an empty one is none.
-inline void Reader::Commit(std::string_view token) {
-    if (token.empty()) return;
-    CString* place = NextToken();
-    if (!place) return;
-    if (token.size() <= CString::kMaximumInside)
-        new (place) CString(CString::Inside(token.data(), token.size()));
-    else
-        new (place) CString(Keep(token));
-}
-
 /// Gives the current level a string, which is not empty: a single blank stands for the empty one, but in a
 /// name.
 void Reader::CommitString(std::string_view text) {
-    CString* place = NextToken();
-    if (!place) return;
-    const bool value = place != &m_current->name;
-    new (place) CString(value && text == " " ? CString() : Keep(text));
-}
-
-/// Opens a level; false after the brace error.
-inline bool Reader::Open() {
-    if (m_depth >= kMaximumDepth) {
-        Fail();
-        return false;
-    }
-    m_current = &m_open[m_depth++];
-    m_current->values = m_current->children = 0;
-    return true;
+    if (m_current == m_open.data()) return;
+    const bool value = m_strings.HeightOf(m_strings.Top()) > m_current->strings;
+    new (m_strings.Top()) CString(value && text == " " ? CString() : Keep(text));
+    m_strings.Push();
 }
 
 /// Too many levels are open, or a stray parenthesis has closed one too many.
@@ -275,25 +300,6 @@ void Reader::Fail() {
     CString text;
     text.Format(veka::messages::kUnexpectedBrace, static_cast<int>(m_depth), m_tree.m_nLineCount);
     AfxMessageBox(text);
-}
-
-/// Closes the current level, which puts it into the tree.
-inline void Reader::Close() {
-    const unsigned slot = --m_depth;
-    if (slot >= kMaximumDepth) return;  // a stray parenthesis
-    OpenLevel& open = *m_current;
-    CECadClsLvl* level = CECadClsLvl::Make(m_pages, static_cast<int>(slot) + 1, std::move(open.name),
-                                           m_values.Last(open.values), m_children.Last(open.children));
-    m_values.Pop(open.values);
-    m_children.Pop(open.children);
-    if (slot == 0) {
-        m_current = nullptr;
-        m_take(level);
-    } else {
-        m_current = &open - 1;
-        *m_children.Push() = level;
-        ++m_current->children;
-    }
 }
 
 }  // namespace

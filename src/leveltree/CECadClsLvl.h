@@ -61,37 +61,46 @@ public:
     /// Ends a level that has memory of its own.
     static void operator delete(CECadClsLvl* level, std::destroying_delete_t);
 
-    /// Makes a level in pages, of strings and levels that are copied there as they stand. Borrowed text lives
-    /// as long as the pages.
-    static CECadClsLvl* Make(veka::Pages& pages, int depth, CString&& name, std::span<CString> values,
+    /// Makes a level in pages, of its name with its values behind it and of its children; they are copied
+    /// there as they stand. Borrowed text lives as long as the pages. `kReadable` strings more can be read.
+    static CECadClsLvl* Make(veka::Pages& pages, int depth, std::span<CString> strings,
                              std::span<CECadClsLvl* const> children) {
-        // The values stand directly behind the level.
-        auto* memory = pages.Take<std::byte>(sizeof(CECadClsLvl) + values.size_bytes());
-        auto* run = reinterpret_cast<CString*>(memory + sizeof(CECadClsLvl));
-        for (std::size_t i = 0; i < values.size(); ++i)
-            std::memcpy(static_cast<void*>(run + i), static_cast<const void*>(&values[i]), sizeof(CString));
-        return new (memory)
-            CECadClsLvl(depth, std::move(name), {run, values.size()}, MakeChildren(pages, children));
+        CECadClsLvlArray* array = children.empty() ? ms_noChildren : MakeChildren(pages, children);
+        constexpr std::size_t namePlace = sizeof(CECadClsLvl) - sizeof(CString);
+        auto* memory = pages.Take<std::byte>(namePlace + strings.size_bytes());
+        auto* copies = reinterpret_cast<CString*>(memory + namePlace);
+        auto* level = new (memory) CECadClsLvl(depth, {copies + 1, strings.size() - 1}, array);
+        // Four strings at once, if need be with what stands behind them: most levels have fewer, and to ask
+        // would cost more.
+        constexpr std::size_t atOnce = kReadable + 1;
+        std::size_t i = 0;
+        do {
+            std::memcpy(static_cast<void*>(copies + i), static_cast<const void*>(strings.data() + i),
+                        atOnce * sizeof(CString));
+            i += atOnce;
+        } while (i < strings.size());
+        return level;
     }
+    static constexpr std::size_t kReadable = 3;
+    static_assert(veka::Pages::kWritable >= kReadable * sizeof(CString));
 
     veka::LevelChildren m_pChildren;  ///< closed child levels in file order
     CStringArray m_aValues;           ///< values in file order
-    CString m_strName;
-    int m_nDepth = 0;  ///< 1 for a top-level level, one more per nesting step
+    int m_nDepth = 0;                 ///< 1 for a top-level level, one more per nesting step
 
 private:
-    CECadClsLvl(int depth, CString&& name, std::span<CString> values, CECadClsLvlArray* children) noexcept
+    bool m_inPages = false;
+
+public:
+    CString m_strName;  // the last, so that the values can stand behind it
+
+private:
+    CECadClsLvl(int depth, std::span<CString> values, CECadClsLvlArray* children) noexcept
         : m_pChildren(children),
           m_aValues(CStringArray::View(values.data(), static_cast<std::uint32_t>(values.size()))),
-          m_strName(std::move(name)),
           m_nDepth(depth),
           m_inPages(true) {}
-    static CECadClsLvlArray* MakeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children) {
-        return children.empty() ? ms_noChildren : MakeSomeChildren(pages, children);
-    }
-    static CECadClsLvlArray* MakeSomeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children);
+    static CECadClsLvlArray* MakeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children);
 
     static CECadClsLvlArray* const ms_noChildren;  // of every level in pages that has none
-
-    bool m_inPages = false;
 };

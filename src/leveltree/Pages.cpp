@@ -16,7 +16,7 @@ void Pages::NextPage(std::size_t size) {
     if (m_used == m_pages.size() || m_pages[m_used].size < size) {
         const std::size_t whole = std::max(size, kPage);
         m_pages.insert(m_pages.begin() + static_cast<std::ptrdiff_t>(m_used),
-                       {std::make_unique_for_overwrite<std::byte[]>(whole), whole});
+                       {std::make_unique_for_overwrite<std::byte[]>(whole + kWritable), whole});
     }
     const Page& page = m_pages[m_used++];
     m_free = page.memory.get();

@@ -11,6 +11,9 @@ namespace veka {
 /// Memory that is taken piece by piece and freed as a whole.
 class VEKA_API Pages {
 public:
+    /// Bytes behind what was taken last that can be written, too, until more is taken.
+    static constexpr std::size_t kWritable = 64;
+
     /// Memory for an object of any type, uninitialised. It lives until `Reset`, or as long as the pages.
     void* Take(std::size_t size) {
         size = (size + kAlignment - 1) & ~(kAlignment - 1);

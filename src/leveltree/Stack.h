@@ -12,27 +12,43 @@ namespace veka {
 template <class T>
 class Stack {
 public:
-    /// Makes room for one element on top; the caller constructs it.
-    T* Push() {
-        if (m_top == m_end) Grow();
-        return m_top++;
-    }
+    /// Elements behind the top that can be read, whatever stands there.
+    static constexpr std::size_t kReadable = 3;
+    /// A place on the stack, in bytes above its bottom: unlike a pointer it stays when the stack grows.
+    enum class Height : std::size_t {};
+
+    Stack() { m_top = Grow(nullptr); }
+
+    /// The place above the last element, where the next one is constructed; there is always room.
+    T* Top() const noexcept { return m_top; }
+    void SetTop(T* top) noexcept { m_top = top; }
+    /// Takes the element that was constructed there.
+    void Push() { m_top = Pushed(m_top); }
+    /// As `Push`, for a caller that keeps the top itself; returns the new one.
+    T* Pushed(T* top) { return ++top == m_end ? Grow(top) : top; }
     /// The last elements; `count` of them must be there.
     std::span<T> Last(std::size_t count) const noexcept { return {m_top - count, count}; }
     /// Takes the last elements off.
     void Pop(std::size_t count) noexcept { m_top -= count; }
 
+    /// The height of a place, and the place of a height.
+    Height HeightOf(T* place) const noexcept { return Height(Bytes(place) - Bytes(m_begin)); }
+    T* At(Height height) const noexcept {
+        return reinterpret_cast<T*>(reinterpret_cast<std::byte*>(m_begin) + static_cast<std::size_t>(height));
+    }
+
 private:
-    void Grow() {
-        const auto size = static_cast<std::size_t>(m_top - m_begin);
+    T* Grow(T* top) {
+        const auto size = static_cast<std::size_t>(top - m_begin);
         const std::size_t capacity = size > 0 ? 2 * size : 64;
-        std::unique_ptr<std::byte[]> memory(new std::byte[capacity * sizeof(T)]);
+        std::unique_ptr<std::byte[]> memory(new std::byte[(capacity + kReadable) * sizeof(T)]);
         if (size > 0) std::memcpy(memory.get(), m_memory.get(), size * sizeof(T));
         m_memory = std::move(memory);
         m_begin = reinterpret_cast<T*>(m_memory.get());
-        m_top = m_begin + size;
         m_end = m_begin + capacity;
+        return m_begin + size;
     }
+    static std::size_t Bytes(T* place) noexcept { return reinterpret_cast<std::size_t>(place); }
 
     std::unique_ptr<std::byte[]> m_memory;
     T* m_begin = nullptr;
