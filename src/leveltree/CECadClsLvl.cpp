@@ -36,7 +36,7 @@ void CECadClsLvl::operator delete(CECadClsLvl* level, std::destroying_delete_t) 
     ::operator delete(level);
 }
 
-CECadClsLvlArray* CECadClsLvl::MakeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children) {
+CECadClsLvlArray* CECadClsLvl::MakeSomeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children) {
     auto** levels = pages.Take<CECadClsLvl*>(children.size());
     std::ranges::copy(children, levels);
     auto* array = new (pages.Take<CECadClsLvlArray>(1)) CECadClsLvlArray;

@@ -65,7 +65,7 @@ public:
     /// there as they stand. Borrowed text lives as long as the pages. `kReadable` strings more can be read.
     static CECadClsLvl* Make(veka::Pages& pages, int depth, std::span<CString> strings,
                              std::span<CECadClsLvl* const> children) {
-        CECadClsLvlArray* array = children.empty() ? ms_noChildren : MakeChildren(pages, children);
+        CECadClsLvlArray* array = children.empty() ? ms_noChildren : MakeSomeChildren(pages, children);
         constexpr std::size_t namePlace = sizeof(CECadClsLvl) - sizeof(CString);
         auto* memory = pages.Take<std::byte>(namePlace + strings.size_bytes());
         auto* copies = reinterpret_cast<CString*>(memory + namePlace);
@@ -100,7 +100,7 @@ private:
           m_aValues(CStringArray::View(values.data(), static_cast<std::uint32_t>(values.size()))),
           m_nDepth(depth),
           m_inPages(true) {}
-    static CECadClsLvlArray* MakeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children);
+    static CECadClsLvlArray* MakeSomeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children);
 
     static CECadClsLvlArray* const ms_noChildren;  // of every level in pages that has none
 };
