@@ -55,7 +55,7 @@ private:
         size_t children;
     };
 
-    const char* ReadOutside(const char* text);
+    const char* ReadOutside(const char* text, veka::SpecialBytes& specialBytes);
     const char* ReadInside(const char* begin);
     const char* BeginLine(const char* text);
     const char* BeginStringLine(const char* text);
@@ -77,7 +77,6 @@ private:
     veka::Stack<CECadClsLvl*> m_children;
     bool m_inString = false;
     bool m_failed = false;
-    veka::SpecialBytes m_specials;
     const char* m_end = nullptr;        // of the lines that are in memory
     const char* m_lineBegin = nullptr;  // behind the white space
     std::string_view m_line;            // the last line in memory that a string stood in, from there on
@@ -91,11 +90,11 @@ int Reader::Read(CStdioFile& file) {
     for (std::string_view lines; file.ReadLines(lines);) {
         const char* text = lines.data();
         m_end = text + lines.size();
-        m_specials = {};
+        veka::SpecialBytes specialBytes(text);
         m_line = {};
         text = m_inString ? BeginStringLine(text) : BeginLine(text);
         while (text != m_end) {
-            text = m_inString ? ReadInside(text) : ReadOutside(text);
+            text = m_inString ? ReadInside(text) : ReadOutside(text, specialBytes);
             if (!text) return m_failed ? -1 : 0;
         }
     }
@@ -135,9 +134,9 @@ inline bool Reader::EndLine(const char* end) {
 
 /// Reads tokens up to an opening quote, and returns the place behind it, or up to the end of the lines. Null
 /// where the read is to stop.
-const char* Reader::ReadOutside(const char* text) {
+const char* Reader::ReadOutside(const char* text, veka::SpecialBytes& specialBytes) {
     // Copies, because the compiler keeps them in registers then.
-    veka::SpecialBytes specials = m_specials;
+    veka::SpecialBytes specials = specialBytes;
     CString* top = m_strings.Top();
     OpenLevel* current = m_current;
     const auto commit = [&](const char* end) {
@@ -207,7 +206,7 @@ const char* Reader::ReadOutside(const char* text) {
         }
         text = end + 1;
     }
-    m_specials = specials;
+    specialBytes = specials;
     m_strings.SetTop(top);
     m_current = current;
     return text;

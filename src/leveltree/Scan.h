@@ -19,6 +19,8 @@ public:
     /// Bytes that must be readable from any text on.
     static constexpr std::size_t kBlock = 64;
 
+    explicit SpecialBytes(const char* text) noexcept : m_block(text), m_rest(Look(text)) {}
+
     /// Goes on to a text, which lies behind what was found before or in another run of bytes.
     void Seek(const char* text) noexcept {
         const std::uintptr_t offset =
@@ -61,8 +63,8 @@ private:
         return specials;
     }
 
-    const char* m_block = nullptr;
-    std::uint64_t m_rest = 0;  // of the block's special bytes: those that have not been found yet
+    const char* m_block;
+    std::uint64_t m_rest;  // of the block's special bytes: those that have not been found yet
 };
 
 /// The first byte from `text` on that is no white space, a line feed being none. There must be one, with 16

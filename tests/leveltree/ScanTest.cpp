@@ -20,9 +20,8 @@ TEST(SpecialBytes, AreFoundOneAfterAnotherWhereverTheyStand) {
         std::string text(300, 'x');
         for (char& c : text) c = random() % 8 == 0 ? "\"\n ()"[random() % 5] : static_cast<char>(random());
         text += '\n' + std::string(veka::SpecialBytes::kBlock, 'x');
-        veka::SpecialBytes specials;
+        veka::SpecialBytes specials(text.data());
         size_t at = 0;
-        specials.Seek(text.data());
         while (at <= 300) {
             const size_t found = static_cast<size_t>(specials.Next() - text.data());
             ASSERT_EQ(found, text.find_first_of(kSpecials, at));
@@ -39,8 +38,7 @@ TEST(SpecialBytes, AreAllThatComeUpToTheRightParenthesis) {
     for (int byte = 0; byte < 256; ++byte) {
         const std::string text =
             static_cast<char>(byte) + ('\n' + std::string(veka::SpecialBytes::kBlock, 'x'));
-        veka::SpecialBytes specials;
-        specials.Seek(text.data());
+        veka::SpecialBytes specials(text.data());
         EXPECT_EQ(specials.Next() - text.data(), byte <= ')' ? 0 : 1) << byte;
     }
 }
