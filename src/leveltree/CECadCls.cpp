@@ -5,7 +5,6 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
-#include <utility>
 
 #include "leveltree/Messages.h"
 #include "leveltree/QuoteLookAhead.h"
@@ -57,6 +56,7 @@ private:
 
     const char* ReadOutside(const char* text, veka::SpecialBytes& specialBytes);
     const char* ReadInside(const char* begin);
+    const char* NextLine(const char* text);
     const char* BeginLine(const char* text);
     const char* BeginStringLine(const char* text);
     bool EndLine(const char* end);
@@ -101,29 +101,28 @@ int Reader::Read(CStdioFile& file) {
     return m_depth == 0 ? 0 : -1;
 }
 
-/// Begins the next line that is no comment, outside a string; returns its first token, or the end of the
-/// lines.
-inline const char* Reader::BeginLine(const char* text) {
+/// The next line that is no comment, or the end of the lines.
+inline const char* Reader::NextLine(const char* text) {
     for (; text != m_end; text = LineEnd(text) + 1) {
         m_tree.m_nLineCount = static_cast<int>(static_cast<unsigned>(m_tree.m_nLineCount) + 1);
-        if (text[0] == '/' && text[1] == '/') continue;
-        text = veka::SkipWhiteSpace(text);
-        m_lineBegin = text;
-        break;
+        if (text[0] != '/' || text[1] != '/') break;
     }
+    return text;
+}
+
+/// Begins the next line outside a string; returns its first token, or the end of the lines.
+inline const char* Reader::BeginLine(const char* text) {
+    text = NextLine(text);
+    if (text != m_end) text = m_lineBegin = veka::SkipWhiteSpace(text);
     return text;
 }
 
 /// As `BeginLine`, inside a string: its text goes on where the line begins.
 const char* Reader::BeginStringLine(const char* text) {
-    for (; text != m_end; text = LineEnd(text) + 1) {
-        m_tree.m_nLineCount = static_cast<int>(static_cast<unsigned>(m_tree.m_nLineCount) + 1);
-        if (text[0] == '/' && text[1] == '/') continue;
-        m_earlierLines += '\n';
-        m_lineBegin = text;
-        break;
-    }
-    return text;
+    text = NextLine(text);
+    if (text == m_end) return text;
+    m_earlierLines += '\n';
+    return m_lineBegin = text;
 }
 
 /// Ends a line, whose text ends here; false where the read is to stop.

@@ -4,7 +4,6 @@
 #include <cstring>
 #include <new>
 #include <span>
-#include <utility>
 
 #include "leveltree/Pages.h"
 #include "platform/CExPtrArray.h"

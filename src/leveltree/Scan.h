@@ -80,9 +80,7 @@ inline const char* SkipWhiteSpace(const char* text) noexcept {
         break;
     }
 #endif
-    while (static_cast<unsigned char>(*text) <= ' ' &&
-           (*text == ' ' || (*text >= '\t' && *text <= '\r' && *text != '\n')))
-        ++text;
+    while (*text == ' ' || (*text >= '\t' && *text <= '\r' && *text != '\n')) ++text;
     return text;
 }
 

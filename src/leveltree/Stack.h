@@ -4,7 +4,7 @@
 #include <cstring>
 #include <memory>
 #include <span>
-#include <type_traits>
+#include <utility>
 
 namespace veka {
 

@@ -237,6 +237,33 @@ TEST(CECadCls, ALevelBehindAStrayCloseParenthesisIsTheBraceError) {
     EXPECT_EQ(Read(")))(A)").message, "Parser meet unexpected Brace Counting Number, -2 at line number 1.!");
 }
 
+TEST(CECadCls, TheBraceErrorIsAFailureEvenWhereItCountsToZero) {
+    EXPECT_EQ(Read(")(A)").result, -1);
+}
+
+TEST(CECadCls, LevelsOfAnyNumberOfValuesKeepThemBesideTheirNeighbours) {
+    std::string text, values;
+    for (int i = 0; i < 20; ++i) {
+        const std::string level = "(N" + std::to_string(i) + values;
+        text += level + ")" + level + "(IN" + values + "))\n";
+        values += " V" + std::to_string(i);
+    }
+    const PlainResult read = Read(text);
+    ASSERT_EQ(read.roots.size(), 40u);
+    for (size_t i = 0; i < 40; ++i) {
+        const auto& root = read.roots[i];
+        EXPECT_EQ(root.name, "N" + std::to_string(i / 2));
+        ASSERT_EQ(root.values.size(), i / 2);
+        for (size_t value = 0; value < i / 2; ++value)
+            EXPECT_EQ(root.values[value], "V" + std::to_string(value));
+        ASSERT_EQ(root.children.size(), i % 2);
+        for (const auto& child : root.children) {
+            EXPECT_EQ(child.name, "IN");
+            EXPECT_EQ(child.values, root.values);
+        }
+    }
+}
+
 TEST(CECadCls, AStringOpenAtTheEndOutsideEveryLevelIsLost) {
     const PlainResult read = Read("(A)\n\"open");
     EXPECT_EQ(read.result, 0);

@@ -29,6 +29,12 @@ TEST(Pages, GiveMoreThanAPageAtOnce) {
     std::memset(pages.Take(10), 3, 10);
 }
 
+TEST(Pages, CanBeWrittenBehindWhatWasTakenLast) {
+    veka::Pages pages;
+    for (const size_t size : {size_t{64} * 1024, size_t{1'000'000}, size_t{8}})
+        std::memset(pages.Take(size), 1, size + veka::Pages::kWritable);
+}
+
 TEST(Pages, UseTheirMemoryAgain) {
     veka::Pages pages;
     void* first = pages.Take(100);

@@ -9,11 +9,6 @@
 
 namespace {
 
-constexpr std::string_view kSpecials(
-    "\0\1\2\3\4\5\6\7\x08\t\n\v\f\r\x0E\x0F\x10\x11\x12\x13\x14\x15\x16\x17\x18\x19\x1A\x1B\x1C\x1D\x1E\x1F "
-    "!\"#$%&'()",
-    42);
-
 TEST(SpecialBytes, AreFoundOneAfterAnotherWhereverTheyStand) {
     std::mt19937 random(1);
     for (int round = 0; round < 200; ++round) {
@@ -23,9 +18,9 @@ TEST(SpecialBytes, AreFoundOneAfterAnotherWhereverTheyStand) {
         veka::SpecialBytes specials(text.data());
         size_t at = 0;
         while (at <= 300) {
-            const size_t found = static_cast<size_t>(specials.Next() - text.data());
-            ASSERT_EQ(found, text.find_first_of(kSpecials, at));
-            at = found + 1;
+            while (static_cast<unsigned char>(text[at]) > ')') ++at;
+            ASSERT_EQ(static_cast<size_t>(specials.Next() - text.data()), at);
+            ++at;
             if (random() % 4 == 0 && at <= 300) {
                 at += random() % std::min<size_t>(100, 301 - at);
                 specials.Seek(text.data() + at);

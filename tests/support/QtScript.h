@@ -63,6 +63,7 @@ private:
         QTimer::singleShot(kPause, &m_life, [this] { Next(); });
     }
     void Next() {
+        if (m_steps.empty()) return;  // it was given up
         QWidget* window = QApplication::activeModalWidget();
         // A window gets its focus some time after it is shown, and a key or a click before goes astray. The
         // window below one that closed gets it from a window manager, which may not be there.
