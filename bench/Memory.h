@@ -4,7 +4,7 @@
 namespace bench {
 
 /// Lets the peak begin anew and returns what is in use now. What was freed before does not hide what is taken
-/// next.
+/// next, and the program's own code counts as in use, whether it has run or not.
 double ResetPeak();
 /// The most that was in use since.
 double Peak();
