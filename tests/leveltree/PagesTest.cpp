@@ -35,6 +35,22 @@ TEST(Pages, CanBeWrittenBehindWhatWasTakenLast) {
         std::memset(pages.Take(size), 1, size + veka::Pages::kWritable);
 }
 
+TEST(Pages, GrowToManyMegabytes) {
+    veka::Pages pages;
+    for (int round = 0; round < 2; ++round) {
+        std::vector<unsigned char*> pieces;
+        for (size_t i = 0; i < 2000; ++i) {
+            pieces.push_back(pages.Take<unsigned char>(10'000));
+            std::memset(pieces.back(), static_cast<int>(i % 256), 10'000);
+        }
+        for (size_t i = 0; i < pieces.size(); ++i) {
+            ASSERT_EQ(pieces[i][0], i % 256);
+            ASSERT_EQ(pieces[i][9'999], i % 256);
+        }
+        pages.Reset();
+    }
+}
+
 TEST(Pages, UseTheirMemoryAgain) {
     veka::Pages pages;
     void* first = pages.Take(100);
