@@ -28,8 +28,8 @@ struct Flag {
 };
 
 inline void Convert(const CString& value, CString& field) { field = value; }
-inline void Convert(const CString& value, int& field) noexcept { field = ToInt(value.View()); }
-inline void Convert(const CString& value, double& field) noexcept { field = ToDouble(value.View()); }
+inline void Convert(const CString& value, int& field) noexcept { field = ToInt(value); }
+inline void Convert(const CString& value, double& field) noexcept { field = ToDouble(value); }
 inline void Convert(const CString& value, Flag flag) noexcept { flag.field = IsTrue(value); }
 
 /// First value: the others are ignored.

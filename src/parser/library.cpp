@@ -12,7 +12,7 @@ struct FromOne {
     int& field;
 };
 void Convert(const CString& value, FromOne number) noexcept {
-    number.field = static_cast<int>(static_cast<unsigned>(ToInt(value.View())) - 1u);
+    number.field = static_cast<int>(static_cast<unsigned>(ToInt(value)) - 1u);
 }
 
 }  // namespace
@@ -22,7 +22,7 @@ CVEKA_ColorTableArray* CVEK_AsciiParser::COLORTABLEParser(CECadClsLvl* level) {
     // Every child is a colour: its name is the number.
     for (CECadClsLvl* child : Children(level)) {
         auto color = std::make_unique<CVEKA_ColorTable>();
-        color->Index = ToInt(child->m_strName.View());
+        color->Index = ToInt(child->m_strName);
         Color(child, *color->Color);
         colors->Add(std::move(color));
     }

@@ -77,8 +77,8 @@ CVEKA_History* CVEK_AsciiParser::HISTORYParser(CECadClsLvl* level) {
                 // The minor number is read from as many last bytes as stand before the point, not from what stands
                 // behind it. That is required.
                 const int point = value.Find('.');
-                history->Version->MajorVersion = ToInt(value.Left(point).View());
-                history->Version->MinorVersion = ToInt(value.Right(point).View());
+                history->Version->MajorVersion = ToInt(value.Left(point));
+                history->Version->MinorVersion = ToInt(value.Right(point));
             }
         }
         else if (keyword == "DATE") {

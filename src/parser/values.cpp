@@ -22,7 +22,7 @@ CVEKA_CommentArray* CVEK_AsciiParser::COMMENTParser(CECadClsLvl* level) {
     // Every child is a comment: its name is the number.
     for (CECadClsLvl* child : Children(level)) {
         auto comment = std::make_unique<CVEKA_Comment>();
-        comment->Index = ToInt(child->m_strName.View());
+        comment->Index = ToInt(child->m_strName);
         ByPosition(child, comment->Property, comment->Comment);
         comments->Add(std::move(comment));
     }

@@ -89,6 +89,13 @@ public:
     const char* GetString() const noexcept { return Where() <= kMaximumInside ? m_bytes : Pointer(); }
     operator const char*() const noexcept { return GetString(); }
 
+    /// The first eight bytes as a number, the first one lowest; zeros stand behind a shorter text.
+    std::uint64_t FirstBytes() const noexcept {
+        std::uint64_t bytes;
+        std::memcpy(&bytes, GetString(), sizeof bytes);
+        return bytes;
+    }
+
     int GetLength() const noexcept { return static_cast<int>(View().size()); }
     bool IsEmpty() const noexcept { return Where() == 0; }
     void Empty() noexcept {

@@ -1,9 +1,11 @@
 #include "platform/Numbers.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <system_error>
 
@@ -30,25 +32,44 @@ bool TakeSign(std::string_view& text) {
     return minus;
 }
 
-/// A decimal of up to 15 digits without an exponent, as part files hold them; false for any other text.
-/// Digits and power of ten are exact as doubles, so one division rounds as correctly as a longer way would.
-bool ToShortDecimal(std::string_view text, double& value) {
-    constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    constexpr size_t kDigits = 15;
-    if (text.size() > kDigits + 1) return false;
-    std::int64_t digits = 0;
-    size_t i = 0;
-    for (; i < text.size() && IsDigit(text[i]); ++i) digits = digits * 10 + (text[i] - '0');
-    size_t behindPoint = 0;
-    if (i < text.size() && text[i] == '.') {
-        const size_t first = ++i;
-        for (; i < text.size() && IsDigit(text[i]); ++i) digits = digits * 10 + (text[i] - '0');
-        behindPoint = i - first;
-    }
-    if (i != text.size() || (behindPoint == 0 && text.size() > kDigits)) return false;
-    value = static_cast<double>(digits) / kPowers[behindPoint];
+constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                              1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// Digits times a power of ten; false if that is not sure to be rounded correctly. Up to 2^53 and up to 10^22
+/// both are exact as doubles, so that one multiplication or division rounds as well as a longer way would.
+bool Scale(std::int64_t digits, int power, double& value) {
+    constexpr int kMost = std::ssize(kPowers) - 1;
+    if (digits >= std::int64_t{1} << 53 || power < -kMost || power > kMost) return false;
+    value = power < 0 ? static_cast<double>(digits) / kPowers[-power]
+                      : static_cast<double>(digits) * kPowers[power];
     return true;
+}
+
+/// A number of up to 16 bytes, as part files hold them; false for any other text, and for a number that needs
+/// a longer way. Takes no sign in front.
+bool ToShortNumber(std::string_view text, double& value) {
+    constexpr size_t kMostBytes = 16;
+    if (text.size() > kMostBytes) return false;
+    const char* next = text.data();
+    const char* const end = next + text.size();
+    std::int64_t digits = 0;
+    int power = 0;
+    for (; next != end && IsDigit(*next); ++next) digits = digits * 10 + (*next - '0');
+    if (next != end && *next == '.') {
+        const char* const point = next++;
+        for (; next != end && IsDigit(*next); ++next) digits = digits * 10 + (*next - '0');
+        power = static_cast<int>(point + 1 - next);
+    }
+    if (next != end && (*next == 'e' || *next == 'E')) {
+        if (++next == end) return false;
+        const bool minus = *next == '-';
+        if (minus || *next == '+') ++next;
+        if (next == end || end - next > 4) return false;
+        int exponent = 0;
+        for (; next != end && IsDigit(*next); ++next) exponent = exponent * 10 + (*next - '0');
+        power += minus ? -exponent : exponent;
+    }
+    return next == end && Scale(digits, power, value);
 }
 
 /// True if a number outside the range of a double is too large rather than too small. `number` is a
@@ -79,6 +100,54 @@ bool IsLarge(std::string_view number) {
     return magnitude + exponent > 0;
 }
 
+/// A number that repeats a byte eight times.
+constexpr std::uint64_t Eight(unsigned char byte) {
+    return byte * UINT64_C(0x0101010101010101);
+}
+
+/// A text of up to eight bytes, the first one lowest, and zeros behind it.
+struct ShortText {
+    std::uint64_t bytes;
+    unsigned size;
+
+    explicit ShortText(const CString& text) noexcept
+        : bytes(text.FirstBytes()), size(static_cast<unsigned>(text.View().size())) {}
+
+    /// Takes a minus off the front; true if there was one.
+    bool TakeMinus() noexcept {
+        const bool minus = (bytes & 0xFF) == '-';
+        bytes >>= 8 * minus;
+        size -= minus;
+        return minus;
+    }
+    /// Takes the first point out, and returns how many bytes stood behind it.
+    unsigned TakePoint() noexcept {
+        const std::uint64_t points = bytes ^ Eight('.');
+        // The lowest bit that is set belongs to the first byte that is zero, a point.
+        const std::uint64_t found = (points - Eight(1)) & ~points & Eight(0x80);
+        if (found == 0) return 0;
+        const std::uint64_t before = (found & -found) / 0x80 - 1;  // a mask
+        bytes = (bytes & before) | (bytes >> 8 & ~before);
+        --size;
+        return size - static_cast<unsigned>(std::countr_zero(found)) / 8;
+    }
+    /// The number that the text is; -1 if there is none, or another byte than a digit.
+    std::int64_t Digits() const noexcept {
+        if (size - 1 > 7) return -1;
+        // The last digit becomes the highest byte; below the first one stand zeros.
+        const unsigned shift = 64 - 8 * size;
+        std::uint64_t digits = (bytes ^ Eight('0')) << shift;
+        if (((digits + Eight(0x80 - 10)) | digits) & Eight(0x80)) return -1;
+        // Neighbours are joined: to pairs, and those to fours and eights.
+        digits = digits * 10 + (digits >> 8);
+        digits = ((digits & 0x000000FF000000FF) * 0x000F424000000064 +
+                  (digits >> 16 & 0x000000FF000000FF) * 0x0000271000000001) >>
+                 32;
+        return static_cast<std::int64_t>(digits);
+    }
+};
+constexpr int kShortText = 8;
+
 }  // namespace
 
 int ToInt(std::string_view text) noexcept {
@@ -98,12 +167,36 @@ double ToDouble(std::string_view text) noexcept {
         (!text.empty() && IsDigit(text[0])) || (text.size() > 1 && text[0] == '.' && IsDigit(text[1]));
     if (!number) return 0.0;
     double value = 0.0;
-    if (ToShortDecimal(text, value)) return minus ? -value : value;
+    if (ToShortNumber(text, value)) return minus ? -value : value;
     const std::from_chars_result result =
         std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::general);
     if (result.ec == std::errc::result_out_of_range)
         value = IsLarge(text) ? std::numeric_limits<double>::infinity() : 0.0;
     return minus ? -value : value;
+}
+
+int ToInt(const CString& text) noexcept {
+    if (text.GetLength() <= kShortText) {
+        ShortText rest(text);
+        const bool minus = rest.TakeMinus();
+        const std::int64_t digits = rest.Digits();
+        if (digits >= 0) return static_cast<int>(minus ? -digits : digits);
+    }
+    return ToInt(text.View());
+}
+
+double ToDouble(const CString& text) noexcept {
+    if (text.GetLength() <= kShortText) {
+        ShortText rest(text);
+        const bool minus = rest.TakeMinus();
+        const unsigned behindPoint = rest.TakePoint();
+        const std::int64_t digits = rest.Digits();
+        if (digits >= 0) {
+            const double value = static_cast<double>(digits) / kPowers[behindPoint];
+            return minus ? -value : value;
+        }
+    }
+    return ToDouble(text.View());
 }
 
 }  // namespace veka

@@ -8,6 +8,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -117,6 +118,77 @@ TEST(ToDouble, TakesAnExponentWithAPlusAndOneAtTheEndOfTheText) {
     EXPECT_EQ(ToDouble(std::string(400, '9') + "e"), std::numeric_limits<double>::infinity());
     EXPECT_EQ(ToDouble(std::string(400, '9') + "x"), std::numeric_limits<double>::infinity());
     EXPECT_EQ(ToDouble(std::string(400, '9') + ".1.2"), std::numeric_limits<double>::infinity());
+}
+
+TEST(Numbers, AreTheSameForAStringAndForItsBytes) {
+    for (const char* text : {"",
+                             "-",
+                             ".",
+                             "-.",
+                             "5.",
+                             ".5",
+                             "-0",
+                             "0",
+                             "1.2.3",
+                             "--1",
+                             "1-",
+                             "+1",
+                             " 1",
+                             "12345678",
+                             "-1234567",
+                             "-12345678",
+                             "1234.567",
+                             "1234567.",
+                             ".1234567",
+                             "-.123456",
+                             "99999999",
+                             "123456789",
+                             "12/4",
+                             "12:4",
+                             "/",
+                             ":",
+                             "1\x80",
+                             "1.00E-012",
+                             "-2.5e+3",
+                             "1e22",
+                             "1e23",
+                             "9007199254740991e1",
+                             "9007199254740993",
+                             "1e",
+                             "1e+",
+                             "1e5x",
+                             "1e00005",
+                             "a string of more than fifteen bytes",
+                             "3.14159265358979323846"}) {
+        const CString string(text);
+        EXPECT_EQ(ToInt(string), ToInt(string.View())) << text;
+        EXPECT_EQ(ToDouble(string), ToDouble(string.View())) << text;
+        EXPECT_EQ(std::signbit(ToDouble(string)), std::signbit(ToDouble(string.View()))) << text;
+    }
+    std::mt19937 random(1);
+    const std::string_view bytes = "0123456789012345678901234567890123456789.....----+eEx /:\x80\xFF";
+    for (int round = 0; round < 500'000; ++round) {
+        std::string text;
+        for (auto i = random() % 18; i > 0; --i) text += bytes[random() % bytes.size()];
+        const CString string(text);
+        ASSERT_EQ(ToInt(string), ToInt(std::string_view(text))) << text;
+        ASSERT_EQ(ToDouble(string), ToDouble(std::string_view(text))) << text;
+        ASSERT_EQ(std::signbit(ToDouble(string)), std::signbit(ToDouble(std::string_view(text)))) << text;
+    }
+}
+
+TEST(ToDouble, RoundsNumbersWithAnExponentCorrectly) {
+    std::mt19937_64 random(2);
+    for (int round = 0; round < 200'000; ++round) {
+        std::string text;
+        for (auto i = random() % 9; i > 0; --i) text += static_cast<char>('0' + random() % 10);
+        text += static_cast<char>('0' + random() % 10);
+        if (random() % 2) text.insert(1 + random() % text.size(), ".");
+        text += random() % 2 ? "e" : "E";
+        if (random() % 2) text += random() % 2 ? "-" : "+";
+        text += std::to_string(random() % 30);
+        ASSERT_EQ(ToDouble(text), std::strtod(text.c_str(), nullptr)) << text;
+    }
 }
 
 }  // namespace
