@@ -92,10 +92,11 @@ private:
 
     template <class Class, class Record, class Visitor, int... Index>
     static void ForEach(Record& record, Visitor& visit, std::integer_sequence<int, Index...>) {
-        (Visit(record, visit, Class::VekaField(std::integral_constant<int, Index>{})), ...);
+        (Visit<Class, Index>(record, visit), ...);
     }
-    template <class Record, class Visitor, class Description>
-    static void Visit(Record& record, Visitor& visit, const Description& field) {
+    template <class Class, int Index, class Record, class Visitor>
+    static void Visit(Record& record, Visitor& visit) {
+        static constexpr auto field = Class::VekaField(std::integral_constant<int, Index>{});
         visit(field, record.*field.member);
     }
 };

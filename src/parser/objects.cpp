@@ -81,28 +81,29 @@ struct Member {
 
     const CString& Name() const { return child->m_strName; }
 
-    // Each form takes the child if it is its own.
+    // Each form takes the child if it is its own. Inline where there is a keyword, which is then compared as
+    // two numbers.
     template <class Field>
-    void Try(const char* name, form::Keyword, Field& field) {
+    [[gnu::always_inline]] void Try(const char* name, form::Keyword, Field& field) {
         if (taken || Name() != name) return;
         ReadValue(parser, child, field);
         taken = true;
     }
-    void Try(const char* name, form::KeywordOr form, double& field) {
+    [[gnu::always_inline]] void Try(const char* name, form::KeywordOr form, double& field) {
         Try(name, form::Keyword(), field);
         Try(form.other, form::Keyword(), field);
     }
-    void Try(const char* name, form::NumberFlag, bool& field) {
+    [[gnu::always_inline]] void Try(const char* name, form::NumberFlag, bool& field) {
         int number = field;
         Try(name, form::Keyword(), number);
         field = number == 1;
     }
-    void Try(const char* name, form::WordFlag, int& field) {
+    [[gnu::always_inline]] void Try(const char* name, form::WordFlag, int& field) {
         if (taken || Name() != name) return;
         Last(child, Flag{field});
         taken = true;
     }
-    void Try(const char*, form::ClearedBy form, int& field) {
+    [[gnu::always_inline]] void Try(const char*, form::ClearedBy form, int& field) {
         if (taken || Name() != form.keyword) return;
         for (const CString& value : child->m_aValues)
             if (value == "FALSE") field = 0;
@@ -114,7 +115,7 @@ struct Member {
         if (form.place == place) Point(child, *field);
         taken = true;
     }
-    void Try(const char* name, form::Elements, Owned<CVEKA_3DObjectArray>& field) {
+    [[gnu::always_inline]] void Try(const char* name, form::Elements, Owned<CVEKA_3DObjectArray>& field) {
         if (taken || Name() != name) return;
         for (CECadClsLvl* element : Children(child)) AppendObject(parser, field, element);
         taken = true;
@@ -163,7 +164,9 @@ Kind* CVEK_AsciiParser::KindParser(CECadClsLvl* level) {
     int place = 0;
     for (CECadClsLvl* child : Children(level)) {
         Member member{*this, child, place++};
-        FieldAccess::ForEachOwn(*object, [&](const auto& row, auto& field) { member.Try(row.name, row.form, field); });
+        FieldAccess::ForEachOwn(*object, [&](const auto& row, auto& field) __attribute__((always_inline)) {
+            member.Try(row.name, row.form, field);
+        });
         if (!member.taken) member.TryBase(*object);
     }
     return object.release();

@@ -144,11 +144,9 @@ private:
         if (index < 0 || index >= m_nSize) AfxThrowInvalidArgException();
         return index;
     }
-    /// Elements that a block has room for, from its capacity. A long array's block is larger than its
-    /// capacity says: steps of 1024 elements, each a copy where the allocator cannot resize in place, would
-    /// not stay linear.
+    /// Elements that a block has room for, from its capacity. It is larger than the capacity says: each of
+    /// the small steps may be a copy of all elements, and would not stay linear.
     static INT_PTR Room(INT_PTR capacity) {
-        if (capacity <= 8192) return capacity;
         return static_cast<INT_PTR>(std::bit_ceil(static_cast<size_t>(capacity)));
     }
     void Reallocate(INT_PTR capacity) {

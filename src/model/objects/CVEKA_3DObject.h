@@ -38,18 +38,15 @@ public:
 protected:
     /// Sets number, colour and point to their defaults.
     void Init();
-    /// Notes that the object holds objects of its own, and gives an empty list for them.
-    template <class Objects>
-    Objects Holding() {
-        m_holds.objects = true;
-        return {};
-    }
+    /// Notes that objects of a kind hold objects of their own, and gives an empty list for them.
+    template <class Kind>
+    Owned<CVEKA_3DObjectArray> Holding();
 
 private:
     friend class CVEKA_3DObjectArray;
     /// A property of the class, which assigning an object of another class must not change.
     struct Holds {
-        bool objects = false;
+        void (*dropNulls)(CVEKA_3DObject& object) noexcept = nullptr;  // in all lists; null without a list
         Holds() = default;
         Holds(const Holds&) = default;
         Holds& operator=(const Holds&) { return *this; }

@@ -1,7 +1,5 @@
 #include "model/objects/CVEKA_3DObjectArray.h"
 
-#include "model/objects/Objects.h"
-
 CVEKA_3DObjectArray::CVEKA_3DObjectArray(const CVEKA_3DObjectArray& other) : CExPtrArray() {
     *this = other;
 }
@@ -58,32 +56,8 @@ void CVEKA_3DObjectArray::Init() {
     DeleteAll();
 }
 
-namespace {
-
-/// Calls `visit` for each array of objects in an object of a class; false if the object is of another.
-template <class Class, class Visitor>
-bool VisitLists(CVEKA_3DObject* object, Visitor visit) {
-    auto* typed = dynamic_cast<Class*>(object);
-    if (!typed) return false;
-    veka::ForEachField(*typed, [&](const auto&, auto& field) {
-        if constexpr (std::is_same_v<decltype(field), Owned<CVEKA_3DObjectArray>&>) visit(*field);
-    });
-    return true;
-}
-
-}  // namespace
-
 void CVEKA_3DObjectArray::VekaLose() noexcept {
     RemoveNullElement();
-    const auto drop = [](CVEKA_3DObjectArray& list) { list.VekaLose(); };
-    for (CVEKA_3DObject* object : *this) {
-        if (!object->m_holds.objects) continue;
-        (void)(VisitLists<CVEKA_3DOJ_POLYGON>(object, drop) ||
-               VisitLists<CVEKA_3DOJ_POLYLINE>(object, drop) || VisitLists<CVEKA_3DOJ_VOID>(object, drop) ||
-               VisitLists<CVEKA_3DOJ_COMPOSITE>(object, drop) ||
-               VisitLists<CVEKA_3DOJ_CONTOUR>(object, drop) || VisitLists<CVEKA_3DOJ_PILLAR>(object, drop) ||
-               VisitLists<CVEKA_3DOJ_3DPOLYGON>(object, drop) ||
-               VisitLists<CVEKA_3DOJ_USERDEFINED>(object, drop) ||
-               VisitLists<CVEKA_3DOJ_METAKMASKSHAPE>(object, drop));
-    }
+    for (CVEKA_3DObject* object : *this)
+        if (object->m_holds.dropNulls) object->m_holds.dropNulls(*object);
 }

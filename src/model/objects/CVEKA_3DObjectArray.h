@@ -1,5 +1,7 @@
 #pragma once
 
+#include <type_traits>
+
 #include "model/objects/CVEKA_3DObject.h"
 
 /// Owning array of objects. Arrays that a parser made may hold null for what it did not know.
@@ -32,3 +34,13 @@ protected:
     /// Deletes all elements.
     void Init();
 };
+
+template <class Kind>
+Owned<CVEKA_3DObjectArray> CVEKA_3DObject::Holding() {
+    m_holds.dropNulls = [](CVEKA_3DObject& object) noexcept {
+        veka::FieldAccess::ForEachOwn(static_cast<Kind&>(object), [](const auto&, auto& field) {
+            if constexpr (std::is_same_v<decltype(field), Owned<CVEKA_3DObjectArray>&>) field->VekaLose();
+        });
+    };
+    return {};
+}

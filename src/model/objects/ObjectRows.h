@@ -109,7 +109,7 @@ public:                                                                         
 /// Objects in a level of their own, which replace what the field held.
 #define VEKA_OBJECTS(Name) VEKA_OBJECT_LIST(Name, Keyword{})
 #define VEKA_OBJECT_LIST(Name, Form) \
-    VEKA_OBJECT_FIELD(Owned<CVEKA_3DObjectArray>, Name, Form, = Holding<Owned<CVEKA_3DObjectArray>>())
+    VEKA_OBJECT_FIELD(Owned<CVEKA_3DObjectArray>, Name, Form, = Holding<VekaSelf>())
 
 /// The group that leads with a clinched end share.
 #define VEKA_CLINCH_GROUP    \
