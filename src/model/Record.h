@@ -4,6 +4,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "model/RecordMemory.h"
 #include "platform/CExPtrArray.h"
 #include "platform/CString.h"
 #include "platform/CStringArray.h"
@@ -189,6 +190,7 @@ protected:                                  \
 
 /// What the rows of a class need besides its operations; `Base` is the base class with rows, or void.
 #define VEKA_FIELDS_OF(Class, Base)    \
+    VEKA_RECORD_MEMORY(Class)          \
 private:                               \
     friend class ::CVEK_AsciiParser;   \
     friend struct ::veka::FieldAccess; \

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "leveltree/CECadCls.h"
+#include "model/RecordMemory.h"
 #include "parser/ReadingForms.h"
 
 using namespace veka;
@@ -95,6 +96,7 @@ private:
 int CVEK_AsciiParser::Parser() {
     CECadCls tree;
     tree.m_strFilePath = VEKAsciiFilePath;
+    const RecordMemory::Import import;
     Sections sections(*this);
     // Unbalanced levels are no reason to drop what did close.
     tree.ReadTopLevels(0, [&](CECadClsLvl* level) { sections.Read(level); });
