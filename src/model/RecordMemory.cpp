@@ -32,7 +32,7 @@ namespace {
 
 constexpr std::size_t kPage = std::size_t{32} * 1024;
 // A larger record has a block of its own: it may be a fresh result, and its place would be lost.
-constexpr std::size_t kLargest = 1024;
+constexpr std::size_t kLargest = 2048;
 // In front of each record stands the page that it is in, or null.
 constexpr std::size_t kHeader = sizeof(void*);
 
