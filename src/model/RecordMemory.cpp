@@ -82,6 +82,7 @@ RecordMemory::Import::~Import() {
 
 /// Begins a page, which has room for any record.
 bool RecordMemory::Import::NextPage() {
+    static_assert(sizeof(Page) + kHeader + kLargest <= kPage);
     LeavePage();
     auto* memory = static_cast<std::byte*>(::operator new(kPage));
     m_page = ::new (memory) Page;
