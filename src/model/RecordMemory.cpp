@@ -1,6 +1,7 @@
 #include "model/RecordMemory.h"
 
 #include <atomic>
+#include <cstdint>
 #include <new>
 
 #if defined(__has_feature)
@@ -35,6 +36,8 @@ constexpr std::size_t kPage = std::size_t{32} * 1024;
 constexpr std::size_t kLargest = 2048;
 // In front of each record stands the page that it is in, or null.
 constexpr std::size_t kHeader = sizeof(void*);
+// Outside of pages a record has the alignment of any other memory: a host's own class may ask for it.
+constexpr std::size_t kOwnHeader = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 
 thread_local RecordMemory::Import* t_import = nullptr;
 
@@ -43,31 +46,30 @@ thread_local RecordMemory::Import* t_import = nullptr;
 void* RecordMemory::Take(std::size_t size) {
     const std::size_t whole = kHeader + ((size + kHeader - 1) & ~(kHeader - 1));
     Import* import = t_import;
-    std::byte* block;
-    Page* page;
+    std::byte* record;
+    Page* page = nullptr;
     if (import && size <= kLargest &&
         (whole <= static_cast<std::size_t>(import->m_end - import->m_free) || import->NextPage())) {
-        block = import->m_free;
+        record = import->m_free + kHeader;
         import->m_free += whole;
         ++import->m_taken;
         page = import->m_page;
-        ASAN_UNPOISON_MEMORY_REGION(block, kHeader + size);
+        ASAN_UNPOISON_MEMORY_REGION(record - kHeader, kHeader + size);
     } else {
-        block = static_cast<std::byte*>(::operator new(whole));
-        page = nullptr;
+        record = static_cast<std::byte*>(::operator new(kOwnHeader + size)) + kOwnHeader;
     }
-    ::new (block) Page*(page);
-    return block + kHeader;
+    ::new (record - kHeader) Page*(page);
+    return record;
 }
 
-void RecordMemory::Give(void* record, [[maybe_unused]] std::size_t size) noexcept {
-    std::byte* block = static_cast<std::byte*>(record) - kHeader;
-    Page* page = *std::launder(reinterpret_cast<Page**>(block));
+void RecordMemory::Give(void* memory, [[maybe_unused]] std::size_t size) noexcept {
+    auto* record = static_cast<std::byte*>(memory);
+    Page* page = *std::launder(reinterpret_cast<Page**>(record - kHeader));
     if (page) {
-        ASAN_POISON_MEMORY_REGION(block, kHeader + size);
+        ASAN_POISON_MEMORY_REGION(record - kHeader, kHeader + size);
         page->Release(1);
     } else {
-        ::operator delete(block);
+        ::operator delete(record - kOwnHeader);
     }
 }
 

@@ -13,10 +13,11 @@ namespace veka {
 /// thread; until then the place of a single record is not used again.
 class RecordMemory {
 public:
-    /// Memory for a record, uninitialised, aligned as a pointer. Raises `std::bad_alloc`.
+    /// Memory for a record, uninitialised; in a page it is aligned as a pointer is, else as any memory.
+    /// Raises `std::bad_alloc`.
     VEKA_API static void* Take(std::size_t size);
     /// Takes the memory of a record back, in whatever thread.
-    VEKA_API static void Give(void* record, std::size_t size) noexcept;
+    VEKA_API static void Give(void* memory, std::size_t size) noexcept;
 
     class Import;
 

@@ -46,6 +46,13 @@ TEST(RecordMemory, IsApartForEachRecord) {
     for (const Piece& piece : pieces) piece.Give();
 }
 
+TEST(RecordMemory, IsAlignedForAnyTypeOutsideAnImport) {
+    for (const Piece& piece : TakeMany()) {
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(piece.memory) % __STDCPP_DEFAULT_NEW_ALIGNMENT__, 0u);
+        piece.Give();
+    }
+}
+
 TEST(RecordMemory, OfAnImportStandsSideBySide) {
     const RecordMemory::Import import;
     const Piece first(24), second(20), third(24);
