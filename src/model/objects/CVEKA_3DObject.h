@@ -49,7 +49,7 @@ private:
         void (*dropNulls)(CVEKA_3DObject& object) noexcept = nullptr;  // in all lists; null without a list
         Holds() = default;
         Holds(const Holds&) = default;
-        Holds& operator=(const Holds&) { return *this; }
+        Holds& operator=(Holds) { return *this; }
     };
 
     VEKA_FIELDS_OF(CVEKA_3DObject, void)
