@@ -5,7 +5,6 @@
 #include <sys/mman.h>
 #endif
 
-#include <cstddef>
 #include <cstdint>
 #include <fstream>
 #include <limits>

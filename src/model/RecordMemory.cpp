@@ -48,8 +48,8 @@ void* RecordMemory::Take(std::size_t size) {
     Import* import = t_import;
     std::byte* record;
     Page* page = nullptr;
-    if (import && size <= kLargest &&
-        (whole <= static_cast<std::size_t>(import->m_end - import->m_free) || import->NextPage())) {
+    if (import && size <= kLargest) {
+        if (whole > static_cast<std::size_t>(import->m_end - import->m_free)) import->NextPage();
         record = import->m_free + kHeader;
         import->m_free += whole;
         ++import->m_taken;
@@ -62,7 +62,7 @@ void* RecordMemory::Take(std::size_t size) {
     return record;
 }
 
-void RecordMemory::Give(void* memory, [[maybe_unused]] std::size_t size) noexcept {
+void RecordMemory::Give(void* memory, std::size_t size) noexcept {
     auto* record = static_cast<std::byte*>(memory);
     Page* page = *std::launder(reinterpret_cast<Page**>(record - kHeader));
     if (page) {
@@ -83,7 +83,7 @@ RecordMemory::Import::~Import() {
 }
 
 /// Begins a page, which has room for any record.
-bool RecordMemory::Import::NextPage() {
+void RecordMemory::Import::NextPage() {
     static_assert(sizeof(Page) + kHeader + kLargest <= kPage);
     LeavePage();
     auto* memory = static_cast<std::byte*>(::operator new(kPage));
@@ -91,7 +91,6 @@ bool RecordMemory::Import::NextPage() {
     m_free = memory + sizeof(Page);
     m_end = memory + kPage;
     ASAN_POISON_MEMORY_REGION(m_free, kPage - sizeof(Page));
-    return true;
 }
 
 /// Leaves the page to its records.

@@ -35,7 +35,7 @@ public:
 
 private:
     friend class RecordMemory;
-    bool NextPage();
+    void NextPage();
     void LeavePage() noexcept;
 
     Page* m_page = nullptr;  // that is being filled

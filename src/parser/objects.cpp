@@ -81,6 +81,12 @@ struct Member {
 
     const CString& Name() const { return child->m_strName; }
 
+    /// Tries a row of the object, on the field that it stands for.
+    template <class Row, class Field>
+    [[gnu::always_inline]] void operator()(const Row& row, Field& field) {
+        Try(row.name, row.form, field);
+    }
+
     // Each form takes the child if it is its own. Inline where there is a keyword, which is then compared as
     // two numbers.
     template <class Field>
@@ -164,9 +170,7 @@ Kind* CVEK_AsciiParser::KindParser(CECadClsLvl* level) {
     int place = 0;
     for (CECadClsLvl* child : Children(level)) {
         Member member{*this, child, place++};
-        FieldAccess::ForEachOwn(*object, [&](const auto& row, auto& field) __attribute__((always_inline)) {
-            member.Try(row.name, row.form, field);
-        });
+        FieldAccess::ForEachOwn(*object, member);
         if (!member.taken) member.TryBase(*object);
     }
     return object.release();

@@ -126,7 +126,7 @@ struct ShortText {
         // The lowest bit that is set belongs to the first byte that is zero, a point.
         const std::uint64_t found = (points - Eight(1)) & ~points & Eight(0x80);
         if (found == 0) return 0;
-        const std::uint64_t before = (found & -found) / 0x80 - 1;  // a mask
+        const std::uint64_t before = (found ^ (found - 1)) >> 8;  // a mask of the bytes before the point
         bytes = (bytes & before) | (bytes >> 8 & ~before);
         --size;
         return size - static_cast<unsigned>(std::countr_zero(found)) / 8;
