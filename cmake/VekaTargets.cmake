@@ -1,5 +1,11 @@
 # How every target of the project is built.
 
+# Where includes are looked up: "model/Record.h", "qt/Text.h", "geometry/SolidFiles.h", "host/Host.h". Which room may
+# include from which is checked by scripts/check-includes.
+add_library(veka_roots INTERFACE)
+target_include_directories(veka_roots INTERFACE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/ui
+                                                ${PROJECT_SOURCE_DIR}/solids ${PROJECT_SOURCE_DIR})
+
 # Warnings, sanitizers and visibility for our own code.
 function(veka_compile_options target)
     if(MSVC)
@@ -31,48 +37,34 @@ function(veka_test_options target)
     endif()
 endfunction()
 
-# One folder of the project as a target. Its headers are seen as "folder/Header.h" by those targets alone that
-# name it among what they depend on, so that an include against the grain does not compile.
-#   veka_folder(<target> <folder below the project> [<target it may include from>...])
-function(veka_folder target folder)
-    get_filename_component(name ${folder} NAME)
+# One room of the project as a static library: all sources below a folder, except main programs and folders that have
+# a CMakeLists.txt of their own. A program that links a room links the rooms named after the folder, too.
+#   veka_room(<target> <folder below the project> [<room or library that it needs>...])
+function(veka_room target folder)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp
          ${PROJECT_SOURCE_DIR}/${folder}/*.h)
     list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
-    # A folder in it with a list file of its own is a target of its own.
     file(GLOB others ${PROJECT_SOURCE_DIR}/${folder}/*/CMakeLists.txt)
     foreach(other IN LISTS others)
         cmake_path(GET other PARENT_PATH other)
         list(FILTER sources EXCLUDE REGEX "^${other}/")
     endforeach()
-    set(include ${PROJECT_BINARY_DIR}/include/${target})
-    file(MAKE_DIRECTORY ${include})
-    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${include}/${name} SYMBOLIC)
-    add_library(${target} OBJECT ${sources})
-    set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)  # a folder may hold headers alone
-    target_include_directories(${target} PUBLIC ${include})
-    target_link_libraries(${target} PUBLIC ${ARGN})
+    add_library(${target} STATIC ${sources})
+    set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)  # a room may hold headers only
+    target_link_libraries(${target} PUBLIC $<BUILD_INTERFACE:veka_roots> ${ARGN})
     veka_compile_options(${target})
-    veka_check_headers(${target} ${sources})
 endfunction()
 
-# Compiles every header on its own. One compiler is enough for that.
-function(veka_check_headers target)
-    if(NOT VEKA_TESTS OR NOT CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-        return()
-    endif()
-    set(units)
-    foreach(header IN LISTS ARGN)
-        if(header MATCHES "\\.h$")
-            file(RELATIVE_PATH path ${PROJECT_SOURCE_DIR} ${header})
-            set(unit ${PROJECT_BINARY_DIR}/headers/${path}.cpp)
-            file(CONFIGURE OUTPUT ${unit} CONTENT "#include \"${header}\"\n#include \"${header}\"\n")
-            list(APPEND units ${unit})
-        endif()
-    endforeach()
-    if(units)
-        add_library(${target}_headers OBJECT ${units})
-        target_link_libraries(${target}_headers PRIVATE ${target})
-        veka_compile_options(${target}_headers)
+# A room above the library. It does not link the library: the program that links the room chooses the library's rooms or
+# its file. On Windows code for the file differs from code for the rooms, so there a second target, with the ending
+# "_importing", is compiled for the file.
+#   veka_program_room(<target> <folder below the project> [<room or library that it needs>...])
+function(veka_program_room target folder)
+    veka_room(${target} ${folder} ${ARGN})
+    if(WIN32)
+        target_compile_definitions(${target} PRIVATE VEKA_STATIC)
+        veka_room(${target}_importing ${folder} ${ARGN})
+    else()
+        add_library(${target}_importing ALIAS ${target})
     endif()
 endfunction()

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <random>
 
-#include "platform/Paths.h"
+#include "files/Paths.h"
 #else
 #include <stdlib.h>
 #include <sys/mman.h>

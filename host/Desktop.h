@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "host/CommandLine.h"
-#include "platform/UserInterface.h"
+#include "window/UserInterface.h"
 
 namespace host {
 

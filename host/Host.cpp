@@ -7,11 +7,11 @@
 #include "host/Failure.h"
 #include "host/ImportedPart.h"
 #include "host/Installed.h"
-#include "host/Json.h"
-#include "host/Outline.h"
 #include "host/Solids.h"
 #include "host/UnattendedUserInterface.h"
-#include "platform/SBUtility.h"
+#include "inspect/Json.h"
+#include "inspect/Outline.h"
+#include "window/SBUtility.h"
 
 namespace host {
 

@@ -1,9 +1,9 @@
 #include "host/ImportedPart.h"
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
+#include "files/Paths.h"
 #include "host/PartLibrary.h"
-#include "platform/Paths.h"
-#include "platform/SBUtility.h"
+#include "window/SBUtility.h"
 
 namespace host {
 

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "files/Paths.h"
 #include "host/SafeFiles.h"
-#include "platform/Paths.h"
 
 namespace host {
 

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "platform/AfxMessageBox.h"
+#include "window/AfxMessageBox.h"
 
 namespace host {
 

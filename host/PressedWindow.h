@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/UserInterface.h"
+#include "window/UserInterface.h"
 
 namespace host {
 

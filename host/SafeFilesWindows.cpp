@@ -5,8 +5,8 @@
 #include <iterator>
 #include <new>
 
+#include "files/Paths.h"
 #include "host/SafeFiles.h"
-#include "platform/Paths.h"
 #include "platform/Utf16.h"
 
 namespace host {

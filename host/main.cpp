@@ -3,7 +3,7 @@
 #include "host/Host.h"
 
 #if defined(VEKA_WITH_QT)
-#include "window/QtDesktop.h"
+#include "host/qt/QtDesktop.h"
 #elif defined(_WIN32)
 #include "host/win32/Win32Desktop.h"
 #endif

@@ -14,11 +14,11 @@ import sys
 import tempfile
 
 BUILD = "build/mutants"
-# Each file with the tests that are there for it.
+# Each file with the programs and tests that are there for it.
 FILES = {
-    "src/leveltree/CECadCls.cpp": "CECadCls*:CVEK_AsciiParser*:CompleteFile.Gives*",
-    "src/leveltree/QuoteLookAhead.cpp": "QuoteLookAhead*:CECadCls*",
-    "src/parser/package.cpp": "*Parser.*:CompleteFile.Gives*",
+    "src/leveltree/CECadCls.cpp": {"test_leveltree": "CECadCls*", "test_parser": "CVEK_AsciiParser*:CompleteFile.Gives*"},
+    "src/leveltree/QuoteLookAhead.cpp": {"test_leveltree": "QuoteLookAhead*:CECadCls*"},
+    "src/parser/package.cpp": {"test_parser": "*Parser.*:CompleteFile.Gives*"},
 }
 MINIMUM = 90.0
 FLIPS = [
@@ -67,15 +67,16 @@ class Tester:
     def __init__(self):
         with open(BUILD + "/compile_commands.json") as file:
             self.commands = {os.path.relpath(entry["file"]): entry for entry in json.load(file)}
-        commands = subprocess.run(["ninja", "-C", BUILD, "-t", "commands", "veka_tests"], capture_output=True, text=True,
-                                  check=True).stdout.strip().split("\n")
-        link = commands[-1].removeprefix(": && ").split(" && ")[0]
-        self.link = shlex.split(link)
+        self.links = {}
+        for program in {program for tests in FILES.values() for program in tests}:
+            commands = subprocess.run(["ninja", "-C", BUILD, "-t", "commands", program], capture_output=True, text=True,
+                                      check=True).stdout.strip().split("\n")
+            self.links[program] = shlex.split(commands[-1].removeprefix(": && ").split(" && ")[0])
 
     def is_noticed(self, name, lines, number, text):
         """True where a test fails; None where the change does not compile."""
         with tempfile.TemporaryDirectory() as folder:
-            source, made, program = folder + "/changed.cpp", folder + "/changed.o", folder + "/tests"
+            source, made = folder + "/changed.cpp", folder + "/changed.o"
             with open(source, "w") as file:
                 file.write("\n".join(lines[:number] + [text] + lines[number + 1:]) + "\n")
             entry = self.commands[name]
@@ -85,17 +86,21 @@ class Tester:
             command = [part for part in command if not part.startswith("-W")] + ["-w"]
             if subprocess.run(command, cwd=entry["directory"], capture_output=True).returncode != 0:
                 return None
-            link = list(self.link)
-            link[link.index("-o") + 1] = program
-            link.insert(link.index("-o"), made)  # before the library, whose own copy is then left out
-            if subprocess.run(link, cwd=BUILD, capture_output=True).returncode != 0:
-                return None
-            try:
-                run = subprocess.run([program, "--gtest_brief=1", "--gtest_fail_fast", "--gtest_filter=" + FILES[name]],
-                                     capture_output=True, timeout=120, preexec_fn=limit_memory)
-            except subprocess.TimeoutExpired:
-                return True
-            return run.returncode != 0
+            return any(self.fails(program, tests, made, folder) for program, tests in FILES[name].items())
+
+    def fails(self, program, tests, made, folder):
+        """True where a program of tests with the changed object in it fails or does not end."""
+        changed = folder + "/" + program
+        link = list(self.links[program])
+        link[link.index("-o") + 1] = changed
+        link.insert(link.index("-o"), made)  # before the library, whose own copy is then left out
+        subprocess.run(link, cwd=BUILD, capture_output=True, check=True)
+        try:
+            run = subprocess.run([changed, "--gtest_brief=1", "--gtest_fail_fast", "--gtest_filter=" + tests],
+                                 capture_output=True, timeout=120, preexec_fn=limit_memory)
+        except subprocess.TimeoutExpired:
+            return True
+        return run.returncode != 0
 
 
 def limit_memory():

@@ -3,8 +3,8 @@
 #include "host/ExitCode.h"
 #include "host/Failure.h"
 #include "host/ImportedPart.h"
-#include "platform/AfxMessageBox.h"
 #include "win32/Win32UserInterface.h"
+#include "window/AfxMessageBox.h"
 
 namespace host {
 

@@ -1,8 +1,8 @@
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 
 #include "dialog/Messages.h"
-#include "platform/ExtensionModule.h"
-#include "platform/SBUtility.h"
+#include "window/ExtensionModule.h"
+#include "window/SBUtility.h"
 
 namespace messages = veka::messages;
 

@@ -4,7 +4,7 @@
 
 #include "dialog/ImportDialogTemplate.h"
 #include "parser/CVEK_AsciiParser.h"
-#include "platform/CDialog.h"
+#include "window/CDialog.h"
 
 /// The modal dialog that imports one part data file: the user names the file and the part library directory;
 /// OK checks both, reads the file and asks before a part that is there is overwritten. It writes nothing.

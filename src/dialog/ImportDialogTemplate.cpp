@@ -1,7 +1,7 @@
 #include "dialog/ImportDialogTemplate.h"
 
 #include "dialog/Messages.h"
-#include "platform/AfxMessageBox.h"
+#include "window/AfxMessageBox.h"
 
 veka::DialogTemplate veka::ImportDialogTemplate() {
     using enum ControlKind;

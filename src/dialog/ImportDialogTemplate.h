@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/UserInterface.h"
+#include "window/UserInterface.h"
 
 /// Numbers of the import dialog and its controls.
 enum : int {

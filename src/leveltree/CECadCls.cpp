@@ -6,12 +6,12 @@
 #include <stdexcept>
 #include <string>
 
+#include "files/CStdioFile.h"
 #include "leveltree/Messages.h"
 #include "leveltree/QuoteLookAhead.h"
 #include "leveltree/Scan.h"
 #include "leveltree/Stack.h"
-#include "platform/AfxMessageBox.h"
-#include "platform/CStdioFile.h"
+#include "window/AfxMessageBox.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "leveltree/CECadClsLvl.h"
 #include "model/CVEKA_Color.h"
 #include "model/CVEKA_Coordinate.h"
-#include "platform/Numbers.h"
+#include "parser/Numbers.h"
 
 /// How parser methods read a level: its children, the four forms of reading its values, and the ways of a
 /// result into the record that holds it. No form reads a value that is not there: what a level lacks keeps its

@@ -4,8 +4,10 @@
 
 #include <sstream>
 
-#include "platform/AfxMessageBox.h"
+#include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 #include "support/Files.h"
+#include "window/AfxMessageBox.h"
+#include "window/ExtensionModule.h"
 
 namespace {
 
@@ -75,6 +77,15 @@ TEST(ImportDialogTemplate, NoControlLeavesTheDialog) {
         EXPECT_LE(control.x + control.width, dialog.width);
         EXPECT_LE(control.y + control.height, dialog.height);
     }
+}
+
+// The tests link the library into their program.
+const int kOfThisProgram = 0;
+
+TEST(ImportDialogTemplate, IsRegisteredWhenTheLibraryIsLoaded) {
+    const CVEK_AsciiFile_Import_Dlg dialog;  // the library is linked for its sake
+    EXPECT_NE(veka::FindDialogTemplate(8000), nullptr);
+    EXPECT_EQ(AfxFindResourceHandle(8000), veka::ModuleOf(&kOfThisProgram));
 }
 
 }  // namespace

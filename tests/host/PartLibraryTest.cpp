@@ -7,9 +7,9 @@
 #include <thread>
 
 #include "host/SafeFiles.h"
-#include "platform/SBUtility.h"
 #include "support/Children.h"
 #include "support/Files.h"
+#include "window/SBUtility.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/AfxMessageBox.h"
+#include "window/AfxMessageBox.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <map>
 #include <set>
 
-#include "host/VisitObject.h"
+#include "inspect/VisitObject.h"
 #include "support/Parsing.h"
 #include "support/Told.h"
 

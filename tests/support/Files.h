@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "files/Paths.h"
 #include "platform/CString.h"
-#include "platform/Paths.h"
 
 namespace test {
 

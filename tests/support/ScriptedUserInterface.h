@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/AfxMessageBox.h"
-#include "platform/UserInterface.h"
+#include "window/AfxMessageBox.h"
+#include "window/UserInterface.h"
 
 namespace test {
 

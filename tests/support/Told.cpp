@@ -2,8 +2,8 @@
 
 #include <sstream>
 
-#include "host/Json.h"
-#include "host/Outline.h"
+#include "inspect/Json.h"
+#include "inspect/Outline.h"
 
 namespace test {
 

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "parser/CVEK_AsciiParser.h"
-#include "platform/UserInterface.h"
 #include "support/Files.h"
 #include "support/Told.h"
+#include "window/UserInterface.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <ostream>
 #include <string>
 
-#include "platform/AfxMessageBox.h"
+#include "window/AfxMessageBox.h"
 
 namespace veka {
 

@@ -2,7 +2,7 @@
 
 #include <iosfwd>
 
-#include "platform/UserInterface.h"
+#include "window/UserInterface.h"
 
 namespace veka {
 

@@ -3,7 +3,7 @@
 #include <QFont>
 #include <QRect>
 
-#include "platform/UserInterface.h"
+#include "window/UserInterface.h"
 
 namespace veka {
 

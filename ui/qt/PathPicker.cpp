@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/Paths.h"
+#include "files/Paths.h"
 #include "qt/Text.h"
 
 namespace fs = std::filesystem;

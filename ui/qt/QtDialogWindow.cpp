@@ -9,8 +9,8 @@
 #include <QStyleFactory>
 #include <limits>
 
-#include "platform/AfxMessageBox.h"
 #include "qt/Text.h"
+#include "window/AfxMessageBox.h"
 
 namespace veka {
 

@@ -4,8 +4,8 @@
 #include <map>
 #include <optional>
 
-#include "platform/UserInterface.h"
 #include "qt/DialogUnits.h"
+#include "window/UserInterface.h"
 
 class QDialog;
 class QWidget;

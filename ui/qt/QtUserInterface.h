@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/CDialog.h"
-#include "platform/UserInterface.h"
+#include "window/CDialog.h"
+#include "window/UserInterface.h"
 
 class QWidget;
 

@@ -9,7 +9,7 @@
 #include <memory>
 #include <system_error>
 
-#include "platform/Paths.h"
+#include "files/Paths.h"
 
 namespace veka {
 

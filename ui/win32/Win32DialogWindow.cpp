@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "platform/AfxMessageBox.h"
-#include "platform/ExtensionModule.h"
 #include "win32/DialogResource.h"
 #include "win32/WideText.h"
+#include "window/AfxMessageBox.h"
+#include "window/ExtensionModule.h"
 
 namespace veka {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/UserInterface.h"
+#include "window/UserInterface.h"
 
 namespace veka {
 

@@ -8,8 +8,8 @@
 #include <QPushButton>
 
 #include "dialog/ImportDialogTemplate.h"
-#include "platform/AfxMessageBox.h"
 #include "support/QtScript.h"
+#include "window/AfxMessageBox.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <cstring>
 
 #include "dialog/ImportDialogTemplate.h"
-#include "platform/ExtensionModule.h"
 #include "support/Win32Script.h"
 #include "win32/DialogResource.h"
+#include "window/ExtensionModule.h"
 
 namespace {
 

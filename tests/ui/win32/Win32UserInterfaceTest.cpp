@@ -4,17 +4,17 @@
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 #include "parser/CInvalidAccessException.h"
-#include "platform/SBUtility.h"
 #include "support/Files.h"
 #include "support/Win32Script.h"
 #include "win32/WideText.h"
+#include "window/SBUtility.h"
 
 namespace {
 
 using test::Win32Script;
 
 constexpr const wchar_t* kTitle = L"Import ASCII Part Data File";
-constexpr const wchar_t* kMessage = L"veka_win32_tests";
+constexpr const wchar_t* kMessage = L"test_win32";
 constexpr const wchar_t* kFilePicker = L"Open";
 constexpr const wchar_t* kDirectoryPicker = L"VEK Library Directory";
 

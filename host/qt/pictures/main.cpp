@@ -1,0 +1,55 @@
+#include <QApplication>
+#include <QDir>
+#include <QPixmap>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "host/Installed.h"
+#include "host/qt/MainWindow.h"
+#include "qt/QtUserInterface.h"
+#include "window/AfxMessageBox.h"
+
+namespace {
+
+constexpr int kDrawn = 300;  // ms until a window is drawn whole
+
+/// Once the dialog is drawn, takes its picture and presses a button in it.
+void Take(const QString& picture, int button) {
+    QTimer::singleShot(kDrawn, qApp, [picture, button] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!picture.isEmpty()) dialog->grab().save(picture);
+        QMetaObject::invokeMethod(dialog->findChild<QObject*>(QString::number(button)), "click");
+    });
+}
+
+}  // namespace
+
+/// Takes the pictures of the windows for the documents: PROGRAM FILE DIRECTORY, with a part data file and
+/// where the pictures go.
+int main(int argc, char** argv) {
+    if (argc != 3) return 2;
+    veka::QtUserInterface user;
+    const QString folder = QDir(argv[2]).absolutePath(),
+                  example = QDir(argv[1]).absoluteFilePath("op-amp.veka");
+    const host::Installed installed(user);
+    const QTemporaryDir scratch;
+    QDir::setCurrent(scratch.path());
+    QDir().mkdir("library");
+    QFile::copy(example, "op-amp.veka");
+    QSettings settings(scratch.filePath("settings.ini"), QSettings::IniFormat);
+    host::MainWindow window(settings);
+    window.show();
+
+    window.Suggest("op-amp.veka", "library");
+    Take(folder + "/import-dialog.png", IDCANCEL);
+    window.Import();
+    Take("", IDOK);
+    window.Import();
+    QTimer::singleShot(kDrawn, &window, [&] {
+        window.grab().save(folder + "/host-window.png");
+        QApplication::quit();
+    });
+    QApplication::exec();
+    return 0;
+}
