@@ -1,15 +1,15 @@
 #include "model/library/DistinctNames.h"
 
-#include <functional>
+#include "platform/SipHash.h"
 
 namespace {
 
-// Up to here a walk is faster than a search.
+// The largest number of names that is searched without the index: the walk is faster than the hash.
 constexpr INT_PTR kShort = 16;
 
+// The key is secret, so that a file cannot hold many names of one hash, which would make each search a walk.
 std::uint32_t Hash(std::string_view name) {
-    const std::size_t hash = std::hash<std::string_view>()(name);
-    return static_cast<std::uint32_t>(hash ^ hash >> 16 >> 16);
+    return static_cast<std::uint32_t>(veka::SipHash(veka::ProcessKey(), name));
 }
 
 }  // namespace
@@ -26,7 +26,7 @@ void DistinctNames::Add(const CString& name) {
 }
 
 void DistinctNames::Add(const DistinctNames& names) {
-    if (this == &names) return;  // nothing of it is new
+    if (this == &names) return;
     for (const CString& name : names.m_names) Add(name);
 }
 
@@ -47,7 +47,7 @@ bool DistinctNames::Contains(std::string_view name) {
 }
 
 void DistinctNames::Index::Add(std::uint32_t hash) {
-    // At most half of the slots are taken.
+    // At most half of the slots are in use, so that a search is short.
     if (2 * static_cast<std::size_t>(m_count + 1) > m_slots.size()) {
         std::vector<std::uint64_t> former(2 * m_slots.size());
         former.swap(m_slots);

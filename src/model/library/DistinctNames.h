@@ -7,7 +7,8 @@
 
 #include "platform/CStringArray.h"
 
-/// A list of names in the order of their first appearance. Adding one costs no walk of a long list.
+/// A list of distinct names in the order of their first appearance. To add a name takes the same time however
+/// long the list is, and whatever names it holds.
 class VEKA_API DistinctNames {
 public:
     DistinctNames() = default;
@@ -17,23 +18,23 @@ public:
     DistinctNames& operator=(DistinctNames&&) noexcept = default;
 
     const CStringArray& Names() const noexcept { return m_names; }
-    /// Appends a name that is not there yet.
+    /// Appends a name, unless the list has the name already.
     void Add(const CString& name);
     /// Adds each name of a list, in its order.
     void Add(const DistinctNames& names);
-    /// Appends a list as it stands: a name can then be there twice.
+    /// Appends all names of a list. A name can be in this list twice afterwards.
     void Append(const DistinctNames& names) { m_names.Append(names.m_names); }
     void RemoveAll() noexcept;
 
 private:
-    /// Positions of the names by their hashes: a table of slots, open at the next one where a slot is taken.
+    /// The positions of the names in the list, by the hashes of the names: a hash table with linear probing.
     class Index {
     public:
-        /// Number of names that are in it, from the first on.
+        /// Number of names in the index. They are the first names of the list.
         INT_PTR Count() const noexcept { return m_count; }
         void Add(std::uint32_t hash);
-        /// Calls `match` with the position of each name of this hash until it gives true; false if it never
-        /// does.
+        /// Calls `match` with the position of each name of this hash until `match` returns true. Returns
+        /// false if `match` never returns true.
         template <class Match>
         bool Find(std::uint32_t hash, Match match) const {
             for (std::size_t i = hash & Mask(); m_slots[i] != 0; i = (i + 1) & Mask())
@@ -46,7 +47,7 @@ private:
         std::size_t Mask() const noexcept { return m_slots.size() - 1; }
         void Put(std::uint64_t slot);
 
-        // The hash, and below it the position plus 1; 0 where the slot is free.
+        // The hash in the upper half, the position plus 1 in the lower half; 0 where the slot is free.
         std::vector<std::uint64_t> m_slots = std::vector<std::uint64_t>(64);
         INT_PTR m_count = 0;
     };
@@ -54,5 +55,5 @@ private:
     bool Contains(std::string_view name);
 
     CStringArray m_names;
-    std::unique_ptr<Index> m_index;  // made, and brought up to date, when a long list is searched
+    std::unique_ptr<Index> m_index;  // made and completed when a long list is searched
 };
