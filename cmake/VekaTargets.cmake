@@ -6,6 +6,21 @@ add_library(veka_roots INTERFACE)
 target_include_directories(veka_roots INTERFACE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/ui
                                                 ${PROJECT_SOURCE_DIR}/solids ${PROJECT_SOURCE_DIR})
 
+# A compiler cache and a fast linker are used where they are installed. Neither is needed. What is shipped is linked by the
+# system's own linker.
+if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CROSSCOMPILING)
+    find_program(VEKA_CCACHE ccache)
+    if(VEKA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+        # Without these settings the cache does not serve files that use a precompiled header.
+        set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+            CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${VEKA_CCACHE})
+    endif()
+    find_program(VEKA_LLD ld.lld)
+    if(VEKA_LLD AND NOT CMAKE_BUILD_TYPE STREQUAL Release)
+        add_link_options(-fuse-ld=lld)
+    endif()
+endif()
+
 # Warnings, sanitizers and visibility for our own code.
 function(veka_compile_options target)
     if(MSVC)
@@ -30,9 +45,11 @@ endfunction()
 # A program or library of the tests: as our own code, and on Windows a program that needs no other file beside it.
 function(veka_test_options target)
     veka_compile_options(${target})
-    if(WIN32)
-        # Unoptimised, since tests take a compiler long and g++ 12 warns of its own headers in them.
+    if(CMAKE_BUILD_TYPE STREQUAL Release)
+        # Not optimised: a compiler takes minutes to optimise tests, and g++ 12 then warns of its own headers.
         target_compile_options(${target} PRIVATE -O0)
+    endif()
+    if(WIN32)
         target_link_options(${target} PUBLIC -static)
     endif()
 endfunction()
