@@ -29,7 +29,10 @@ void RequirePartNumber(const ImportedPart& part) {
 CString Store(const ImportedPart& part) {
     RequirePartNumber(part);
     CString name = SBUtility::GetInstance().EncodeEntityCode(part.Mpn());
-    PartLibrary(veka::ToPath(part.library)).Store(std::string(name.View()), veka::ToPath(part.file));
+    const std::filesystem::path file = veka::ToPath(part.file);
+    PartLibrary(veka::ToPath(part.library))
+        .Store(std::string(name.View()), std::string(veka::FromPath(file.filename()).View()),
+               ReadRegularFile(file, 1 << 28), Existing::Replace);
     return name;
 }
 

@@ -2,81 +2,157 @@
 
 #include <string_view>
 
-#include "files/Paths.h"
-#include "host/SafeFiles.h"
-
 namespace host {
-
-namespace fs = std::filesystem;
 
 namespace {
 
 // Names of parts never begin with a point, so these cannot be parts.
-constexpr std::string_view kLock = ".veka-lock";
+constexpr const char* kLock = ".veka-lock";
+constexpr const char* kTrash = ".veka-trash";
 constexpr std::string_view kNew = ".veka-new-";  // a part that is being written
 constexpr std::string_view kOld = ".veka-old-";  // a part that is being replaced, followed by its name
+constexpr const char* kLast = ".last";           // in the trash: the name of the part that was replaced last
 
-std::string Name(const fs::path& path) {
-    return std::string(veka::FromPath(path.filename()).View());
+std::string Old(const std::string& name) {
+    return std::string(kOld) + name;
 }
 
-/// The path of an entry, which may be too long for some systems where the directory's is not.
-fs::path Entry(const fs::path& directory, const std::string& name) {
-    return veka::ToPath(veka::FromPath(directory / veka::ToPath(CString(name))));
+void Move(const Directory& from, const std::string& name, const Directory& to, const std::string& newName) {
+    if (!from.MoveToFree(name, to, newName)) throw StoreError("cannot replace \"" + newName + "\"");
 }
 
-/// Removes what an interrupted store left, and puts a part back that it had taken away.
-void CleanUp(const fs::path& library) {
-    for (const fs::path& entry : Entries(library)) {
-        const std::string name = Name(entry);
+/// Opens the trash for a part that is about to be replaced.
+Directory PrepareTrash(const Directory& library, const std::string& name) {
+    Directory trash = library.OpenOrMake(kTrash);
+    trash.RemoveAll(kLast);
+    trash.Write(kLast, {name, 0666});
+    return trash;
+}
+
+/// Moves what waits under the name `Old(name)` to the trash. The part that the trash has of that name is
+/// removed.
+void MoveToTrash(const Directory& library, const Directory& trash, const std::string& name) {
+    trash.RemoveAll(name);
+    Move(library, Old(name), trash, name);
+    trash.Sync();
+}
+
+/// Ends what an interrupted store began: puts a part back that was taken away, and removes a new part that
+/// was not finished.
+void CleanUp(const Directory& library) {
+    for (const std::string& entry : library.Names()) {
+        if (entry.starts_with(kNew)) library.RemoveAll(entry);
+        if (!entry.starts_with(kOld)) continue;
+        const std::string name = entry.substr(kOld.size());
         try {
-            const bool old = name.starts_with(kOld);
-            if (old && MoveToFree(entry, Entry(library, name.substr(kOld.size())))) continue;
-            if (old || name.starts_with(kNew)) RemoveAll(entry);
+            if (!library.MoveToFree(entry, library, name))
+                MoveToTrash(library, PrepareTrash(library, name), name);
         } catch (const StoreError&) {
-            // The only copy of a part, which cannot be moved now: the next store tries again.
+            // Perhaps the one copy of a part. The next store tries again.
         }
     }
 }
 
-/// Puts a written directory in the place of a part. What was there is deleted.
-void Replace(const fs::path& library, const fs::path& fresh, const std::string& name) {
-    const fs::path part = Entry(library, name);
-    if (MoveToFree(fresh, part)) return;
-    if (Exchange(fresh, part)) return RemoveAll(fresh);  // holds the old part now
-    // Without an exchange, a crash between two steps is undone by `CleanUp`.
-    const fs::path old = Entry(library, std::string(kOld) + name);
-    const auto move = [](const fs::path& from, const fs::path& to) {
-        if (!MoveToFree(from, to)) throw StoreError("cannot replace \"" + Name(to) + "\"");
-    };
-    move(part, old);
+/// Puts what is ready as `ready` in the place of a part, which becomes `Old(name)`, in two steps. A crash
+/// between them is undone by `CleanUp`.
+void TakePlace(const Directory& from, const std::string& ready, const Directory& library,
+               const std::string& name) {
+    Move(library, name, library, Old(name));
     try {
-        move(fresh, part);
+        Move(from, ready, library, name);
     } catch (...) {
-        MoveToFree(old, part);
+        library.MoveToFree(Old(name), library, name);
         throw;
     }
-    RemoveAll(old);
+}
+
+/// Puts a new part in the place of a part, which goes to the trash. Where that fails, all is as it was.
+void Replace(const Directory& library, const std::string& fresh, const std::string& name) {
+    library.RequireMovable(name);
+    const Directory trash = PrepareTrash(library, name);
+    // Under this name the old part is found after a crash.
+    Move(library, fresh, library, Old(name));
+    bool exchanged = false;
+    try {
+        exchanged = library.Exchange(Old(name), library, name);
+    } catch (...) {
+        library.MoveToFree(Old(name), library, fresh);
+        throw;
+    }
+    if (!exchanged) {
+        Move(library, Old(name), library, fresh);
+        TakePlace(library, fresh, library, name);
+    }
+    try {
+        MoveToTrash(library, trash, name);
+    } catch (...) {
+        if (exchanged && library.Exchange(Old(name), library, name))
+            library.MoveToFree(Old(name), library, fresh);
+        if (!exchanged && library.MoveToFree(name, library, fresh))
+            library.MoveToFree(Old(name), library, name);
+        throw;
+    }
 }
 
 }  // namespace
 
-void PartLibrary::Store(const std::string& name, const fs::path& source) {
+PartLibrary::PartLibrary(std::filesystem::path directory, Waiting waiting)
+    : m_directory(std::move(directory)), m_waiting(std::move(waiting)) {}
+
+Outcome PartLibrary::Store(const std::string& name, const std::string& fileName, const FileContent& content,
+                           Existing existing) {
     if (!IsFileName(name) || name[0] == '.') throw StoreError("\"" + name + "\" is no name for a part");
+    if (!IsFileName(fileName)) throw StoreError("\"" + fileName + "\" is no name for a file");
 
-    const FileLock lock(Entry(m_directory, std::string(kLock)));
-    CleanUp(m_directory);
+    const Directory library(m_directory);
+    const FileLock lock(library, kLock, m_waiting);
+    CleanUp(library);
+    if (existing == Existing::Keep && library.Has(name)) return Outcome::Kept;
 
-    const fs::path fresh = MakeUniqueDirectory(m_directory, kNew);
+    std::string fresh;
     try {
-        CopyFileDurably(source, Entry(fresh, Name(source)));
-        SyncDirectory(fresh);
-        Replace(m_directory, fresh, name);
-        SyncDirectory(m_directory);
+        {
+            const Directory directory = library.MakeUnique(kNew);
+            fresh = directory.Name();
+            directory.Write(fileName, content);
+            directory.ShareLike(library);
+            directory.Sync();
+        }
+        Outcome outcome = Outcome::New;
+        if (!library.MoveToFree(fresh, library, name)) {
+            if (existing == Existing::Keep) {
+                library.RemoveAll(fresh);
+                return Outcome::Kept;
+            }
+            Replace(library, fresh, name);
+            outcome = Outcome::Replaced;
+        }
+        library.Sync();
+        return outcome;
     } catch (...) {
-        RemoveAll(fresh);
+        if (!fresh.empty()) library.RemoveAll(fresh);
         throw;
     }
+}
+
+std::string PartLibrary::Undo(std::string name) {
+    const Directory library(m_directory);
+    const FileLock lock(library, kLock, m_waiting);
+    CleanUp(library);
+    if (!library.Has(kTrash)) throw NothingToUndo("no part of this library was replaced");
+    const Directory trash = library.Open(kTrash);
+    if (name.empty()) name = trash.Read(kLast);
+    if (name.empty()) throw NothingToUndo("it is not known which part was replaced last");
+    if (!IsFileName(name) || name[0] == '.' || !trash.Has(name))
+        throw NothingToUndo("the library keeps no replaced part \"" + name + "\"");
+    library.RequireMovable(name);
+    trash.RequireMovable(name);
+    if (!trash.MoveToFree(name, library, name) && !trash.Exchange(name, library, name)) {
+        TakePlace(trash, name, library, name);
+        MoveToTrash(library, trash, name);
+    }
+    library.Sync();
+    return name;
 }
 
 }  // namespace host

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -9,19 +11,96 @@
 
 namespace host {
 
-/// A library that cannot be written, or a file that cannot be read.
+// The operations on files that a library of parts is made of, each as a system offers it.
+
+/// A library that cannot be written.
 struct StoreError : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
-// The operations on files that a library is made of, each as a system offers it. Those that fail raise
-// `StoreError`.
+/// A part data file that cannot be read.
+struct SourceError : std::runtime_error {
+    using runtime_error::runtime_error;
+};
+
+/// There is no file of that name.
+struct NoSuchFile : SourceError {
+    using SourceError::SourceError;
+};
+
+/// The content of a file, read once.
+struct FileContent {
+    std::string bytes;
+    unsigned permissions = 0666;  ///< who may read and write the file, as POSIX writes it
+};
+
+/// Reads a regular file. Anything else (a directory, a pipe, a device) is refused, and never waited for. So
+/// is a file that is larger than `limit`, and one that changes while it is read. Raises `SourceError`.
+FileContent ReadRegularFile(const std::filesystem::path& path, std::uintmax_t limit);
+
+/// True if a directory can have an entry of this name.
+bool IsFileName(const std::string& name);
+
+/// An open directory. Its operations work in the directory that was opened, even if its path names another
+/// one by now. No operation follows a link that is an entry. What fails raises `StoreError`.
+class Directory {
+public:
+    /// Opens a directory; links in the path are followed.
+    explicit Directory(const std::filesystem::path& path);
+    ~Directory();
+    Directory(Directory&& other) noexcept;
+    Directory& operator=(Directory&&) = delete;
+
+    /// The name that the directory had when it was opened.
+    const std::string& Name() const { return m_name; }
+    const std::filesystem::path& Path() const { return m_path; }
+
+    /// Opens an entry that is a directory.
+    Directory Open(const std::string& name) const;
+    /// Opens an entry that is a directory, which is made where there is none.
+    Directory OpenOrMake(const std::string& name) const;
+    /// Makes a directory that only this user can enter; its name begins with `front`.
+    Directory MakeUnique(std::string_view front) const;
+    /// Opens the directory to the users of the one around it.
+    void ShareLike(const Directory& around) const;
+
+    bool Has(const std::string& name) const;
+    /// Names of all entries.
+    std::vector<std::string> Names() const;
+    /// The content of a small file; empty where there is none.
+    std::string Read(const std::string& name) const;
+    /// Writes a new file, which is on the disk when this returns.
+    void Write(const std::string& name, const FileContent& content) const;
+    /// Waits until the entries are on the disk.
+    void Sync() const;
+    /// Moves an entry to a free name, perhaps in another directory; false if the name is not free.
+    bool MoveToFree(const std::string& name, const Directory& to, const std::string& newName) const;
+    /// Exchanges two entries at one instant; false where the system cannot.
+    bool Exchange(const std::string& name, const Directory& with, const std::string& otherName) const;
+    /// Raises `StoreError` where this user may not move an entry to another directory.
+    void RequireMovable(const std::string& name) const;
+    /// Removes an entry with all that it holds, as far as that is possible.
+    void RemoveAll(const std::string& name) const noexcept;
+
+private:
+    friend class FileLock;
+    Directory(std::filesystem::path path, std::string name, std::intptr_t handle);
+
+    std::filesystem::path m_path;  // for messages, and on Windows for the operations
+    std::string m_name;
+    std::intptr_t m_handle;  // the system's own
+};
+
+/// Asked again and again while a lock is waited for: how long that has taken, and who has the lock ("process
+/// 12"; empty where that is not known). False gives up.
+using Waiting = std::function<bool(std::chrono::milliseconds waited, const std::string& holder)>;
 
 /// Keeps other threads and programs away from what they lock by the same file, while it lives.
 class FileLock {
 public:
-    /// Waits until the file, which is made where there is none, is free.
-    explicit FileLock(const std::filesystem::path& file);
+    /// Waits until the file, which is made where there is none, is free. Raises `StoreError` where `waiting`
+    /// gives up.
+    FileLock(const Directory& directory, const std::string& name, const Waiting& waiting);
     ~FileLock();
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
@@ -29,22 +108,5 @@ public:
 private:
     std::intptr_t m_handle;  // the system's own
 };
-
-/// True if a directory can have an entry of this name, and of no other by it.
-bool IsFileName(const std::string& name);
-/// Makes a directory whose name begins with `front`, and which is open to the users of the one around it.
-std::filesystem::path MakeUniqueDirectory(const std::filesystem::path& directory, std::string_view front);
-/// Copies a file to a new one, which stands on the disk when this returns.
-void CopyFileDurably(const std::filesystem::path& from, const std::filesystem::path& to);
-/// Waits until the entries of a directory stand on the disk.
-void SyncDirectory(const std::filesystem::path& directory);
-/// Gives a file or directory another name; false if there is something of that name.
-bool MoveToFree(const std::filesystem::path& from, const std::filesystem::path& to);
-/// Exchanges two names at one instant; false where that cannot be done.
-bool Exchange(const std::filesystem::path& one, const std::filesystem::path& other);
-/// What a directory holds; empty if it cannot be read.
-std::vector<std::filesystem::path> Entries(const std::filesystem::path& directory);
-/// Removes something with all that it holds, as far as it can be removed. Links are not followed.
-void RemoveAll(const std::filesystem::path& path) noexcept;
 
 }  // namespace host

@@ -1,14 +1,19 @@
 #ifndef _WIN32
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <stdio.h>
-#include <stdlib.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <system_error>
+#include <memory>
+#include <random>
+#include <thread>
+#include <utility>
 
 #include "host/SafeFiles.h"
 
@@ -18,120 +23,332 @@ namespace fs = std::filesystem;
 
 namespace {
 
-[[noreturn]] void Fail(const std::string& what, const fs::path& path) {
-    const int error = errno;
-    throw StoreError(what + " \"" + path.string() + "\": " + std::strerror(error));
+using std::chrono::milliseconds;
+
+/// How long to sleep after a lock has been waited for so long.
+milliseconds Pause(milliseconds waited) {
+    return std::min(milliseconds(50), milliseconds(1) + waited / 8);
 }
 
-int Open(const fs::path& path, int flags) {
-    const int file = open(path.c_str(), flags | O_CLOEXEC, 0666);
-    if (file < 0) Fail((flags & (O_WRONLY | O_RDWR)) ? "cannot write" : "cannot read", path);
-    return file;
+constexpr int kDeepest = 64;  // levels of directories that are removed
+
+std::string Quoted(const fs::path& path) {
+    return '"' + path.string() + '"';
 }
 
-/// An open file or directory.
+template <class Error = StoreError>
+[[noreturn]] void Fail(const char* what, const fs::path& path, int error = errno) {
+    throw Error(what + (' ' + Quoted(path)) + ": " + std::strerror(error));
+}
+
+/// Owns an open file.
 class Descriptor {
 public:
-    Descriptor(const fs::path& path, int flags) : m_path(path), m_fd(Open(path, flags)) {}
-    ~Descriptor() { close(m_fd); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int Get() const { return m_fd; }
-    /// Waits until what was written stands on the disk.
-    void Sync() const {
-        if (fsync(m_fd) != 0) Fail("cannot write", m_path);
+    explicit Descriptor(int fd) : m_fd(fd) {}
+    ~Descriptor() {
+        if (m_fd >= 0) close(m_fd);
+    }
+    Descriptor(Descriptor&& other) noexcept : m_fd(other.Release()) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(m_fd, other.m_fd);
+        return *this;
     }
 
+    int Get() const { return m_fd; }
+    explicit operator bool() const { return m_fd >= 0; }
+    int Release() { return std::exchange(m_fd, -1); }
+
 private:
-    fs::path m_path;
     int m_fd;
 };
 
+int OpenDirectoryAt(int directory, const char* name, int flags) {
+    return openat(directory, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC | flags);
+}
+
+/// Names of the entries of an open directory.
+std::vector<std::string> NamesIn(int directory) {
+    std::vector<std::string> names;
+    Descriptor own(OpenDirectoryAt(directory, ".", 0));
+    if (!own) return names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> stream(fdopendir(own.Get()), closedir);
+    if (!stream) return names;
+    own.Release();
+    while (const dirent* entry = readdir(stream.get())) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..") names.emplace_back(name);
+    }
+    return names;
+}
+
+void RemoveAt(int directory, const char* name, int depth) noexcept {
+    if (unlinkat(directory, name, 0) == 0 || depth > kDeepest) return;
+    try {
+        const Descriptor inner(OpenDirectoryAt(directory, name, O_NOFOLLOW));
+        if (!inner) return;
+        for (const std::string& entry : NamesIn(inner.Get())) RemoveAt(inner.Get(), entry.c_str(), depth + 1);
+    } catch (const std::bad_alloc&) {
+        return;  // what is left keeps its directory
+    }
+    unlinkat(directory, name, AT_REMOVEDIR);
+}
+
+/// Writes all bytes; false where that fails.
+bool WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = write(file, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return false;
+        bytes.remove_prefix(static_cast<size_t>(count));
+    }
+    return true;
+}
+
+/// Reads to the end, or until there are more bytes than `limit`; false where that fails.
+bool ReadAll(int file, std::uintmax_t limit, std::string& bytes) {
+    constexpr size_t kBlock = 1 << 18;
+    for (;;) {
+        const size_t size = bytes.size();
+        if (size > limit) return true;
+        bytes.resize(std::max(size + kBlock, bytes.capacity()));
+        const ssize_t count = read(file, bytes.data() + size, bytes.size() - size);
+        bytes.resize(size + static_cast<size_t>(std::max<ssize_t>(count, 0)));
+        if (count == 0) return true;
+        if (count < 0 && errno != EINTR) return false;
+    }
+}
+
+bool SameTime(const timespec& one, const timespec& other) {
+    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
+}
+
+/// What something is that is no regular file.
+const char* Kind(mode_t mode) {
+    if (S_ISDIR(mode)) return "a directory";
+    if (S_ISFIFO(mode)) return "a pipe";
+    if (S_ISSOCK(mode)) return "a socket";
+    return "a device";
+}
+
 }  // namespace
 
-FileLock::FileLock(const fs::path& file) : m_handle(Open(file, O_RDWR | O_CREAT)) {
-    while (flock(static_cast<int>(m_handle), LOCK_EX) != 0) {
-        if (errno == EINTR) continue;
-        const int error = errno;
-        close(static_cast<int>(m_handle));
-        errno = error;
-        Fail("cannot lock", file);
+FileContent ReadRegularFile(const fs::path& path, std::uintmax_t limit) {
+    // Without O_NONBLOCK a pipe that nobody writes to would be waited for.
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file && (errno == ENOENT || errno == ENOTDIR)) throw NoSuchFile("there is no file " + Quoted(path));
+    if (!file) Fail<SourceError>("cannot read", path);
+    struct stat before {};
+    if (fstat(file.Get(), &before) != 0) Fail<SourceError>("cannot read", path);
+    if (!S_ISREG(before.st_mode))
+        throw SourceError(Quoted(path) + " is " + Kind(before.st_mode) + ", and no regular file");
+    FileContent content{"", before.st_mode & 0777};
+    if (before.st_size > 0 && static_cast<std::uintmax_t>(before.st_size) <= limit)
+        content.bytes.reserve(static_cast<size_t>(before.st_size) + 1);
+    if (!ReadAll(file.Get(), limit, content.bytes)) Fail<SourceError>("cannot read", path);
+    if (content.bytes.size() > limit)
+        throw SourceError(Quoted(path) + " is larger than " + std::to_string(limit >> 20) + " MB");
+    struct stat after {};
+    if (fstat(file.Get(), &after) != 0) Fail<SourceError>("cannot read", path);
+    // The files of some file systems that the kernel makes up have no size.
+    const bool whole =
+        before.st_size == 0 || content.bytes.size() == static_cast<std::uintmax_t>(before.st_size);
+    if (!whole || before.st_size != after.st_size || !SameTime(before.st_mtim, after.st_mtim))
+        throw SourceError(Quoted(path) + " changed while it was read");
+    return content;
+}
+
+bool IsFileName(const std::string& name) {
+    return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos &&
+           name.find('\0') == std::string::npos;
+}
+
+Directory::Directory(const fs::path& path)
+    : m_path(path), m_name(path.filename().string()), m_handle(OpenDirectoryAt(AT_FDCWD, path.c_str(), 0)) {
+    if (m_handle < 0) Fail("cannot open the directory", path);
+}
+
+Directory::Directory(fs::path path, std::string name, std::intptr_t handle)
+    : m_path(std::move(path)), m_name(std::move(name)), m_handle(handle) {}
+
+Directory::Directory(Directory&& other) noexcept
+    : m_path(std::move(other.m_path)),
+      m_name(std::move(other.m_name)),
+      m_handle(std::exchange(other.m_handle, -1)) {}
+
+Directory::~Directory() {
+    if (m_handle >= 0) close(static_cast<int>(m_handle));
+}
+
+namespace {
+
+int At(std::intptr_t handle) {
+    return static_cast<int>(handle);
+}
+
+}  // namespace
+
+Directory Directory::Open(const std::string& name) const {
+    fs::path path = m_path / name;
+    Descriptor made(OpenDirectoryAt(At(m_handle), name.c_str(), O_NOFOLLOW));
+    if (!made) Fail("cannot open the directory", path);
+    return {std::move(path), name, made.Release()};
+}
+
+Directory Directory::OpenOrMake(const std::string& name) const {
+    const bool made = mkdirat(At(m_handle), name.c_str(), 0700) == 0;
+    if (!made && errno != EEXIST) Fail("cannot write", m_path / name);
+    Directory directory = Open(name);
+    if (made) directory.ShareLike(*this);
+    return directory;
+}
+
+Directory Directory::MakeUnique(std::string_view front) const {
+    std::random_device random;
+    for (;;) {
+        const std::string name = std::string(front) + std::to_string(random());
+        if (mkdirat(At(m_handle), name.c_str(), 0700) != 0) {
+            if (errno == EEXIST) continue;
+            Fail("cannot write", m_path);
+        }
+        Directory made = Open(name);
+        // Another user who may write here may have put a directory of their own in its place.
+        struct stat status {};
+        if (fstat(At(made.m_handle), &status) != 0) Fail("cannot write", made.m_path);
+        if (status.st_uid != geteuid() || !made.Names().empty())
+            throw StoreError(Quoted(made.m_path) + " was replaced while it was made");
+        return made;
     }
+}
+
+void Directory::ShareLike(const Directory& around) const {
+    struct stat outer {
+    }, own{};
+    if (fstat(At(around.m_handle), &outer) != 0 || fstat(At(m_handle), &own) != 0)
+        Fail("cannot write", m_path);
+    mode_t mode = (outer.st_mode & 0777) | (own.st_mode & S_ISGID);
+    // Where only the owner may replace an entry, nobody else may change it.
+    if (outer.st_mode & S_ISVTX) mode &= ~mode_t{022};
+    if (fchmod(At(m_handle), mode) != 0) Fail("cannot write", m_path);
+}
+
+bool Directory::Has(const std::string& name) const {
+    struct stat status {};
+    return fstatat(At(m_handle), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+std::vector<std::string> Directory::Names() const {
+    return NamesIn(At(m_handle));
+}
+
+std::string Directory::Read(const std::string& name) const {
+    const Descriptor file(openat(At(m_handle), name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    std::string bytes(4096, '\0');
+    const ssize_t count = file ? read(file.Get(), bytes.data(), bytes.size()) : 0;
+    bytes.resize(static_cast<size_t>(std::max<ssize_t>(count, 0)));
+    return bytes;
+}
+
+void Directory::Write(const std::string& name, const FileContent& content) const {
+    const fs::path path = m_path / name;
+    const Descriptor file(openat(At(m_handle), name.c_str(),
+                                 O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                 content.permissions & 0666));
+    if (!file || !WriteAll(file.Get(), content.bytes) || fsync(file.Get()) != 0) Fail("cannot write", path);
+}
+
+void Directory::Sync() const {
+    if (fsync(At(m_handle)) != 0) Fail("cannot write", m_path);
+}
+
+bool Directory::MoveToFree(const std::string& name, const Directory& to, const std::string& newName) const {
+    if (renameat2(At(m_handle), name.c_str(), At(to.m_handle), newName.c_str(), RENAME_NOREPLACE) == 0)
+        return true;
+    // A file system that cannot tell looks first; the lock keeps other hosts from coming in between.
+    if (errno == EINVAL || errno == ENOSYS) {
+        if (to.Has(newName)) return false;
+        if (renameat(At(m_handle), name.c_str(), At(to.m_handle), newName.c_str()) == 0) return true;
+    }
+    if (errno == EEXIST) return false;
+    Fail("cannot write", to.m_path / newName);
+}
+
+bool Directory::Exchange(const std::string& name, const Directory& with, const std::string& otherName) const {
+    if (renameat2(At(m_handle), name.c_str(), At(with.m_handle), otherName.c_str(), RENAME_EXCHANGE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS) Fail("cannot write", with.m_path / otherName);
+    return false;
+}
+
+void Directory::RequireMovable(const std::string& name) const {
+    struct stat status {};
+    if (fstatat(At(m_handle), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISDIR(status.st_mode))
+        return;
+    // To move a directory changes its entry "..", which takes the right to write it.
+    if (faccessat(At(m_handle), name.c_str(), W_OK, AT_EACCESS) != 0) Fail("cannot replace", m_path / name);
+}
+
+void Directory::RemoveAll(const std::string& name) const noexcept {
+    RemoveAt(At(m_handle), name.c_str(), 0);
+}
+
+namespace {
+
+/// Opens a file that all who may write the directory can lock.
+int OpenLock(int directory, const char* name, const fs::path& path) {
+    for (;;) {
+        constexpr int kFlags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+        Descriptor file(openat(directory, name, O_RDWR | kFlags));
+        // To lock a file on a local disk takes no right to write it.
+        if (!file && errno == EACCES) file = Descriptor(openat(directory, name, O_RDONLY | kFlags));
+        if (!file && errno == ENOENT) {
+            file = Descriptor(openat(directory, name, O_RDWR | O_CREAT | O_EXCL | kFlags, 0600));
+            if (!file && errno == EEXIST) continue;
+            struct stat around {};
+            if (file && fstat(directory, &around) == 0) fchmod(file.Get(), around.st_mode & 0666);
+        }
+        if (!file) Fail("cannot write", path);
+        struct stat status {};
+        if (fstat(file.Get(), &status) != 0) Fail("cannot lock", path);
+        if (!S_ISREG(status.st_mode)) throw StoreError(Quoted(path) + " is no regular file");
+        return file.Release();
+    }
+}
+
+/// Who has a lock, as its file tells.
+std::string Holder(int file) {
+    char text[24];
+    const ssize_t count = pread(file, text, sizeof text, 0);
+    const std::string_view digits(text, static_cast<size_t>(std::max<ssize_t>(count, 0)));
+    if (digits.empty() || digits.find_first_not_of("0123456789") != std::string_view::npos) return "";
+    return "process " + std::string(digits);
+}
+
+}  // namespace
+
+FileLock::FileLock(const Directory& directory, const std::string& name, const Waiting& waiting)
+    : m_handle(-1) {
+    const fs::path path = directory.m_path / name;
+    Descriptor file(OpenLock(At(directory.m_handle), name.c_str(), path));
+    const auto begin = std::chrono::steady_clock::now();
+    while (flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+        if (errno == EINTR) continue;
+        if (errno != EWOULDBLOCK) Fail("cannot lock", path);
+        const auto waited =
+            std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now() - begin);
+        const std::string holder = Holder(file.Get());
+        if (waiting && !waiting(waited, holder))
+            throw StoreError("the library " + Quoted(directory.m_path) + " is in use by " +
+                             (holder.empty() ? "another program" : holder));
+        std::this_thread::sleep_for(Pause(waited));
+    }
+    // For the message of those who wait. A lock without it is one all the same.
+    const std::string self = std::to_string(getpid());
+    if (ftruncate(file.Get(), 0) == 0 && pwrite(file.Get(), self.data(), self.size(), 0) < 0) errno = 0;
+    m_handle = file.Release();
 }
 
 FileLock::~FileLock() {
     close(static_cast<int>(m_handle));
-}
-
-bool IsFileName(const std::string& name) {
-    return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
-}
-
-fs::path MakeUniqueDirectory(const fs::path& directory, std::string_view front) {
-    std::string made = (directory / (std::string(front) + "XXXXXX")).string();
-    if (!mkdtemp(made.data())) Fail("cannot write", directory);
-    // mkdtemp's own permissions are for one user alone.
-    std::error_code error;
-    const fs::perms permissions = fs::status(directory, error).permissions();
-    if (!error) fs::permissions(made, permissions, error);
-    if (!error) return made;
-    errno = error.value();
-    Fail("cannot write", directory);
-}
-
-void CopyFileDurably(const fs::path& from, const fs::path& to) {
-    const Descriptor in(from, O_RDONLY);
-    const Descriptor out(to, O_WRONLY | O_CREAT | O_EXCL);
-    std::vector<char> block(1 << 20);
-    for (;;) {
-        const ssize_t count = read(in.Get(), block.data(), block.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) Fail("cannot read", from);
-        if (count == 0) break;
-        for (ssize_t written = 0; written < count;) {
-            const ssize_t more =
-                write(out.Get(), block.data() + written, static_cast<size_t>(count - written));
-            if (more < 0 && errno != EINTR) Fail("cannot write", to);
-            if (more > 0) written += more;
-        }
-    }
-    out.Sync();
-}
-
-void SyncDirectory(const fs::path& directory) {
-    Descriptor(directory, O_RDONLY | O_DIRECTORY).Sync();
-}
-
-bool MoveToFree(const fs::path& from, const fs::path& to) {
-    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
-    // A file system that cannot tell looks first; the lock keeps others from coming in between.
-    if (errno == EINVAL || errno == ENOSYS) {
-        std::error_code error;
-        if (fs::exists(fs::symlink_status(to, error))) return false;
-        if (rename(from.c_str(), to.c_str()) == 0) return true;
-    }
-    if (errno == EEXIST) return false;
-    Fail("cannot write", to);
-}
-
-bool Exchange(const fs::path& one, const fs::path& other) {
-    if (renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0) return true;
-    if (errno != EINVAL && errno != ENOSYS) Fail("cannot write", other);
-    return false;
-}
-
-std::vector<fs::path> Entries(const fs::path& directory) {
-    std::vector<fs::path> entries;
-    std::error_code error;
-    for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error))
-        entries.push_back(entry->path());
-    return entries;
-}
-
-void RemoveAll(const fs::path& path) noexcept {
-    std::error_code error;
-    fs::remove_all(path, error);
 }
 
 }  // namespace host

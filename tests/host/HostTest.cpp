@@ -129,7 +129,7 @@ TEST_F(HostTest, ALibraryThatCannotBeWrittenFails) {
     EXPECT_EQ(Run({directory.Write("f", "(VEK (PARTGENERAL (MPN A)))").GetString(), "--library",
                    (directory / "file").GetString()}),
               3);
-    EXPECT_THAT(err.str(), HasSubstr("veka-host: the part could not be stored: cannot write"));
+    EXPECT_THAT(err.str(), HasSubstr("veka-host: the part could not be stored: cannot open the directory"));
     using std::filesystem::perms;
     std::filesystem::permissions(Root(), perms::owner_read | perms::owner_exec);
     if (!std::ofstream(Root() / "probe")) {

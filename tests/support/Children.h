@@ -29,6 +29,20 @@ constexpr int kNotPossibleHere = 77;
 /// Runs something in a child process; returns its exit code, or `kNotPossibleHere` where none can be made.
 int InChild(const std::function<int()>& run);
 
+/// Does something in a child process, which is killed at the end.
+class ChildBeside {
+public:
+    explicit ChildBeside(const std::function<void()>& deed);
+    ~ChildBeside();
+    ChildBeside(const ChildBeside&) = delete;
+    ChildBeside& operator=(const ChildBeside&) = delete;
+    /// False where there can be no such process, or the deed came to its end.
+    bool Runs() const;
+
+private:
+    int m_child = -1;
+};
+
 // For a child process; false where the system does not allow it.
 
 /// Lets no file grow beyond a size.

@@ -44,6 +44,29 @@ int InChild(const std::function<int()>& run) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+ChildBeside::ChildBeside(const std::function<void()>& deed) : m_child(fork()) {
+    if (m_child != 0) return;
+    try {
+        deed();
+    } catch (...) {
+    }
+    _exit(0);
+}
+
+ChildBeside::~ChildBeside() {
+    if (m_child <= 0) return;
+    kill(m_child, SIGKILL);
+    waitpid(m_child, nullptr, 0);
+}
+
+bool ChildBeside::Runs() const {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    siginfo_t ended{};
+    return m_child > 0 &&
+           waitid(P_PID, static_cast<id_t>(m_child), &ended, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+           ended.si_pid == 0;
+}
+
 bool LimitFiles(unsigned long size) {
     signal(SIGXFSZ, SIG_IGN);
     const rlimit limit{size, size};

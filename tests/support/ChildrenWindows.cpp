@@ -50,6 +50,14 @@ int InChild(const std::function<int()>&) {
     return kNotPossibleHere;
 }
 
+ChildBeside::ChildBeside(const std::function<void()>&) {}
+
+ChildBeside::~ChildBeside() = default;
+
+bool ChildBeside::Runs() const {
+    return m_child >= 0;
+}
+
 bool LimitFiles(unsigned long) {
     return false;
 }
