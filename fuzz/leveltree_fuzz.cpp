@@ -1,6 +1,7 @@
 // Any bytes through the level reader; every level of the tree is then looked at.
 
 #include "InputFile.h"
+#include "files/MemoryLines.h"
 #include "leveltree/CECadCls.h"
 #include "support/ScriptedUserInterface.h"
 
@@ -23,8 +24,8 @@ std::size_t Visit(const CECadClsLvlArray& levels) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     test::ScriptedUserInterface user;
     CECadCls tree;
-    tree.m_strFilePath = fuzz::WriteInput(fuzz::View(data, size));
-    const int result = tree.ReadLevelTree(0);
+    veka::MemoryLines lines(fuzz::View(data, size));
+    const int result = tree.ReadLevelTreeFrom(lines, 0);
     volatile std::size_t sum = Visit(*tree.m_pRootLevels);
     (void)sum;
     return result == 0 || result == -1 ? 0 : -1;

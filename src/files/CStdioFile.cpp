@@ -11,7 +11,7 @@ namespace {
 constexpr size_t kBlock = size_t{64} * 1024;
 
 std::FILE* OpenForReading(const CString& path) {
-    // A path with a zero byte would be taken for the shorter one before it.
+    // The system would take the bytes before a zero byte for the whole path.
     if (path.View().find('\0') != std::string_view::npos) return nullptr;
     const std::filesystem::path native = veka::ToPath(path);
     if (veka::IsDirectory(native)) return nullptr;
@@ -28,7 +28,7 @@ bool CStdioFile::Open(const CString& path) {
     Close();
     m_file.reset(OpenForReading(path));
     if (!m_file) return false;
-    std::setvbuf(m_file.get(), nullptr, _IONBF, 0);  // the blocks are read straight into the own buffer
+    std::setvbuf(m_file.get(), nullptr, _IONBF, 0);  // blocks are read directly into m_buffer
     m_path = path;
     m_atEnd = false;
     return true;
@@ -97,7 +97,7 @@ bool CStdioFile::ReadLines(std::string_view& lines) {
 }
 
 void CStdioFile::ReadBlock() {
-    // The begun line goes to the front; the buffer doubles when one line fills it.
+    // The incomplete line moves to the front. The buffer is doubled when one line fills it.
     std::copy(m_buffer.get() + m_begin, m_buffer.get() + m_end, m_buffer.get());
     m_end -= m_begin;
     m_begin = 0;

@@ -8,11 +8,13 @@
 #include "platform/CArray.h"
 #include "platform/Owned.h"
 
-/// Root of one level tree, and the reader that makes it from a file.
-///
-/// The rules are those of the format to the byte; what looks accidental among them is required.
+namespace veka {
+class LineSource;
+}
+
+/// Root of one level tree, which is read from a file.
 class VEKA_API CECadCls {
-    veka::Pages m_pages;  // the levels, so it must outlive the root levels below
+    veka::Pages m_pages;  // the memory of the levels, so it must outlive m_pRootLevels
 
 public:
     CECadCls();
@@ -20,17 +22,20 @@ public:
     CECadCls(const CECadCls&) = delete;
     CECadCls& operator=(const CECadCls&) = delete;
 
-    /// Reads the file `m_strFilePath` into `m_pRootLevels`. 0 means that the file ended with balanced
-    /// levels, -1 that they were unbalanced or too deep; what had closed until then is in the tree. A file
-    /// that cannot be opened gives 0 and an empty tree. Shows a message box for a level that is too deep.
-    /// The low byte of the argument stands for the byte before the first line.
-    /// Raises `CFileException` where the file cannot be read on.
+    /// Reads the file `m_strFilePath` and adds its top-level levels to `m_pRootLevels`.
+    ///
+    /// Returns 0 if each level was closed, and -1 if levels were unbalanced or too deep; the levels that were
+    /// closed until then are in the tree. If a level was too deep, a message box is shown. A file that cannot
+    /// be opened gives 0 and no levels. The low byte of the argument is taken for the byte before the first
+    /// line. Raises `CFileException` if the file cannot be read to its end.
     int ReadLevelTree(int nReserved);
-    /// As `ReadLevelTree`, but hands each top-level level over once it has closed, and keeps none: a level is
-    /// gone when `take` returns. So a file of many parts needs the memory of one.
+    /// As `ReadLevelTree`, from any text.
+    int ReadLevelTreeFrom(veka::LineSource& source, int nReserved);
+    /// As `ReadLevelTree`, but passes each top-level level to `take` once it is closed, and does not keep it:
+    /// the level ends when `take` returns. So a file of many parts needs the memory of one part.
     int ReadTopLevels(int nReserved, const std::function<void(CECadClsLvl*)>& take);
 
-    int m_bStopAtDepthZero = 0;  ///< nonzero: stop after the first line, past line 1, that ends outside
+    int m_bStopAtDepthZero = 0;  ///< not 0: stop after a line, not the first, that ends outside all levels
     Owned<CECadClsLvlArray> m_pRootLevels;  ///< closed top-level levels in file order
     CString m_strFilePath;
     int m_nLineCount = 0;  ///< lines taken from the file so far
@@ -38,5 +43,5 @@ public:
     CArray<std::uint64_t> m_aReserved64;
 
 private:
-    int Read(int nReserved, const std::function<void(CECadClsLvl*)>& take);
+    int Read(veka::LineSource& source, int nReserved, const std::function<void(CECadClsLvl*)>& take);
 };

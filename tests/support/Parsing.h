@@ -6,18 +6,18 @@
 #include <type_traits>
 #include <vector>
 
+#include "files/MemoryLines.h"
 #include "leveltree/CECadCls.h"
 #include "parser/CVEK_AsciiParser.h"
 #include "support/Files.h"
 
 namespace test {
 
-/// The level tree of a text; its levels live as long as it.
+/// The level tree of a text; its levels are valid as long as the tree.
 inline std::unique_ptr<CECadCls> ReadTree(std::string_view text) {
-    const TemporaryDirectory directory;
     auto tree = std::make_unique<CECadCls>();
-    tree->m_strFilePath = directory.Write("part.veka", text);
-    tree->ReadLevelTree(0);
+    veka::MemoryLines lines(text);
+    tree->ReadLevelTreeFrom(lines, 0);
     return tree;
 }
 

@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "leveltree/CECadCls.h"
+#include "files/MemoryLines.h"
+#include "leveltree/LevelReader.h"
+#include "leveltree/Messages.h"
 #include "support/PlainReader.h"
 
 namespace test {
@@ -18,20 +20,32 @@ inline PlainLevel Plain(const CECadClsLvl& level) {
     return plain;
 }
 
-/// What the library's reader makes of a file, but for the messages.
-inline PlainResult ReadAsPlain(const CString& path, bool stopAtDepthZero = false, int reserved = 0) {
-    CECadCls tree;
-    tree.m_strFilePath = path;
-    tree.m_bStopAtDepthZero = stopAtDepthZero;
+/// The outcome of the library's reader for a text.
+inline PlainResult ReadAsPlain(std::string_view text, bool stopAtDepthZero = false, int reserved = 0) {
     PlainResult out;
-    out.result = tree.ReadLevelTree(reserved);
-    out.lineCount = tree.m_nLineCount;
-    for (const CECadClsLvl* level : *tree.m_pRootLevels) out.roots.push_back(Plain(*level));
+    veka::Pages pages;
+    const auto take = [&](const CECadClsLvl* level, int line) {
+        out.roots.push_back(Plain(*level));
+        out.rootLines.push_back(line);
+    };
+    veka::LevelReader reader(pages, take, {static_cast<char>(reserved), stopAtDepthZero});
+    veka::MemoryLines lines(text);
+    const veka::LevelsRead read = reader.Read(lines);
+    out.result = read.structure == veka::LevelsRead::Structure::Balanced ? 0 : -1;
+    out.lineCount = reader.LineCount();
+    if (read.stopped) {
+        CString message;
+        message.Format(veka::messages::kUnexpectedBrace, read.depth, out.lineCount);
+        out.message = message.View();
+    }
+    for (const auto& level : read.open) out.open.push_back({std::string(level.name.View()), level.line});
+    if (read.structure == veka::LevelsRead::Structure::StrayParenthesis) out.strayLine = read.breakLine;
+    out.openString = read.openString;
     return out;
 }
 
-/// The levels at the end of a path of names, in a plainly read tree: what stands in a file, told without the
-/// parser.
+/// The levels at the end of a path of names, in a tree of the plain reader: the content of a file without the
+/// help of the parser.
 inline void FindLevels(const std::vector<PlainLevel>& levels, const std::vector<std::string>& path,
                        size_t depth, std::vector<const PlainLevel*>& found) {
     for (const PlainLevel& level : levels) {

@@ -1,0 +1,7 @@
+#include "files/LineSource.h"
+
+namespace veka {
+
+LineSource::~LineSource() = default;
+
+}  // namespace veka
