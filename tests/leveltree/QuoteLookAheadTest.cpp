@@ -4,12 +4,16 @@
 
 #include <random>
 #include <string>
+#include <vector>
 
 #include "support/PlainReader.h"
 
 namespace {
 
-/// Asks about every quote of a line, with strings that begin where the line says so by a marked position.
+constexpr size_t kIndexAtOnce = 0;
+constexpr size_t kNoIndex = SIZE_MAX;
+
+/// Tests every quote of a line that a reader could ask for, with strings that begin at the given positions.
 void Compare(const std::string& line, const std::vector<size_t>& strings, size_t limit) {
     veka::QuoteLookAhead lookAhead;
     lookAhead.StartLine(line, limit);
@@ -18,56 +22,215 @@ void Compare(const std::string& line, const std::vector<size_t>& strings, size_t
         const size_t end = k + 1 < strings.size() ? strings[k + 1] : line.size();
         lookAhead.StartString(begin);
         for (size_t quote = begin; quote < end; ++quote) {
-            if (line[quote] != '"') continue;
+            if (line[quote] != '"' || (quote > 0 && line[quote - 1] != '\\')) continue;
             ASSERT_EQ(lookAhead.EndsAt(quote), test::EndsPlainly(line, line.substr(begin, quote + 1 - begin)))
                 << line << " from " << begin << " at " << quote;
         }
     }
 }
 
-void CompareRandomly(unsigned seed, const std::string& letters, size_t limit, bool periodic) {
+/// Positions in a line at which strings begin: those after each quote that does not follow a backslash.
+std::vector<size_t> AfterPlainQuotes(const std::string& line) {
+    std::vector<size_t> strings{0};
+    for (size_t i = 0; i < line.size(); ++i)
+        if (line[i] == '"' && (i == 0 || line[i - 1] != '\\')) strings.push_back(i + 1);
+    return strings;
+}
+
+using Pieces = std::vector<std::string>;
+
+std::string RandomLine(std::mt19937& random, const Pieces& pieces, size_t length, bool periodic) {
+    std::string line;
+    while (line.size() < length) {
+        std::string part;
+        for (size_t i = 1 + random() % 4; i > 0; --i) part += pieces[random() % pieces.size()];
+        for (size_t times = periodic ? 1 + random() % 5 : 1; times > 0; --times) line += part;
+    }
+    return line;
+}
+
+void CompareRandomly(unsigned seed, const Pieces& pieces, size_t limit, bool periodic) {
     std::mt19937 random(seed);
     for (int round = 0; round < 4000; ++round) {
-        std::string line;
-        const size_t length = random() % 40;
-        while (line.size() < length) {
-            std::string piece;
-            for (size_t i = 1 + random() % 4; i > 0; --i) piece += letters[random() % letters.size()];
-            for (size_t times = periodic ? 1 + random() % 5 : 1; times > 0; --times) line += piece;
-        }
+        const std::string line = RandomLine(random, pieces, random() % 40, periodic);
         std::vector<size_t> strings{0};
         while (strings.back() < line.size()) strings.push_back(strings.back() + 1 + random() % 12);
-        while (!strings.empty() && strings.back() >= line.size()) strings.pop_back();
+        strings.pop_back();
         ASSERT_NO_FATAL_FAILURE(Compare(line, strings, limit));
     }
 }
 
+const Pieces kBytes{"\"", "\\", ")", "a"};
+const Pieces kEscaped{"\\\"", ")", "a"};
+const Pieces kMany{"\\\"", "\\\"", "\"", ")", "a", "b", "(", "\xFF", std::string(1, '\0')};
+
 TEST(QuoteLookAhead, EqualsFindDeleteAndReplace) {
-    CompareRandomly(1, "\")a", SIZE_MAX, false);
-    CompareRandomly(2, "\")\\ab", SIZE_MAX, false);
-    CompareRandomly(3, "\")a", SIZE_MAX, true);
+    CompareRandomly(1, kBytes, kNoIndex, false);
+    CompareRandomly(2, kEscaped, kNoIndex, false);
+    CompareRandomly(3, kEscaped, kNoIndex, true);
+    CompareRandomly(4, kMany, kNoIndex, true);
 }
 
 TEST(QuoteLookAhead, EqualsThemWithItsIndexToo) {
-    CompareRandomly(4, "\")a", 0, false);
-    CompareRandomly(5, "\")\\ab", 0, true);
-    CompareRandomly(6, "\")a", 0, true);
+    CompareRandomly(5, kBytes, kIndexAtOnce, false);
+    CompareRandomly(6, kEscaped, kIndexAtOnce, false);
+    CompareRandomly(7, kEscaped, kIndexAtOnce, true);
+    CompareRandomly(8, kMany, kIndexAtOnce, true);
 }
 
 TEST(QuoteLookAhead, EqualsThemWhereTheIndexBeginsInTheMiddle) {
-    for (unsigned seed = 0; seed < 8; ++seed) CompareRandomly(100 + seed, "\")ab", 1 + 3 * seed, seed % 2);
+    for (unsigned seed = 0; seed < 8; ++seed)
+        CompareRandomly(100 + seed, seed < 4 ? kEscaped : kMany, 1 + 3 * seed, seed % 2);
+}
+
+TEST(QuoteLookAhead, EqualsThemForAllShortLines) {
+    for (const auto& [pieces, longest] :
+         {std::pair(Pieces{"a", "\"", "\\", ")", "("}, 6), std::pair(Pieces{"\\\"", "\"", ")", "a"}, 7)}) {
+        for (int length = 0; length <= longest; ++length) {
+            std::vector<size_t> chosen(static_cast<size_t>(length));
+            for (;;) {
+                std::string line;
+                for (const size_t piece : chosen) line += pieces[piece];
+                for (const size_t limit : {kIndexAtOnce, kNoIndex})
+                    ASSERT_NO_FATAL_FAILURE(Compare(line, AfterPlainQuotes(line), limit));
+                size_t i = 0;
+                while (i < chosen.size() && ++chosen[i] == pieces.size()) chosen[i++] = 0;
+                if (i == chosen.size()) break;
+            }
+        }
+    }
+}
+
+// Lines that are made to cost much: with long common parts, many repeats, or many different chunks.
+
+std::string Repeated(const std::string& piece, size_t times) {
+    std::string line;
+    for (; times > 0; --times) line += piece;
+    return line;
+}
+
+std::string FibonacciLine(std::string shorter, std::string line, size_t length) {
+    while (line.size() < length) {
+        const std::string longer = line + shorter;
+        shorter = line;
+        line = longer;
+    }
+    return line;
+}
+
+/// A line in which each sequence of `order` of these pieces occurs once.
+std::string DeBruijnLine(const Pieces& pieces, size_t order) {
+    // The Lyndon words whose length divides the order, in alphabetical order.
+    std::string line;
+    std::vector<size_t> word{0};
+    while (!word.empty()) {
+        if (order % word.size() == 0)
+            for (const size_t piece : word) line += pieces[piece];
+        const size_t period = word.size();
+        while (word.size() < order) word.push_back(word[word.size() - period]);
+        while (!word.empty() && word.back() + 1 == pieces.size()) word.pop_back();
+        if (!word.empty()) ++word.back();
+    }
+    return line;
+}
+
+/// Strings of ever more pieces, each a beginning or an ending of the same list of pieces.
+std::string GrowingLists(const Pieces& list, bool endings) {
+    std::string line;
+    for (size_t count = 1; count <= list.size(); ++count) {
+        line += "\"";
+        for (size_t i = 0; i < count; ++i) line += list[endings ? list.size() - count + i : i];
+        line += Repeated("x", count % 3) + "\" ";
+    }
+    return line;
+}
+
+std::vector<std::string> CostlyLines() {
+    std::mt19937 random(1);
+    Pieces distinct, equal;
+    for (int i = 0; i < 24; ++i) {
+        distinct.push_back("x" + std::to_string(i) + "\\\"");
+        equal.push_back("\\\"");
+    }
+    std::vector<std::string> lines{
+        Repeated("\\\"", 400),
+        Repeated("\\\"", 300) + ")" + Repeated("\\\"", 300),
+        Repeated("a\\\"", 100) + ")" + Repeated(" \"a\\\"\"", 60),
+        Repeated("\\\"", 200) + Repeated(" \"\\\"\\\"a\"", 40),
+        Repeated("a\\\"b\\\"\\\"", 80) + ")",
+        Repeated(Repeated("a\\\"", 9) + ")", 12),
+        FibonacciLine("\\\"", "a\\\"", 600),
+        FibonacciLine("\\\")", "\\\"", 600),
+        FibonacciLine("\\\"a\" \"", "\\\"", 600),
+        DeBruijnLine({"\\\"", "a"}, 7),
+        DeBruijnLine({"\\\"", ")", "\" \""}, 4),
+        GrowingLists(distinct, false),
+        GrowingLists(distinct, true),
+        GrowingLists(equal, false),
+        GrowingLists(distinct, false) + GrowingLists(distinct, true),
+    };
+    for (const size_t letters : {2, 4, 15, 256}) {
+        std::string letter = "\\\")a";
+        while (letter.size() < letters) letter += static_cast<char>(letter.size());
+        std::string line;
+        while (line.size() < 600) line += letter[random() % letters];
+        lines.push_back(line);
+        line.resize(200);
+        lines.push_back(Repeated(line, 4));
+    }
+    return lines;
+}
+
+TEST(QuoteLookAhead, EqualsThemForLinesThatAreMadeToCostMuch) {
+    for (const std::string& line : CostlyLines()) {
+        const std::string inString = "(A \"" + line + ")";
+        for (const size_t limit : {kIndexAtOnce, size_t{500}, kNoIndex}) {
+            ASSERT_NO_FATAL_FAILURE(Compare(line, {0}, limit));
+            ASSERT_NO_FATAL_FAILURE(Compare(inString, {4}, limit));
+            ASSERT_NO_FATAL_FAILURE(Compare(inString, AfterPlainQuotes(inString), limit));
+        }
+    }
 }
 
 TEST(QuoteLookAhead, ForgetsItsIndexWithTheLine) {
     veka::QuoteLookAhead lookAhead;
-    for (const std::string line : {"a\"b\")c\"", "\")\"", "a\"b\")c\"", ""}) {
-        lookAhead.StartLine(line, 0);
+    for (const std::string line : {"a\\\"b\")c\\\"", "\\\")\\\"", "a\\\"b\")c\\\"", ""}) {
+        lookAhead.StartLine(line, kIndexAtOnce);
+        ASSERT_NO_FATAL_FAILURE(Compare(line, {0}, kIndexAtOnce));
         lookAhead.StartString(0);
-        for (size_t quote = 0; quote < line.size(); ++quote) {
-            if (line[quote] != '"') continue;
+        for (size_t quote = 1; quote < line.size(); ++quote) {
+            if (line[quote] != '"' || line[quote - 1] != '\\') continue;
             EXPECT_EQ(lookAhead.EndsAt(quote), test::EndsPlainly(line, line.substr(0, quote + 1))) << line;
         }
     }
+}
+
+TEST(QuoteLookAhead, CountsTheQuotesThatBeginALine) {
+    // The quote may be an escaped one where the last line ended with a backslash.
+    veka::QuoteLookAhead lookAhead;
+    for (const size_t limit : {kIndexAtOnce, kNoIndex}) {
+        lookAhead.StartLine("\"\"\")", limit);
+        lookAhead.StartString(0);
+        EXPECT_TRUE(lookAhead.EndsAt(0));
+        lookAhead.StartLine("\"\"", limit);
+        lookAhead.StartString(0);
+        EXPECT_FALSE(lookAhead.EndsAt(0));
+    }
+}
+
+TEST(ChunkIndex, FindsTheSameWithWideNumbers) {
+    for (const std::string& line : CostlyLines()) {
+        const auto narrow = veka::ChunkIndex::Make(line), wide = veka::ChunkIndex::Make(line, true);
+        for (size_t quote = 1; quote < line.size(); ++quote) {
+            if (line[quote] != '"' || line[quote - 1] != '\\') continue;
+            for (size_t length = 2; length <= quote + 1; length += 1 + length / 4)
+                ASSERT_EQ(narrow->AfterFirstRun(quote, length), wide->AfterFirstRun(quote, length)) << line;
+        }
+    }
+}
+
+TEST(ChunkIndex, CanBeMadeOfALineWithoutEscapedQuotes) {
+    for (const char* line : {"", "a\"", "\""}) EXPECT_TRUE(veka::ChunkIndex::Make(line)) << line;
 }
 
 }  // namespace

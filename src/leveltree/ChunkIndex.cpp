@@ -1,0 +1,256 @@
+#include "leveltree/ChunkIndex.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "leveltree/SuffixSorter.h"
+
+namespace veka {
+
+namespace {
+
+/// The up to 8 bytes before a position, as a number. The last byte is the highest.
+std::uint64_t BytesBefore(const char* position, std::size_t count) {
+    std::uint64_t word = 0;
+    for (std::size_t i = 0; i < 8; ++i) {
+        word <<= 8;
+        if (i < count) word |= static_cast<unsigned char>(*(position - 1 - i));
+    }
+    return word;
+}
+
+/// An index whose positions are of the type `Number`.
+///
+/// The prefixes of the line that end with an escaped quote are numbered from left to right. A chunk is a
+/// suffix of such a prefix. For each prefix but the first, `common` is the length of its longest suffix that
+/// is a suffix of an earlier prefix too, and `source` is the first prefix with that suffix. So the first
+/// prefix with a suffix of some length is found by going from source to source, until `common` is less than
+/// the length. `common` falls with each of these steps.
+template <class Number>
+class Index final : public ChunkIndex {
+public:
+    explicit Index(std::string_view line) : m_line(line) {
+        FindQuotes();
+        if (m_quotes.empty()) return;
+        LinkNeighbours(Sort());
+        LinkSources();
+    }
+
+    std::size_t AfterFirstRun(std::size_t quote, std::size_t length) override {
+        if (m_quotes[m_last] > quote) m_last = 0;
+        m_last = Find(quote, m_last);
+        const std::size_t first = FirstWithSuffix(m_last, length);
+        return m_quotes[first] + 1 + Repeats(first, length) * length;
+    }
+
+private:
+    static constexpr Number kNone = std::numeric_limits<Number>::max();
+
+    /// What is known of a prefix.
+    struct Node {
+        Number source;  // while the index is made: the prefix sorted directly before this one
+        Number jump;    // a prefix some steps away; while the index is made: the one sorted directly after
+        Number common;
+    };
+    /// The bytes from one escaped quote to the next one.
+    struct Piece {
+        // The last 8 bytes as a number. One 64-bit member would make the piece 4 bytes larger.
+        std::uint32_t high;
+        std::uint32_t low;
+        Number number;
+
+        std::uint64_t LastBytes() const { return std::uint64_t{high} << 32 | low; }
+    };
+
+    void FindQuotes() {
+        const auto isEscaped = [this](std::size_t quote) { return quote > 0 && m_line[quote - 1] == '\\'; };
+        std::size_t count = 0;
+        for (std::size_t i = 0; (i = m_line.find('"', i)) != std::string_view::npos; ++i)
+            count += isEscaped(i);
+        m_quotes.reserve(count);
+        for (std::size_t i = 0; (i = m_line.find('"', i)) != std::string_view::npos; ++i)
+            if (isEscaped(i)) m_quotes.push_back(static_cast<Number>(i));
+    }
+
+    // A piece begins with an escaped quote and ends before the next one. The first piece begins with the
+    // line. So no piece but the first one is a suffix of another piece, and the order of the pieces gives the
+    // order of the prefixes, where both are compared from the last byte to the first.
+    const char* PieceEnd(std::size_t number) const { return m_line.data() + m_quotes[number] - 1; }
+    std::size_t PieceSize(std::size_t number) const {
+        return number == 0 ? m_quotes[0] - 1 : m_quotes[number] - m_quotes[number - 1];
+    }
+
+    /// Compares two pieces from the last byte to the first.
+    int Compare(const Piece& a, const Piece& b) const {
+        if (a.LastBytes() != b.LastBytes()) return a.LastBytes() < b.LastBytes() ? -1 : 1;
+        const char* const endOfA = PieceEnd(a.number);
+        const char* const endOfB = PieceEnd(b.number);
+        const std::size_t sizeOfA = PieceSize(a.number), sizeOfB = PieceSize(b.number);
+        const std::size_t common = std::min(sizeOfA, sizeOfB);
+        for (std::size_t i = 8; i < common; i += 8) {
+            const std::uint64_t bytesOfA = BytesBefore(endOfA - i, common - i);
+            const std::uint64_t bytesOfB = BytesBefore(endOfB - i, common - i);
+            if (bytesOfA != bytesOfB) return bytesOfA < bytesOfB ? -1 : 1;
+        }
+        return sizeOfA < sizeOfB ? -1 : sizeOfA > sizeOfB;
+    }
+
+    /// Sorts the prefixes, compared from the last byte to the first. The result holds their numbers, counted
+    /// from the last prefix. Before them is the number of prefixes, which stands for the empty prefix.
+    std::vector<Number> Sort() const {
+        const std::size_t count = m_quotes.size();
+        std::vector<Piece> pieces(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::uint64_t lastBytes = BytesBefore(PieceEnd(i), PieceSize(i));
+            pieces[i] = {static_cast<std::uint32_t>(lastBytes >> 32), static_cast<std::uint32_t>(lastBytes),
+                         static_cast<Number>(i)};
+        }
+        std::sort(pieces.begin(), pieces.end(),
+                  [this](const Piece& a, const Piece& b) { return Compare(a, b) < 0; });
+        std::vector<Number> text(count + 1);  // the rank of each piece, from the last piece to the first
+        Number rank = 1;
+        for (std::size_t i = 0; i < count; ++i) {
+            if (i > 0 && Compare(pieces[i - 1], pieces[i]) != 0) ++rank;
+            text[count - 1 - pieces[i].number] = rank;
+        }
+        std::vector<Piece>().swap(pieces);
+        std::vector<Number> sorted(count + 1);
+        SuffixSorter<Number>::Sort(text.data(), sorted.data(), count + 1, std::size_t{rank} + 1);
+        return sorted;
+    }
+
+    /// Sets `source` and `jump` of each prefix to its neighbours in the sorted order, and `common` to the
+    /// length of the longest common suffix with the neighbour before it.
+    void LinkNeighbours(const std::vector<Number>& sorted) {
+        const std::size_t count = m_quotes.size();
+        m_nodes.resize(count);
+        Number before = kNone;
+        for (std::size_t i = 1; i <= count; ++i) {
+            const auto number = static_cast<Number>(count - 1 - sorted[i]);
+            m_nodes[number].source = before;
+            m_nodes[number].jump = kNone;
+            if (before != kNone) m_nodes[before].jump = number;
+            before = number;
+        }
+        // Without its last piece, a prefix has as much in common with its neighbour as before, less that
+        // piece. So the comparison goes on from there, and all comparisons together take a time linear in the
+        // line.
+        std::size_t common = 0;
+        for (std::size_t i = count; i-- > 0;) {
+            const Number neighbour = m_nodes[i].source;
+            if (neighbour == kNone) {
+                common = 0;
+            } else {
+                const std::size_t most = std::min(m_quotes[i], m_quotes[neighbour]) + std::size_t{1};
+                const char* const end = m_line.data() + m_quotes[i];
+                const char* const neighbourEnd = m_line.data() + m_quotes[neighbour];
+                while (common < most && *(end - common) == *(neighbourEnd - common)) ++common;
+            }
+            m_nodes[i].common = static_cast<Number>(common);
+            const std::size_t piece = i > 0 ? m_quotes[i] - m_quotes[i - 1] : 0;
+            common = common >= piece + 2 ? common - piece : 0;
+        }
+    }
+
+    void LinkSources() {
+        const std::size_t count = m_quotes.size();
+        // Among the prefixes 0 to i, the sorted neighbours of prefix i have the longest common suffixes with
+        // it. Prefix i is taken out of the sorted order after that.
+        for (std::size_t i = count; i-- > 0;) {
+            Node& node = m_nodes[i];
+            const Number before = node.source, after = node.jump;
+            const Number commonAfter = after == kNone ? 0 : m_nodes[after].common;
+            if (before != kNone) m_nodes[before].jump = after;
+            if (after != kNone) {
+                m_nodes[after].source = before;
+                m_nodes[after].common = std::min(node.common, commonAfter);
+            }
+            node.source = node.common >= commonAfter ? before : after;
+            node.common = std::max(node.common, commonAfter);
+        }
+        // The jumps are those of a skew-binary list: a search takes a number of steps logarithmic in the
+        // depth.
+        std::vector<Number> depths(count);
+        m_nodes[0] = {0, 0, 0};
+        for (std::size_t i = 1; i < count; ++i) {
+            const std::size_t source = FirstWithSuffix(m_nodes[i].source, m_nodes[i].common);
+            const Number jump = m_nodes[source].jump;
+            const Number next = m_nodes[jump].jump;
+            const bool far = depths[source] - depths[jump] == depths[jump] - depths[next];
+            m_nodes[i].source = static_cast<Number>(source);
+            m_nodes[i].jump = far ? next : static_cast<Number>(source);
+            depths[i] = depths[source] + 1;
+        }
+    }
+
+    /// The first prefix with the last `length` bytes of a prefix. `length` is not 0.
+    std::size_t FirstWithSuffix(std::size_t number, std::size_t length) const {
+        while (m_nodes[number].common >= length) {
+            const Node& node = m_nodes[number];
+            number = m_nodes[node.jump].common >= length ? node.jump : node.source;
+        }
+        return number;
+    }
+
+    /// The number of the escaped quote at a position, which is not to the left of quote number `from`.
+    std::size_t Find(std::size_t position, std::size_t from) const {
+        std::size_t step = 1;
+        while (from + step < m_quotes.size() && m_quotes[from + step] < position) step *= 2;
+        const auto begin = m_quotes.begin();
+        const auto end = begin + static_cast<std::ptrdiff_t>(std::min(from + step + 1, m_quotes.size()));
+        return static_cast<std::size_t>(
+            std::lower_bound(begin + static_cast<std::ptrdiff_t>(from + step / 2), end, position) - begin);
+    }
+
+    /// How often a chunk is repeated directly after its first occurrence, a suffix of prefix `first`.
+    std::size_t Repeats(std::size_t first, std::size_t length) {
+        const std::size_t after = m_quotes[first] + std::size_t{1};
+        const std::size_t begin = after - length;
+        if (begin == m_run.begin && length % m_run.length == 0 && length <= m_run.count * m_run.length)
+            return m_run.count / (length / m_run.length) - 1;
+        if (length > m_line.size() - after) return 0;
+        // A few bytes at both ends tell for most chunks that they are not repeated.
+        const std::size_t some = std::min<std::size_t>(length, 32);
+        if (m_line.compare(after, some, m_line, begin, some) != 0) return 0;
+        if (m_line.compare(after + length - some, some, m_line, after - some, some) != 0) return 0;
+        const std::size_t second = Find(after + length - 1, first);
+        if (FirstWithSuffix(second, length) != first) return 0;
+
+        // The chunk is repeated n times if the prefixes that end with the last and the last but one of these
+        // occurrences have a common suffix of n chunks. The latter is the first prefix with that suffix.
+        const std::size_t quotes = second - first;  // in each repeat
+        const auto repeats = [&](std::size_t n) {
+            const std::size_t last = first + n * quotes;
+            return last < m_quotes.size() && m_quotes[last] - m_quotes[first] == n * length &&
+                   m_quotes[last] - m_quotes[last - quotes] == length &&
+                   FirstWithSuffix(last, n * length) == last - quotes;
+        };
+        std::size_t n = 1, step = 1;
+        for (; repeats(n + step); step *= 2) n += step;
+        for (step /= 2; step > 0; step /= 2)
+            if (repeats(n + step)) n += step;
+        m_run = {begin, length, n + 1};
+        return n;
+    }
+
+    std::string_view m_line;
+    std::vector<Number> m_quotes;
+    std::vector<Node> m_nodes;
+    std::size_t m_last = 0;  // the quote of the last search
+    struct {
+        std::size_t begin = 0;
+        std::size_t length = 1;
+        std::size_t count = 0;
+    } m_run;  // the last run that was found
+};
+
+}  // namespace
+
+std::unique_ptr<ChunkIndex> ChunkIndex::Make(std::string_view line, bool wide) {
+    if (wide || line.size() >= UINT32_MAX) return std::make_unique<Index<std::uint64_t>>(line);
+    return std::make_unique<Index<std::uint32_t>>(line);
+}
+
+}  // namespace veka
