@@ -20,14 +20,14 @@ namespace {
 void Show(const CommandLine& line, const CVEKA_Manager& part, std::ostream& out, std::ostream& err) {
     switch (line.print) {
         case Print::Summary:
-            out << "Part " << Printable(part.GetVEK()->GetPartGeneral()->GetMPN().View()) << '\n';
-            Outline(out).Write(part);
+            out << "Part " << veka::Printable(part.GetVEK()->GetPartGeneral()->GetMPN().View()) << '\n';
+            veka::Outline(out).Write(part);
             break;
         case Print::Outline:
-            Outline(out, true).Write(part);
+            veka::Outline(out, true).Write(part);
             break;
         case Print::Json:
-            Json(out).Write(part);
+            veka::Json(out).Write(part);
             break;
     }
     if (!line.step.empty() || !line.gltf.empty()) WriteSolids(part, line.step, line.gltf, err);

@@ -1,8 +1,13 @@
 #pragma once
 
-/// Everything that a host needs: the import dialog, the parser, the model and the user interface to install.
+/// Everything that a host needs: the import dialog, the parser, the model, its printers and the user
+/// interface to install.
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
+#include "inspect/Description.h"
+#include "inspect/Json.h"
+#include "inspect/Outline.h"
+#include "inspect/Tree.h"
 #include "leveltree/CECadCls.h"
 #include "model/CVEKA_Manager.h"
 #include "model/CVEKA_MinMax.h"

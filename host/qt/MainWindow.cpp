@@ -67,7 +67,7 @@ std::vector<CString> PartDataFiles(const QMimeData* data) {
     return files;
 }
 
-QTreeWidgetItem* MakeItem(const TreeNode& node) {
+QTreeWidgetItem* MakeItem(const veka::TreeNode& node) {
     auto* item =
         new QTreeWidgetItem({veka::ToQString(CString(node.name)), veka::ToQString(CString(node.value))});
     item->setData(0, kNodeRole, QVariant::fromValue<const void*>(&node));
@@ -78,8 +78,8 @@ QTreeWidgetItem* MakeItem(const TreeNode& node) {
 /// Makes the items below one, the first time that it is opened.
 void Populate(QTreeWidgetItem* item) {
     if (item->childCount() > 0) return;
-    const auto* node = static_cast<const TreeNode*>(item->data(0, kNodeRole).value<const void*>());
-    for (const TreeNode& child : node->children) item->addChild(MakeItem(child));
+    const auto* node = static_cast<const veka::TreeNode*>(item->data(0, kNodeRole).value<const void*>());
+    for (const veka::TreeNode& child : node->children) item->addChild(MakeItem(child));
 }
 
 }  // namespace
@@ -211,8 +211,8 @@ void MainWindow::ShowPart() {
     m_file->setText(veka::ToQString(m_part->file));
 
     m_tree->clear();  // its items refer to the root
-    m_root = Tree(m_showAll->isChecked()).Make("", m_part->Model());
-    for (const TreeNode& node : m_root.children) {
+    m_root = veka::Tree(m_showAll->isChecked()).Make("", m_part->Model());
+    for (const veka::TreeNode& node : m_root.children) {
         QTreeWidgetItem* item = MakeItem(node);
         m_tree->addTopLevelItem(item);
         item->setExpanded(true);

@@ -44,7 +44,7 @@ private:
 
     QSettings& m_settings;
     std::optional<ImportedPart> m_part;
-    TreeNode m_root;  // what the tree shows
+    veka::TreeNode m_root;  // what the tree shows
     QLabel* m_number;
     QLabel* m_identity;
     QLabel* m_file;

@@ -1,14 +1,16 @@
 #include "inspect/Json.h"
 
+#include <cmath>
 #include <cstdio>
 
+#include "inspect/Shortest.h"
 #include "platform/Utf8.h"
 
-namespace host {
+namespace veka {
 
 namespace {
 
-/// True for a character that stands for a byte.
+/// True for a character that means a byte.
 bool IsMark(std::string_view character) {
     return character.size() == 4 && character.substr(0, 3) >= "\xF4\x8F\xBE" &&
            character.substr(0, 3) <= "\xF4\x8F\xBF";
@@ -19,7 +21,7 @@ bool IsMark(std::string_view character) {
 std::string JsonString(std::string_view bytes) {
     std::string result = "\"";
     while (!bytes.empty()) {
-        const size_t length = veka::Utf8Length(bytes);
+        const size_t length = Utf8Length(bytes);
         const auto byte = static_cast<unsigned char>(bytes[0]);
         if (length == 0 || IsMark(bytes.substr(0, length))) {
             // U+10FF00 plus a byte from 0x80 on, as UTF-8.
@@ -44,4 +46,73 @@ std::string JsonString(std::string_view bytes) {
     return result + '"';
 }
 
-}  // namespace host
+void Json::Write(const RecordView& record) {
+    Object(record, nullptr);
+    m_out << '\n';
+}
+
+void Json::WriteField(const FieldDescription& field, const void* record) {
+    switch (field.kind) {
+        case FieldKind::Whole:
+        case FieldKind::Flag:
+            m_out << Shortest(field.Whole(record));
+            break;
+        case FieldKind::Real:
+            Real(field.Real(record));
+            break;
+        case FieldKind::Text:
+            m_out << JsonString(field.Text(record).View());
+            break;
+        case FieldKind::TextList:
+        case FieldKind::DistinctNames:
+            Texts(field.Texts(record));
+            break;
+        case FieldKind::Record:
+            Object(field.Content(record), nullptr);
+            break;
+        case FieldKind::Array:
+            Array(field.Content(record));
+            break;
+    }
+}
+
+void Json::Object(const RecordView& record, const char* kind) {
+    m_out << '{';
+    const char* separator = "";
+    if (kind) {
+        m_out << "\"kind\":" << JsonString(kind);
+        separator = ",";
+    }
+    for (const FieldDescription& field : record.description->fields) {
+        m_out << separator << JsonString(field.name) << ':';
+        separator = ",";
+        WriteField(field, record.record);
+    }
+    m_out << '}';
+}
+
+void Json::Array(const RecordView& array) {
+    m_out << '[';
+    const INT_PTR size = array.description->size(array.record);
+    for (INT_PTR i = 0; i < size; ++i) {
+        if (i > 0) m_out << ',';
+        const RecordView element = array.description->at(array.record, i);
+        if (element.record)
+            Object(element, element.description->kind);
+        else
+            m_out << "null";
+    }
+    m_out << ']';
+}
+
+void Json::Texts(const CStringArray& texts) {
+    m_out << '[';
+    for (INT_PTR i = 0; i < texts.GetSize(); ++i) m_out << (i > 0 ? "," : "") << JsonString(texts[i].View());
+    m_out << ']';
+}
+
+void Json::Real(double value) {
+    m_out << (std::isfinite(value) ? Shortest(value) : '"' + Shortest(value) + '"');
+}
+
+}  // namespace veka

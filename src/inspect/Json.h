@@ -1,85 +1,42 @@
 #pragma once
 
-#include <cmath>
 #include <ostream>
 #include <string>
 #include <string_view>
 
-#include "inspect/Shortest.h"
-#include "inspect/VisitValue.h"
+#include "inspect/Description.h"
 
-namespace host {
+namespace veka {
 
-/// A byte string as a JSON string. What is UTF-8 stands as it is. Any byte that is not part of a UTF-8
-/// character, and any of a character from U+10FF80 to U+10FFFF, stands as the one character U+10FF00 plus the
-/// byte; so every byte string can be told from every other, and the output is always valid.
+/// A byte string as a JSON string. A UTF-8 character is written as it is. A byte that is not part of a UTF-8
+/// character is written as the one character U+10FF00 plus the byte. The characters from U+10FF80 to U+10FFFF
+/// are written as if their bytes were not UTF-8. So the output is always valid, and two byte strings never
+/// give the same output.
 VEKA_API std::string JsonString(std::string_view bytes);
 
-/// Writes records as JSON, made from the records' own rows: a record is an object with its fields by their
-/// names, an array a list. An object of a drawing has its class as "kind". Numbers that JSON lacks stand as
-/// texts.
-class Json {
+/// Writes records as JSON. A record is an object whose members are the fields by their names. An array is a
+/// list. An object of a drawing has the name of its class as the member "kind". A number that is infinite or
+/// not a number is a string.
+class VEKA_API Json {
 public:
     explicit Json(std::ostream& out) : m_out(out) {}
 
+    /// Writes a record and ends the line.
+    void Write(const RecordView& record);
     template <class T>
     void Write(const T& record) {
-        Object(record, nullptr);
-        m_out << '\n';
+        Write(View(record));
     }
-
-    template <class T>
-    void Number(T value) {
-        const bool finite = std::isfinite(static_cast<double>(value));
-        m_out << (finite ? Shortest(value) : '"' + Shortest(value) + '"');
-    }
-    void Text(const CString& value) { m_out << JsonString(value.View()); }
-    void Texts(const CStringArray& values) {
-        List(values, [&](const CString& text) { Text(text); });
-    }
-    template <class T>
-    void Record(const T& value) {
-        Object(value, nullptr);
-    }
-    template <class T>
-    void Array(const T& array) {
-        List(array, [&](const auto* element) {
-            if (!element)
-                m_out << "null";
-            else
-                VisitElement(*element, [&](const auto& record, const char* kind) { Object(record, kind); });
-        });
-    }
+    /// Writes the value of one field of a record.
+    void WriteField(const FieldDescription& field, const void* record);
 
 private:
-    template <class T>
-    void Object(const T& record, const char* kind) {
-        m_out << '{';
-        bool first = true;
-        if (kind) {
-            m_out << "\"kind\":" << JsonString(kind);
-            first = false;
-        }
-        veka::ForEachField(record, [&](const auto& description, const auto& field) {
-            m_out << (first ? "" : ",") << JsonString(description.name) << ':';
-            first = false;
-            VisitValue(*this, field);
-        });
-        m_out << '}';
-    }
-    template <class Container, class Write>
-    void List(const Container& container, Write write) {
-        m_out << '[';
-        bool first = true;
-        for (const auto& element : container) {
-            if (!first) m_out << ',';
-            first = false;
-            write(element);
-        }
-        m_out << ']';
-    }
+    void Object(const RecordView& record, const char* kind);
+    void Array(const RecordView& array);
+    void Texts(const CStringArray& texts);
+    void Real(double value);
 
     std::ostream& m_out;
 };
 
-}  // namespace host
+}  // namespace veka

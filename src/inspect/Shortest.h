@@ -5,7 +5,7 @@
 #include <string>
 #include <type_traits>
 
-namespace host {
+namespace veka {
 
 /// The shortest text that reads back as the number.
 template <class Number>
@@ -19,4 +19,4 @@ std::string Shortest(Number number) {
     return {text.data(), result.ptr};
 }
 
-}  // namespace host
+}  // namespace veka

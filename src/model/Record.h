@@ -53,6 +53,14 @@ inline constexpr int kMaximumFields = 48;
 
 /// The way to the rows of a record.
 struct FieldAccess {
+    /// What a class with rows, or one derived from it, says about itself.
+    template <class Record>
+    struct RowsOf {
+        using Class = typename Record::VekaSelf;  ///< the class with rows
+        using Base = typename Record::VekaBase;   ///< its base class with rows, or void
+        static constexpr const char* Name() { return Record::VekaName(); }
+    };
+
     template <class Record>
     static constexpr int kCount = decltype(Record::VekaCount(Rank<kMaximumFields>{}))::value;
 
@@ -189,13 +197,16 @@ protected:                                  \
     void Init();
 
 /// What the rows of a class need besides its operations; `Base` is the base class with rows, or void.
-#define VEKA_FIELDS_OF(Class, Base)    \
-    VEKA_RECORD_MEMORY(Class)          \
-private:                               \
-    friend class ::CVEK_AsciiParser;   \
-    friend struct ::veka::FieldAccess; \
-    using VekaSelf = Class;            \
-    using VekaBase = Base;             \
+#define VEKA_FIELDS_OF(Class, Base)           \
+    VEKA_RECORD_MEMORY(Class)                 \
+private:                                      \
+    friend class ::CVEK_AsciiParser;          \
+    friend struct ::veka::FieldAccess;        \
+    using VekaSelf = Class;                   \
+    using VekaBase = Base;                    \
+    static constexpr const char* VekaName() { \
+        return #Class;                        \
+    }                                         \
     static std::integral_constant<int, 0> VekaCount(::veka::Rank<0>);
 
 /// The description of one field; `Getter` and `Setter` are member pointers or null.

@@ -6,15 +6,16 @@
 #include <sstream>
 
 #include "model/CVEKA_Manager.h"
+#include "model/objects/Objects.h"
 
 namespace {
 
-using host::JsonString;
+using veka::JsonString;
 
 template <class Record>
 std::string Text(const Record& record) {
     std::ostringstream out;
-    host::Json(out).Write(record);
+    veka::Json(out).Write(record);
     return out.str();
 }
 

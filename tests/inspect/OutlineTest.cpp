@@ -5,13 +5,14 @@
 #include <sstream>
 
 #include "model/CVEKA_Manager.h"
+#include "model/objects/Objects.h"
 
 namespace {
 
 template <class Record>
 std::string Text(const Record& record) {
     std::ostringstream out;
-    host::Outline(out).Write(record);
+    veka::Outline(out).Write(record);
     return out.str();
 }
 
@@ -51,7 +52,7 @@ TEST(Outline, LeavesOutWhatHoldsNothing) {
 TEST(Outline, WritesEverythingOnDemand) {
     CVEKA_BOM bom;
     std::ostringstream out;
-    host::Outline(out, true).Write(bom);
+    veka::Outline(out, true).Write(bom);
     EXPECT_EQ(out.str(), "  Unit                  \n  Cost                  0\n");
 }
 
@@ -65,7 +66,7 @@ TEST(Outline, WritesObjectsAsTheirOwnClass) {
 }
 
 TEST(Outline, ShowsControlBytesByTheirNumbers) {
-    EXPECT_EQ(host::Printable("a\nb\\c\x7F\x1B\xC3\xA4"), "a\\x0Ab\\x5Cc\\x7F\\x1B\xC3\xA4");
+    EXPECT_EQ(veka::Printable("a\nb\\c\x7F\x1B\xC3\xA4"), "a\\x0Ab\\x5Cc\\x7F\\x1B\xC3\xA4");
 }
 
 }  // namespace

@@ -3,15 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "model/CVEKA_Manager.h"
+#include "model/objects/Objects.h"
 
 namespace {
 
 /// A tree in one line: name=value{children}.
-std::string Text(const host::TreeNode& node) {
+std::string Text(const veka::TreeNode& node) {
     std::string text = node.name + "=" + node.value;
     if (node.children.empty()) return text;
     text += "{";
-    for (const host::TreeNode& child : node.children)
+    for (const veka::TreeNode& child : node.children)
         text += (&child == &node.children[0] ? "" : " ") + Text(child);
     return text + "}";
 }
@@ -23,7 +24,7 @@ TEST(Tree, ARecordHasItsFieldsAsChildren) {
     general.SetCPN("B");
     general.SetNumberOfPins(8);
     general.GetBOM()->SetCost(0.5);
-    EXPECT_EQ(Text(host::Tree().Make("Part", general)),
+    EXPECT_EQ(Text(veka::Tree().Make("Part", general)),
               "Part=MM{Unit=MM CPN=A | B NumberOfPins=8 BOM={Cost=0.5}}");
 }
 
@@ -34,7 +35,7 @@ TEST(Tree, AnArrayHasItsSizeAndNumbersItsElements) {
         comment->SetIndex(i);
         general.GetCommentArr()->Add(std::move(comment));
     }
-    EXPECT_EQ(Text(host::Tree().Make("Part", general)), "Part={CommentArr=2{[0]={Index=1} [1]={Index=2}}}");
+    EXPECT_EQ(Text(veka::Tree().Make("Part", general)), "Part={CommentArr=2{[0]={Index=1} [1]={Index=2}}}");
 }
 
 TEST(Tree, AnObjectHasItsKindAsItsName) {
@@ -42,18 +43,18 @@ TEST(Tree, AnObjectHasItsKindAsItsName) {
     auto circle = std::make_unique<CVEKA_3DOJ_FILLCIRCLE>();
     circle->D = 0.5;
     pad.GetCamLayerDrawObjs()->Add(std::move(circle));
-    EXPECT_EQ(Text(host::Tree().Make("Pad", pad)), "Pad={CamLayerDrawObjs=1{FILLCIRCLE={Type=40 D=0.5}}}");
+    EXPECT_EQ(Text(veka::Tree().Make("Pad", pad)), "Pad={CamLayerDrawObjs=1{FILLCIRCLE={Type=40 D=0.5}}}");
 }
 
 TEST(Tree, WhatHoldsNothingIsShownOnDemand) {
-    EXPECT_EQ(Text(host::Tree().Make("Part", CVEKA_Manager())), "Part=");
-    EXPECT_EQ(Text(host::Tree(true).Make("BOM", CVEKA_BOM())), "BOM={Unit= Cost=0}");
+    EXPECT_EQ(Text(veka::Tree().Make("Part", CVEKA_Manager())), "Part=");
+    EXPECT_EQ(Text(veka::Tree(true).Make("BOM", CVEKA_BOM())), "BOM={Unit= Cost=0}");
 }
 
 TEST(Tree, ControlBytesAreShownByTheirNumbers) {
     CVEKA_BOM bom;
     bom.SetUnit("a\n");
-    EXPECT_EQ(Text(host::Tree().Make("BOM", bom)), "BOM=a\\x0A{Unit=a\\x0A}");
+    EXPECT_EQ(Text(veka::Tree().Make("BOM", bom)), "BOM=a\\x0A{Unit=a\\x0A}");
 }
 
 }  // namespace

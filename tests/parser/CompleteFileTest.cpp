@@ -5,7 +5,7 @@
 #include <map>
 #include <set>
 
-#include "inspect/VisitObject.h"
+#include "inspect/Description.h"
 #include "support/Parsing.h"
 #include "support/Told.h"
 
@@ -15,44 +15,52 @@ namespace {
 /// the file gives it so, and a number must be set somewhere in the file.
 class Walker {
 public:
-    template <class Record>
-    void Walk(const std::string& owner, const Record& record) {
-        veka::ForEachField(record, [&](const auto& description, const auto& field) {
-            Look(owner, description.name, field);
-        });
+    void Walk(const std::string& owner, const veka::RecordView& record) {
+        for (const veka::FieldDescription& field : record.description->fields)
+            Look(owner, field, record.record);
     }
     std::set<std::string> wrong;          ///< texts that are not named after their place
     std::map<std::string, int> set, all;  ///< how often each field is set, and how often there is one
 
 private:
-    template <class T>
-    void Look(const std::string& owner, const std::string& name, const T& value) {
-        const std::string place = owner + "." + name;
-        if constexpr (std::is_arithmetic_v<T>) {
-            ++all[place];
-            set[place] += value != T{};
-        } else if constexpr (std::is_same_v<T, CString>) {
-            ++all[place];
-            set[place] += !value.IsEmpty();
-            if (!value.IsEmpty() && value != place.c_str()) wrong.insert(place + " is " + value.GetString());
-        } else if constexpr (std::is_same_v<T, CStringArray>) {
-            for (const CString& text : value) Look(owner, name, text);
-        } else if constexpr (requires { value.Names(); }) {
-            set[place] += !value.Names().IsEmpty();
-        } else if constexpr (veka::IsArray<std::remove_cvref_t<decltype(*value)>>) {
-            ++all[place];
-            set[place] += !value->IsEmpty();
-            for (const auto* element : *value) Element(name, *element);
-        } else {
-            Walk(name, *value);
+    void Look(const std::string& owner, const veka::FieldDescription& field, const void* record) {
+        const std::string place = owner + "." + field.name;
+        switch (field.kind) {
+            case veka::FieldKind::Whole:
+            case veka::FieldKind::Flag:
+                Count(place, field.Whole(record) != 0);
+                break;
+            case veka::FieldKind::Real:
+                Count(place, field.Real(record) != 0);
+                break;
+            case veka::FieldKind::Text:
+                LookAtText(place, field.Text(record));
+                break;
+            case veka::FieldKind::TextList:
+                for (const CString& text : field.Texts(record)) LookAtText(place, text);
+                break;
+            case veka::FieldKind::DistinctNames:
+                set[place] += !field.Texts(record).IsEmpty();
+                break;
+            case veka::FieldKind::Record:
+                Walk(field.name, field.Content(record));
+                break;
+            case veka::FieldKind::Array: {
+                const veka::RecordView array = field.Content(record);
+                const INT_PTR size = array.description->size(array.record);
+                Count(place, size > 0);
+                for (INT_PTR i = 0; i < size; ++i) Walk(field.name, array.description->at(array.record, i));
+                break;
+            }
         }
     }
-    template <class T>
-    void Element(const std::string& name, const T& element) {
-        if constexpr (std::is_same_v<T, CVEKA_3DObject>)
-            host::VisitObject(element, [&](const auto& object) { Walk(name, object); });
-        else
-            Walk(name, element);
+    void LookAtText(const std::string& place, const CString& text) {
+        Count(place, !text.IsEmpty());
+        if (!text.IsEmpty() && text != place.c_str()) wrong.insert(place + " is " + text.GetString());
+    }
+    void Count(const std::string& place, bool isSet) {
+        ++all[place];
+        set[place] += isSet;
     }
 };
 
@@ -62,14 +70,16 @@ std::unique_ptr<CVEK_AsciiParser> Complete() {
 
 TEST(CompleteFile, EveryTextReachesTheFieldThatItNames) {
     Walker walker;
-    walker.Walk("Manager", *Complete()->GetCVEKA_Manager());
+    const auto parser = Complete();
+    walker.Walk("Manager", veka::View(*parser->GetCVEKA_Manager()));
     EXPECT_EQ(walker.wrong, (std::set<std::string>{"PKGPins.StepFileName is PKGPins.PKGPinName"}))
         << "a pin's file name alone is the pin's own name";
 }
 
 TEST(CompleteFile, EveryFieldIsSetButThoseThatNoKeywordFillsOrACopyLoses) {
     Walker walker;
-    walker.Walk("Manager", *Complete()->GetCVEKA_Manager());
+    const auto parser = Complete();
+    walker.Walk("Manager", veka::View(*parser->GetCVEKA_Manager()));
     std::set<std::string> unset;
     for (const auto& [place, count] : walker.all)
         if (walker.set[place] == 0) unset.insert(place);

@@ -1,77 +1,31 @@
 #pragma once
 
+#include <memory>
 #include <string>
-#include <type_traits>
 
-#include "model/Record.h"
-#include "model/library/DistinctNames.h"
+#include "inspect/Description.h"
 
-/// What the generic tests do with any record: fill it, compare it, and look for what two of them share.
+/// What the tests do with any record: make it, fill it and compare it.
 namespace test {
 
-template <class T, class = void>
-inline constexpr bool kIsArray = false;
-template <class T>
-inline constexpr bool kIsArray<T, std::void_t<typename T::Element>> = true;
+/// A record that is deleted by the operation of its class.
+using RecordOwner = std::unique_ptr<void, void (*)(void*) noexcept>;
+RecordOwner Own(const veka::RecordDescription& description, void* record);
 
-template <class T>
-inline constexpr bool kIsOwned = false;
-template <class T>
-inline constexpr bool kIsOwned<Owned<T>> = true;
+/// Gives every field of a record a value of its own, none of them the default. An array gets two elements
+/// more.
+void Fill(const veka::RecordDescription& description, void* record, int& seed);
+/// A new record that is filled with values from `seed` on.
+RecordOwner Filled(const veka::RecordDescription& description, int seed);
 
-/// Gives every field a value of its own, none of them its default.
-template <class T>
-void Fill(T& value, int& seed) {
-    if constexpr (std::is_same_v<T, bool>) {
-        value = true;
-    } else if constexpr (std::is_arithmetic_v<T>) {
-        value = static_cast<T>(++seed);
-    } else if constexpr (std::is_same_v<T, CString>) {
-        value = CString("text " + std::to_string(++seed));
-    } else if constexpr (std::is_same_v<T, CStringArray>) {
-        for (int i = 0; i < 2; ++i) value.Add(CString("entry " + std::to_string(++seed)));
-    } else if constexpr (std::is_same_v<T, DistinctNames>) {
-        for (int i = 0; i < 20; ++i) value.Add(CString("name " + std::to_string(++seed)));
-    } else if constexpr (kIsOwned<T>) {
-        Fill(*value, seed);
-    } else if constexpr (kIsArray<T>) {
-        for (int i = 0; i < 2; ++i) {
-            auto element = std::make_unique<typename T::Element>();
-            Fill(*element, seed);
-            value.Add(std::move(element));
-        }
-    } else {
-        veka::ForEachField(value, [&](const auto&, auto& field) { Fill(field, seed); });
-    }
-}
-template <class T>
-T Filled(int seed) {
-    T value{};
-    Fill(value, seed);
-    return value;
-}
+/// Where the contents of two records differ first, as the names of the fields that lead there. Empty where
+/// they have the same content and neither leads to anything that belongs to the other.
+std::string Difference(const veka::RecordView& a, const veka::RecordView& b);
 
-/// True if two values have the same content, while neither leads to anything of the other.
+/// True if two records have the same content, while neither leads to anything of the other.
 template <class T>
 bool SameButApart(const T& a, const T& b) {
-    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, CString> || std::is_same_v<T, CStringArray>) {
-        return a == b;
-    } else if constexpr (std::is_same_v<T, DistinctNames>) {
-        return a.Names() == b.Names();
-    } else if constexpr (kIsOwned<T>) {
-        return a.get() != b.get() && SameButApart(*a, *b);
-    } else if constexpr (kIsArray<T>) {
-        if (a.GetSize() != b.GetSize()) return false;
-        for (INT_PTR i = 0; i < a.GetSize(); ++i)
-            if (!a[i] || !b[i] || a[i] == b[i] || !SameButApart(*a[i], *b[i])) return false;
-        return true;
-    } else {
-        bool same = true;
-        veka::ForEachField(a, [&](const auto& description, const auto& field) {
-            same = same && SameButApart(field, b.*description.member);
-        });
-        return same;
-    }
+    return Difference(veka::View(a), veka::View(b)).empty();
 }
 
 }  // namespace test

@@ -9,24 +9,24 @@ namespace test {
 
 std::string Outlined(const CVEKA_Manager& model, bool all) {
     std::ostringstream out;
-    host::Outline(out, all).Write(model);
+    veka::Outline(out, all).Write(model);
     return out.str();
 }
 
 std::string AsJson(const CVEKA_Manager& model) {
     std::ostringstream out;
-    host::Json(out).Write(model);
+    veka::Json(out).Write(model);
     return out.str();
 }
 
 std::vector<std::string> SectionsAsJson(const CVEKA_Manager& model) {
     std::vector<std::string> sections;
-    veka::ForEachField(model, [&](const auto&, const auto& field) {
+    const veka::RecordView view = veka::View(model);
+    for (const veka::FieldDescription& field : view.description->fields) {
         std::ostringstream out;
-        host::Json json(out);
-        host::VisitValue(json, field);
+        veka::Json(out).WriteField(field, view.record);
         sections.push_back(out.str());
-    });
+    }
     return sections;
 }
 

@@ -5,8 +5,7 @@
 
 #include "model/CVEKA_Manager.h"
 
-/// Models as text, to compare them and to look at them. Compiled once for all programs: every kind of record
-/// passes through here, which takes a compiler minutes.
+/// Models as text, for tests that compare models.
 namespace test {
 
 /// The outline of a model, with the fields that hold nothing or without them.

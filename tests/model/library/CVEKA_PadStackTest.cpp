@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "model/library/CVEKA_Pad.h"
-#include "support/EveryRecord.h"
 #include "support/Parsing.h"
 
 namespace {
@@ -14,8 +13,6 @@ using testing::ElementsAre;
 std::vector<std::string> Names(const CVEKA_PadStackArray& array) {
     return test::Strings(array, &CVEKA_PadStackArray::GetStandardizationPadNames);
 }
-
-VEKA_TEST_ARRAY(CVEKA_PadStackArray)
 
 TEST(CVEKA_PadStackArray, AHostMayAddTheNamesOfPads) {
     CVEKA_PadStackArray array;

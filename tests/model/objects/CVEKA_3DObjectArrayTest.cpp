@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "model/objects/Objects.h"
-#include "support/EveryRecord.h"
 
 namespace {
 
@@ -117,8 +116,6 @@ TEST(CVEKA_3DObjectArray, EveryKindThatHoldsObjectsLosesItsNullsInAMove) {
     VEKA_OBJECT_KINDS(CHECK_KIND)
     check(CVEKA_3DOJ_METAKMASKSHAPE());
 }
-
-VEKA_TEST_ARRAY(CVEKA_3DObjectArray)
 
 TEST(CVEKA_3DObjectArray, MovingItToItselfKeepsIt) {
     CVEKA_3DObjectArray array;

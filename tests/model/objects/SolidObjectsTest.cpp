@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/EveryRecord.h"
-
 namespace {
 
 TEST(CVEKA_3DOJ_STEP, KeepsItsPathOnInit) {
@@ -24,13 +22,6 @@ TEST(CVEKA_3DOJ_STEP, AssignsThePathAllTheSame) {
     step.PATH = "a.stp";
     step = other;
     EXPECT_EQ(step.PATH, "");
-}
-
-TEST(CVEKA_3DOJ_STEP, IsARecordLikeAnyOtherForTheRest) {
-    test::EveryRecordCopiesDeeply<CVEKA_3DOJ_STEP>();
-    test::EveryRecordMovesAsItCopies<CVEKA_3DOJ_STEP>();
-    test::EveryRecordIsNotChangedByAssigningItToItself<CVEKA_3DOJ_STEP>();
-    test::EveryRecordGivesBackWhatItsSettersTook<CVEKA_3DOJ_STEP>();
 }
 
 }  // namespace

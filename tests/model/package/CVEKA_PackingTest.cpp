@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/EveryRecord.h"
-
 namespace {
 
 TEST(CVEKA_Packing, HasNoTypeAtFirst) {
