@@ -70,6 +70,12 @@ string(REGEX REPLACE "/$" "" prefix_from_pc "${prefix_from_pc}")
 configure_file(cmake/VEKAsciiDLL.pc.in VEKAsciiDLL.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/VEKAsciiDLL.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
+# The pages and the examples.
+install(FILES README.md SECURITY.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
+        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development FILES_MATCHING PATTERN *.veka)
+
 if(TARGET veka-host)
     file(RELATIVE_PATH lib_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
     # Under /usr the system finds the library by itself.
