@@ -4,8 +4,9 @@
 #include <memory>
 
 #include "leveltree/CECadCls.h"
+#include "model/CVEKA_Manager.h"
 #include "model/RecordMemory.h"
-#include "parser/ReadingForms.h"
+#include "parser/Rows.h"
 
 using namespace veka;
 
@@ -21,73 +22,110 @@ CVEK_AsciiParser::~CVEK_AsciiParser() {
 
 namespace {
 
-/// What the sections of a file give, on its way into the model.
-///
-/// A section is read as soon as it has closed, so that only one level tree is in memory at a time. Nobody sees that:
-/// the model changes once the file has been read to its end, as if the sections were read only then.
-class Sections {
+/// One section of the model, which moves into the model in the end.
+template <class T>
+class Section {
 public:
-    explicit Sections(CVEK_AsciiParser& parser) : m_parser(parser) {}
+    explicit Section(T& field) : m_field(field) {}
+    bool IsRead() const { return m_fresh != nullptr; }
+    /// Takes what a level gave; a later level replaces an earlier one.
+    void Replace(std::unique_ptr<T> fresh) {
+        if (!m_fresh) m_fresh = std::move(fresh);
+        else if (fresh) *m_fresh = std::move(*fresh);
+    }
+    void MoveIntoModel() {
+        if (m_fresh) m_field = std::move(*m_fresh);
+    }
+
+private:
+    T& m_field;
+    std::unique_ptr<T> m_fresh;
+};
+
+/// A form: a level that gives a section of the model. The last level counts.
+template <class T>
+struct LastLevel {
+    Section<T>& section;
+    T* (CVEK_AsciiParser::*method)(CECadClsLvl*);
+    LastLevel(Section<T>& target, T* (CVEK_AsciiParser::*parser)(CECadClsLvl*)) : section(target), method(parser) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        section.Replace(reader.New(method, from));
+    }
+};
+
+/// A form: as `LastLevel`, but the first level counts.
+template <class T>
+struct FirstLevel : LastLevel<T> {
+    using LastLevel<T>::LastLevel;
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        if (!this->section.IsRead()) LastLevel<T>::Read(reader, from);
+    }
+};
+
+template <class T>
+FirstLevel(Section<T>&, T* (CVEK_AsciiParser::*)(CECadClsLvl*)) -> FirstLevel<T>;
+
+/// The sections of a file, on their way into the model.
+///
+/// A section is read as soon as its level has closed, so that only one level tree is in memory at a time. The model is the
+/// same as if the sections were read when the whole file has been read: it changes only then.
+class Sections {
+    /// Q1: the first level of fonts counts, and the fonts are read before all other sections.
+    auto FontRows() {
+        return Rows(
+            Row("FONTS", FirstLevel(m_fonts, &CVEK_AsciiParser::FontLibParser)));
+    }
+    auto SectionRows() {
+        return Rows(
+            Row("VEK", LastLevel(m_vek, &CVEK_AsciiParser::VEKParser)),
+            Row("COLORTABLE", LastLevel(m_colors, &CVEK_AsciiParser::COLORTABLEParser)),
+            Row("PADS", LastLevel(m_pads, &CVEK_AsciiParser::PADParser)),
+            Row("PADSTACKS", LastLevel(m_padStacks, &CVEK_AsciiParser::PadStackParser)),
+            Row("FOOTPRINTS", LastLevel(m_footprints, &CVEK_AsciiParser::FOOTPRINTParser)),
+            Row("NSHAPE", Element(m_shapes, &CVEK_AsciiParser::NSHAPEParser)),
+            Row("PARTITIONS", LastLevel(m_partitions, &CVEK_AsciiParser::PARTITIONParser)));
+    }
+
+public:
+    explicit Sections(CVEK_AsciiParser& parser) : m_parser(parser), m_model(*parser.GetCVEKA_Manager()) {}
 
     void Read(CECadClsLvl* level) {
-        // The fonts come first, wherever they stand, and only their first level counts.
-        if (level->m_strName == "FONTS") {
-            if (!m_fonts) m_fonts.reset(m_parser.FontLibParser(level));
-        } else if (!m_failure) {
-            // The rest of the file is read all the same: it may hold the fonts, and an error to be shown.
-            try {
-                ReadSection(level);
-            } catch (...) {
-                m_failure = std::current_exception();
-            }
+        const FieldReader reader(m_parser);
+        const Source source{level, nullptr, 0};
+        // After a failure the rest of the file is read all the same: it may hold the fonts, and an error to be shown.
+        if (FontRows().Try(reader, source) || m_failure) return;
+        try {
+            SectionRows().Try(reader, source);
+        } catch (...) {
+            m_failure = std::current_exception();
         }
     }
     /// Puts the sections into the model, those before a failed one; then raises what failed.
-    void MoveTo(CVEKA_Manager& model) {
-        Move(m_fonts, *model.GetLibFonts());
-        Move(m_vek, *model.GetVEK());
-        Move(m_colors, *model.GetColorTable());
-        Move(m_pads, *model.GetPadArr());
-        Move(m_padStacks, *model.GetPadStackArr());
-        Move(m_footprints, *model.GetFootprintDBArr());
-        m_shapes.MoveElementTo(*model.GetNShapeArr(), 0, m_shapes.GetUpperBound());
-        Move(m_partitions, *model.GetPartitionDBArr());
+    void MoveIntoModel() {
+        m_fonts.MoveIntoModel();
+        m_vek.MoveIntoModel();
+        m_colors.MoveIntoModel();
+        m_pads.MoveIntoModel();
+        m_padStacks.MoveIntoModel();
+        m_footprints.MoveIntoModel();
+        m_shapes.MoveElementTo(*m_model.GetNShapeArr(), 0, m_shapes.GetUpperBound());
+        m_partitions.MoveIntoModel();
         if (m_failure) std::rethrow_exception(m_failure);
     }
 
 private:
-    void ReadSection(CECadClsLvl* level) {
-        const CString& keyword = level->m_strName;
-        if (keyword == "VEK") Keep(m_vek, m_parser.VEKParser(level));
-        else if (keyword == "COLORTABLE") Keep(m_colors, m_parser.COLORTABLEParser(level));
-        else if (keyword == "PADS") Keep(m_pads, m_parser.PADParser(level));
-        else if (keyword == "PADSTACKS") Keep(m_padStacks, m_parser.PadStackParser(level));
-        else if (keyword == "FOOTPRINTS") Keep(m_footprints, m_parser.FOOTPRINTParser(level));
-        // One level a shape: all are kept.
-        else if (keyword == "NSHAPE") Append(m_shapes, m_parser.NSHAPEParser(level));
-        else if (keyword == "PARTITIONS") Keep(m_partitions, m_parser.PARTITIONParser(level));
-    }
-    /// Keeps a section's fresh result; a later one takes the place of an earlier one.
-    template <class T>
-    static void Keep(std::unique_ptr<T>& kept, T* fresh) {
-        std::unique_ptr<T> owner(fresh);
-        if (!kept) kept = std::move(owner);
-        else if (owner) *kept = std::move(*owner);
-    }
-    template <class T>
-    static void Move(const std::unique_ptr<T>& kept, T& field) {
-        if (kept) field = std::move(*kept);
-    }
-
     CVEK_AsciiParser& m_parser;
-    std::unique_ptr<CVEKA_FontArray> m_fonts;
-    std::unique_ptr<CVEKA_VEK> m_vek;
-    std::unique_ptr<CVEKA_ColorTableArray> m_colors;
-    std::unique_ptr<CVEKA_PadArray> m_pads;
-    std::unique_ptr<CVEKA_PadStackArray> m_padStacks;
-    std::unique_ptr<CVEKA_FootprintDBArray> m_footprints;
+    CVEKA_Manager& m_model;
+    Section<CVEKA_FontArray> m_fonts{*m_model.GetLibFonts()};
+    Section<CVEKA_VEK> m_vek{*m_model.GetVEK()};
+    Section<CVEKA_ColorTableArray> m_colors{*m_model.GetColorTable()};
+    Section<CVEKA_PadArray> m_pads{*m_model.GetPadArr()};
+    Section<CVEKA_PadStackArray> m_padStacks{*m_model.GetPadStackArr()};
+    Section<CVEKA_FootprintDBArray> m_footprints{*m_model.GetFootprintDBArr()};
     CVEKA_NSHAPEArray m_shapes;
-    std::unique_ptr<CVEKA_PartitionDBArray> m_partitions;
+    Section<CVEKA_PartitionDBArray> m_partitions{*m_model.GetPartitionDBArr()};
     std::exception_ptr m_failure;
 };
 
@@ -100,6 +138,6 @@ int CVEK_AsciiParser::Parser() {
     Sections sections(*this);
     // Unbalanced levels are no reason to drop what did close.
     tree.ReadTopLevels(0, [&](CECadClsLvl* level) { sections.Read(level); });
-    sections.MoveTo(*CVEKA_Manager);
+    sections.MoveIntoModel();
     return 1;
 }

@@ -10,6 +10,8 @@
 
 class CVEKA_3DObject;
 class CVEKA_3DObjectArray;
+class CVEKA_3DOJ_AxisPivot;
+class CVEKA_3DOJ_RotMirror;
 #define VEKA_FORWARD(Level, Method, Class) class Class;
 VEKA_OBJECT_KINDS(VEKA_FORWARD)
 #undef VEKA_FORWARD
@@ -117,11 +119,15 @@ public:
 #undef VEKA_DECLARE
 
 private:
-    void ReadRLC(CECadClsLvl* level, CVEKA_RLC& rlc);
-    void ReadPacking(CECadClsLvl* level, CVEKA_Packing& packing);
-    void ReadBodySize(CECadClsLvl* level, CVEKA_BodySize& size);
+    CVEKA_USGKey* USGKeyParser(CECadClsLvl* level);
     template <class Kind>
     Kind* KindParser(CECadClsLvl* level);
+    // Rows that a method has a function of their own for.
+    [[gnu::always_inline]] static auto RLCRows(CVEKA_RLC& rlc);
+    [[gnu::always_inline]] static auto PackingRows(CVEKA_Packing& packing);
+    [[gnu::always_inline]] static auto BaseRows(CVEKA_3DObject& object);
+    [[gnu::always_inline]] static auto BaseRows(CVEKA_3DOJ_AxisPivot& solid);
+    [[gnu::always_inline]] static auto BaseRows(CVEKA_3DOJ_RotMirror& lead);
 
     CString VEKAsciiFilePath;
     ::CVEKA_Manager* CVEKA_Manager;  // owned

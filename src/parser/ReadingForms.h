@@ -1,95 +1,349 @@
 #pragma once
 
 #include <memory>
+#include <tuple>
+#include <utility>
 
 #include "leveltree/CECadClsLvl.h"
 #include "model/CVEKA_Color.h"
 #include "model/CVEKA_Coordinate.h"
-#include "parser/Numbers.h"
+#include "parser/CInvalidAccessException.h"
+#include "parser/Conversions.h"
 
-/// How parser methods read a level: its children, the four forms of reading its values, and the ways of a
-/// result into the record that holds it. No form reads a value that is not there: what a level lacks keeps its
-/// default, and what it has too much is ignored.
+class CVEK_AsciiParser;
+
+/// The forms of reading: what is done with a level that a row has found. `Rows.h` says how rows find levels.
+///
+/// A form names the fields that it fills. No form reads a value that is not there: what a level lacks leaves the field as
+/// it is. Values beyond those that a form reads are ignored.
+///
+/// `Read` does the reading. `Describe` tells the table of all keywords what the form does.
 namespace veka {
 
-/// The child levels of a level, for a range-based loop.
-inline const CECadClsLvlArray& Children(const CECadClsLvl* level) noexcept {
-    return *level->m_pChildren;
-}
-
-/// A flag is set by this text alone.
-inline bool IsTrue(const CString& value) noexcept {
-    return value == "TRUE";
-}
-
-/// Marks a number in a reading form as a flag.
-struct Flag {
-    int& field;
+/// A level that is to be read, and where it was found.
+struct Source {
+    CECadClsLvl* level;
+    CECadClsLvl* parent;
+    INT_PTR place;  ///< among the children of the parent, counted from 0
 };
 
-inline void Convert(const CString& value, CString& field) { field = value; }
-inline void Convert(const CString& value, int& field) noexcept { field = ToInt(value); }
-inline void Convert(const CString& value, double& field) noexcept { field = ToDouble(value); }
-inline void Convert(const CString& value, Flag flag) noexcept { flag.field = IsTrue(value); }
+/// Where a record comes from: a parser method of its own, or rows that a form names itself. The rows are given by a
+/// function of the fresh record.
+template <class Make>
+struct MakerOf {
+    template <class Rows, class Fresh>
+    static Fresh FreshOf(Rows (Make::*)(Fresh&) const);
+    using Record = decltype(FreshOf(&Make::operator()));
+    static constexpr bool kGivesRows = true;
+};
+template <class Result>
+struct MakerOf<Result* (CVEK_AsciiParser::*)(CECadClsLvl*)> {
+    using Record = Result;
+    static constexpr bool kGivesRows = false;
+};
+template <class Make>
+using RecordOf = typename MakerOf<Make>::Record;
+template <class Make>
+inline constexpr bool kGivesRows = MakerOf<Make>::kGivesRows;
 
-/// First value: the others are ignored.
+// ---------------------------------------------------------------- Values
+
+/// A form that fills one field.
 template <class Field>
-void First(const CECadClsLvl* level, Field&& field) {
-    if (level->m_aValues.GetSize() > 0) Convert(level->m_aValues[0], field);
-}
+struct OneField {
+    Field field;
+    explicit OneField(Field&& target) : field(std::forward<Field>(target)) {}
+};
 
-/// Last value: each overwrites the one before it.
+/// The first value of the level.
 template <class Field>
-void Last(const CECadClsLvl* level, Field&& field) {
-    const INT_PTR count = level->m_aValues.GetSize();
-    if (count > 0) Convert(level->m_aValues[count - 1], field);
-}
+struct First : OneField<Field> {
+    using OneField<Field>::OneField;
+    template <class Reader>
+    [[gnu::always_inline]] void Read(const Reader& reader, const Source& from) const {
+        const CStringArray& values = from.level->m_aValues;
+        if (values.GetSize() > 0) reader.Value(values[0], this->field);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Values("first value", this->field);
+    }
+};
+template <class Field>
+First(Field&&) -> First<Field>;
 
-/// By position: value 0 to the first field, value 1 to the second, and so on.
+/// The last value of the level: each value overwrites the one before it.
+template <class Field>
+struct Last : OneField<Field> {
+    using OneField<Field>::OneField;
+    template <class Reader>
+    [[gnu::always_inline]] void Read(const Reader& reader, const Source& from) const {
+        const CStringArray& values = from.level->m_aValues;
+        const INT_PTR count = values.GetSize();
+        if (count > 0) reader.Value(values[count - 1], this->field);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Values("last value", this->field);
+    }
+};
+template <class Field>
+Last(Field&&) -> Last<Field>;
+
+/// Every value of the level, one after another, for conversions that look at each.
+template <class Field>
+struct Each : OneField<Field> {
+    using OneField<Field>::OneField;
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        for (const CString& value : from.level->m_aValues) reader.Value(value, this->field);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Values("every value", this->field);
+    }
+};
+template <class Field>
+Each(Field&&) -> Each<Field>;
+
+/// The name of the level.
+template <class Field>
+struct Name : OneField<Field> {
+    using OneField<Field>::OneField;
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        reader.Value(from.level->m_strName, this->field);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Values("name of the level", this->field);
+    }
+};
+template <class Field>
+Name(Field&&) -> Name<Field>;
+
+/// Value 0 for the first field, value 1 for the second, and so on. `Rest` takes all values that are left.
 template <class... Fields>
-void ByPosition(const CECadClsLvl* level, Fields&&... fields) {
-    const CStringArray& values = level->m_aValues;
-    INT_PTR next = 0;
-    const auto read = [&](auto&& field) {
-        if (next < values.GetSize()) Convert(values[next++], field);
-    };
-    (read(fields), ...);
-}
+struct ByPosition {
+    std::tuple<Fields...> fields;
+    explicit ByPosition(Fields&&... targets) : fields(std::forward<Fields>(targets)...) {}
+    template <class Reader>
+    [[gnu::always_inline]] void Read(const Reader& reader, const Source& from) const {
+        const CStringArray& values = from.level->m_aValues;
+        std::apply([&](auto&... field) {
+            INT_PTR next = 0;
+            (ReadOne(reader, values, next, field), ...);
+        }, fields);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        std::apply([&](auto&... field) { lister.Values("by position", field...); }, fields);
+    }
 
-/// Point: the first three values; those that are missing are 0.
-inline void Point(const CECadClsLvl* level, CVEKA_Coordinate& point) {
-    double x = 0, y = 0, z = 0;
-    ByPosition(level, x, y, z);
-    point.SetX(x);
-    point.SetY(y);
-    point.SetZ(z);
-}
+private:
+    template <class Reader, class Field>
+    static void ReadOne(const Reader& reader, const CStringArray& values, INT_PTR& next, Field& field) {
+        if (next < values.GetSize()) reader.Value(values[next++], field);
+    }
+    template <class Reader>
+    static void ReadOne(const Reader& reader, const CStringArray& values, INT_PTR& next, const Rest& rest) {
+        while (next < values.GetSize()) reader.Value(values[next++], rest);
+    }
+};
+template <class... Fields>
+ByPosition(Fields&&...) -> ByPosition<Fields...>;
 
-/// Colour: the first three values; those that are missing are 0.
-inline void Color(const CECadClsLvl* level, CVEKA_Color& color) {
-    int red = 0, green = 0, blue = 0;
-    ByPosition(level, red, green, blue);
-    color.SetRed(red);
-    color.SetGreen(green);
-    color.SetBlue(blue);
-}
+/// As `ByPosition`, where the level has as many values as there are fields; else nothing is read.
+template <class... Fields>
+struct Exactly : ByPosition<Fields...> {
+    using ByPosition<Fields...>::ByPosition;
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        if (from.level->m_aValues.GetSize() == sizeof...(Fields)) ByPosition<Fields...>::Read(reader, from);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        std::apply([&](auto&... field) { lister.Values("by position, of exactly so many values", field...); }, this->fields);
+    }
+};
+template <class... Fields>
+Exactly(Fields&&...) -> Exactly<Fields...>;
 
-/// List: every value is appended.
-inline void List(const CECadClsLvl* level, CStringArray& list) { list.Append(level->m_aValues); }
+/// The first three values; those that are missing are 0.
+struct Point {
+    CVEKA_Coordinate& field;
+    explicit Point(CVEKA_Coordinate& point) : field(point) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        double x = 0, y = 0, z = 0;
+        ByPosition(x, y, z).Read(reader, from);
+        field.SetX(x);
+        field.SetY(y);
+        field.SetZ(z);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Values("point", field);
+    }
+};
 
-/// Takes a fresh result into an owned field, with the effects of the field's `operator=`, and frees it. Null
+/// The first three values; those that are missing are 0.
+struct Color {
+    CVEKA_Color& field;
+    explicit Color(CVEKA_Color& color) : field(color) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        int red = 0, green = 0, blue = 0;
+        ByPosition(red, green, blue).Read(reader, from);
+        field.SetRed(red);
+        field.SetGreen(green);
+        field.SetBlue(blue);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Values("colour", field);
+    }
+};
+
+/// Every value, appended to a list.
+struct List {
+    CStringArray& field;
+    explicit List(CStringArray& list) : field(list) {}
+    template <class Reader>
+    void Read(const Reader&, const Source& from) const {
+        field.Append(from.level->m_aValues);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Values("every value, appended", field);
+    }
+};
+
+/// Every value, in place of what the list held.
+struct NewList {
+    CStringArray& field;
+    explicit NewList(CStringArray& list) : field(list) {}
+    template <class Reader>
+    void Read(const Reader&, const Source& from) const {
+        field.Copy(from.level->m_aValues);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Values("every value, replacing the list", field);
+    }
+};
+
+// ---------------------------------------------------------------- Levels
+
+/// A record moves into the field of its parent, with the effects of the field's `operator=`. A method that gives null
 /// leaves the field as it is.
-template <class T>
-void Take(Owned<T>& field, T* fresh) {
-    const std::unique_ptr<T> owner(fresh);
-    if (owner) *field = std::move(*owner);
-}
+template <class Field, class Make>
+struct Replace {
+    Field& field;
+    Make make;
+    Replace(Field& target, Make maker) : field(target), make(maker) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        if constexpr (kGivesRows<Make>) {
+            RecordOf<Make> fresh;
+            reader.Level(from, make(fresh));
+            *field = std::move(fresh);
+        } else if (const auto fresh = reader.New(make, from)) {
+            *field = std::move(*fresh);
+        }
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Record("record, replacing the one before it", *field, make);
+    }
+};
 
-/// Appends a fresh result to an array, which takes it over. Null appends nothing.
-template <class Array, class T>
-void Append(Array& array, T* fresh) {
-    std::unique_ptr<T> owner(fresh);
-    if (owner) array.Add(std::move(owner));
-}
+/// A record is appended to an array. A method that gives null appends nothing.
+template <class Array, class Make>
+struct Element {
+    Array& field;
+    Make make;
+    Element(Array& array, Make maker) : field(array), make(maker) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        if (auto fresh = reader.New(make, from)) field.Add(std::move(fresh));
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Record("record, appended", field, make);
+    }
+};
+
+/// As `Element`, but a method that gives null appends null.
+template <class Array, class Make>
+struct ElementOrNull : Element<Array, Make> {
+    using Element<Array, Make>::Element;
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        this->field.Add(reader.New(this->make, from));
+    }
+};
+template <class Array, class Make>
+ElementOrNull(Array&, Make) -> ElementOrNull<Array, Make>;
+
+/// As `Element`, but the rows are tried on one child of the level alone: the child whose place in the level is the
+/// level's own place in its parent. A level that has children, but none there, raises `CInvalidAccessException`.
+template <class Array, class Make>
+struct ElementByPlace : Element<Array, Make> {
+    using Element<Array, Make>::Element;
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        auto record = std::make_unique<RecordOf<Make>>();
+        const auto rows = this->make(*record);
+        rows.ReadOwn(reader, from);
+        const CECadClsLvlArray& children = *from.level->m_pChildren;
+        if (children.GetSize() > 0) {
+            CECadClsLvl* child = children.GetAt(from.place);
+            if (!child) throw CInvalidAccessException(from.level->m_strName, from.place);
+            rows.Try(reader, Source{child, from.level, from.place});
+        }
+        this->field.Add(std::move(record));
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Record("record, appended, of the child at the level's own place", this->field, this->make);
+    }
+};
+template <class Array, class Make>
+ElementByPlace(Array&, Make) -> ElementByPlace<Array, Make>;
+
+// ---------------------------------------------------------------- Forms around a form
+
+/// Reads the level only where it has a child, of any name.
+template <class Form>
+struct IfItHasChildren {
+    Form form;
+    explicit IfItHasChildren(Form inner) : form(inner) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        if (from.level->m_pChildren->GetSize() > 0) form.Read(reader, from);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Condition("where the level has a child");
+        form.Describe(lister);
+    }
+};
+
+/// Reads the parent of the level in place of the level.
+template <class Form>
+struct Parent {
+    Form form;
+    explicit Parent(Form inner) : form(inner) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        form.Read(reader, Source{from.parent, nullptr, 0});
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Condition("of the parent");
+        form.Describe(lister);
+    }
+};
 
 }  // namespace veka

@@ -1,160 +1,122 @@
-// The part as a circuit element. "RLC" has a form of its own in each of its three places.
+// The part as a circuit element. "RLC" has another form in each of its three places (Q8).
 
-#include "parser/CVEK_AsciiParser.h"
-#include "parser/ReadingForms.h"
+#include "model/electrical/CVEKA_Electrical.h"
+#include "parser/Rows.h"
 
 using namespace veka;
 
+namespace {
+
+/// The number of the target of a power rail, by its word.
+struct Target {
+    CVEKA_SignalName& signal;
+    explicit Target(CVEKA_SignalName& name) : signal(name) {}
+};
+void Convert(const CString& value, Target target) {
+    target.signal.SetTargetType(value == "RLC" ? 1 : value == "RL" ? 2 : 0);
+}
+
+}  // namespace
+
 CVEKA_Electrical* CVEK_AsciiParser::ELECTRICALParser(CECadClsLvl* level) {
-    auto electrical = std::make_unique<CVEKA_Electrical>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "DEVICEMODELS") Take(electrical->DeviceModels, DEVICEMODELSParser(child));
-        else if (keyword == "POWERRAILS") Take(electrical->PowerRails, POWERRAILSParser(child));
-        else if (keyword == "PASSIVEVALUE") Take(electrical->PassiveValue, PASSIVEVALUEParser(child));
-        else if (keyword == "PINMAPPINGMODE") First(child, Flag{electrical->PinMappingMode->Mode});
-        else if (keyword == "ELECTRICALPINS") Take(electrical->ElectricalPins, ELECTRICALPINSParser(child));
-        else if (keyword == "PINGROUPS") Take(electrical->PinGroups, PINGROUPSParser(child));
-    }
-    return electrical.release();
+    return Read(*this, level, [](CVEKA_Electrical& electrical) { return Rows(
+        Row("DEVICEMODELS", Replace(electrical.DeviceModels, &CVEK_AsciiParser::DEVICEMODELSParser)),
+        Row("POWERRAILS", Replace(electrical.PowerRails, &CVEK_AsciiParser::POWERRAILSParser)),
+        Row("PASSIVEVALUE", Replace(electrical.PassiveValue, &CVEK_AsciiParser::PASSIVEVALUEParser)),
+        Row("PINMAPPINGMODE", First(Flag(electrical.PinMappingMode->Mode))),
+        Row("ELECTRICALPINS", Replace(electrical.ElectricalPins, &CVEK_AsciiParser::ELECTRICALPINSParser)),
+        Row("PINGROUPS", Replace(electrical.PinGroups, &CVEK_AsciiParser::PINGROUPSParser)));
+    });
 }
 
 CVEKA_DeviceModelArray* CVEK_AsciiParser::DEVICEMODELSParser(CECadClsLvl* level) {
-    auto models = std::make_unique<CVEKA_DeviceModelArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "MODEL") continue;
-        auto model = std::make_unique<CVEKA_DeviceModel>();
-        ByPosition(child, model->ModelType, model->FilePath);
-        models->Add(std::move(model));
-    }
-    return models.release();
+    return Read(*this, level, [](CVEKA_DeviceModelArray& models) { return Rows(
+        Row("MODEL", Element(models, [](CVEKA_DeviceModel& model) { return Rows(
+            Own(ByPosition(model.ModelType, model.FilePath)));
+        })));
+    });
+}
+
+/// The three values are children. Those that are not given stay as they are.
+inline auto CVEK_AsciiParser::RLCRows(CVEKA_RLC& rlc) {
+    return Rows(
+        Row("R", Last(rlc.ResisterValue)),
+        Row("L", Last(rlc.InductanceValue)),
+        Row("C", Last(rlc.CapacitorValue)));
 }
 
 CVEKA_PowerRailArray* CVEK_AsciiParser::POWERRAILSParser(CECadClsLvl* level) {
-    auto rails = std::make_unique<CVEKA_PowerRailArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "PRAIL") continue;
-        auto rail = std::make_unique<CVEKA_PowerRail>();
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "SIGNALNAME") {
-                CVEKA_SignalName signal;
-                CString target;
-                ByPosition(data, signal.StrSignalName, target);
-                signal.TargetType = target == "RLC" ? 1 : target == "RL" ? 2 : 0;
-                *rail->SignalName = signal;
-            }
-            else if (keyword == "PDSMODEL") {
-                CVEKA_PDSModel model;
-                ByPosition(data, model.ModelType, model.ModelName);
-                *rail->PDSModel = model;
-            }
-            else if (keyword == "FREQUECNY") {
-                auto band = std::make_unique<CVEKA_Frequency>();
-                ByPosition(data, band->MinTarget, band->MaxTarget, band->Impedance);
-                rail->FrequencyArr->Add(std::move(band));
-            }
-            else if (keyword == "RLC") ReadRLC(data, *rail->RLC);
-            else if (keyword == "RL") {
-                for (CECadClsLvl* number : Children(data)) {
-                    if (number->m_strName == "R") Last(number, rail->RL->ResisterValue);
-                    else if (number->m_strName == "L") Last(number, rail->RL->InductanceValue);
-                }
-            }
-        }
-        rails->Add(std::move(rail));
-    }
-    return rails.release();
-}
-
-/// The three values as child levels; those that are not given keep what they had.
-void CVEK_AsciiParser::ReadRLC(CECadClsLvl* level, CVEKA_RLC& rlc) {
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "R") Last(child, rlc.ResisterValue);
-        else if (keyword == "L") Last(child, rlc.InductanceValue);
-        else if (keyword == "C") Last(child, rlc.CapacitorValue);
-    }
+    return Read(*this, level, [](CVEKA_PowerRailArray& rails) { return Rows(
+        Row("PRAIL", Element(rails, [](CVEKA_PowerRail& rail) { return Rows(
+            Row("SIGNALNAME", Replace(rail.SignalName, [](CVEKA_SignalName& signal) { return Rows(
+                Own(ByPosition(signal.StrSignalName, Target(signal))));
+            })),
+            Row("PDSMODEL", Replace(rail.PDSModel, [](CVEKA_PDSModel& model) { return Rows(
+                Own(ByPosition(model.ModelType, model.ModelName)));
+            })),
+            Row("FREQUECNY", Element(*rail.FrequencyArr, [](CVEKA_Frequency& band) { return Rows(  // Q7
+                Own(ByPosition(band.MinTarget, band.MaxTarget, band.Impedance)));
+            })),
+            Row("RLC", Within(RLCRows(*rail.RLC))),
+            Row("RL", Within(
+                Row("R", Last(rail.RL->ResisterValue)),
+                Row("L", Last(rail.RL->InductanceValue)))));
+        })));
+    });
 }
 
 CVEKA_PassiveValue* CVEK_AsciiParser::PASSIVEVALUEParser(CECadClsLvl* level) {
-    auto value = std::make_unique<CVEKA_PassiveValue>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "NOMINALVALUE") First(child, value->NominalValue);
-        else if (keyword == "SPICEMODEL") First(child, value->SpiceModel);
-        else if (keyword == "CURRENT") First(child, value->CurrentValue);
-        else if (keyword == "VOLTAGE") First(child, value->VoltageValue);
-        else if (keyword == "POWER") First(child, value->PowerValue);
-        else if (keyword == "MODELS") {
-            CVEKA_PassiveValueModels& models = *value->Models;
-            First(child, models.CurrentModelType);
-            for (CECadClsLvl* model : Children(child)) {
-                const CString& name = model->m_strName;
-                if (name == "RLC") ReadRLC(model, *models.RLC);
-                else if (name == "SPICE") First(model, models.SpiceFileName);
-                else if (name == "SPARAMETER") First(model, models.SParameterFileName);
-            }
-        }
-        else if (keyword == "PINPAIRS") {
-            for (CECadClsLvl* values : Children(child)) {
-                if (values->m_strName != "PAIR") continue;
-                auto pair = std::make_unique<CVEKA_PinPair>();
-                ByPosition(values, pair->PinPairFirst, pair->PinPairSecond);
-                value->PinPairArr->Add(std::move(pair));
-            }
-        }
-        else {
-            // The level's own name is the word for the type, and its last value is both numbers. That is required.
-            value->Type->Name = keyword;
-            Last(child, value->Type->Value1);
-            Last(child, value->Type->Value2);
-        }
-    }
-    return value.release();
+    return Read(*this, level, [](CVEKA_PassiveValue& value) { return Rows(
+        Row("NOMINALVALUE", First(value.NominalValue)),
+        Row("SPICEMODEL", First(value.SpiceModel)),
+        Row("CURRENT", First(value.CurrentValue)),
+        Row("VOLTAGE", First(value.VoltageValue)),
+        Row("POWER", First(value.PowerValue)),
+        Row("MODELS", Within(
+            Own(First(value.Models->CurrentModelType)),
+            Row("RLC", Within(RLCRows(*value.Models->RLC))),
+            Row("SPICE", First(value.Models->SpiceFileName)),
+            Row("SPARAMETER", First(value.Models->SParameterFileName)))),
+        Row("PINPAIRS", Within(
+            Row("PAIR", Element(*value.PinPairArr, [](CVEKA_PinPair& pair) { return Rows(
+                Own(ByPosition(pair.PinPairFirst, pair.PinPairSecond)));
+            })))),
+        // Q9: a level of any other name is the type. The last value of the level is both numbers.
+        Any(Within(
+            Own(Name(value.Type->Name)),
+            Own(Last(value.Type->Value1)),
+            Own(Last(value.Type->Value2)))));
+    });
 }
 
 CVEKA_ElectricalPinArray* CVEK_AsciiParser::ELECTRICALPINSParser(CECadClsLvl* level) {
-    auto pins = std::make_unique<CVEKA_ElectricalPinArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "EPIN") continue;
-        auto pin = std::make_unique<CVEKA_ElectricalPin>();
-        // "COMMENT" is no keyword here: the comments of a pin in a file are dropped. That is required.
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "NAME") Last(data, pin->Name);
-            else if (keyword == "SNAME") Last(data, pin->SignalName);
-            else if (keyword == "TYPE") Last(data, pin->Type);
-            else if (keyword == "PUPD") ByPosition(data, pin->SignalPU, pin->SignalPD);
-            else if (keyword == "INVERTER") Last(data, pin->InverterPinName);
-            else if (keyword == "DEVICEMODELTYPE") Last(data, pin->DeviceModelType);
-            else if (keyword == "DNAME") Last(data, pin->DName);
-            else if (keyword == "DRMODEL") pin->DriverModelName.Copy(data->m_aValues);
-            else if (keyword == "PKGPINMODELTYPE") Last(data, pin->PKGPinModelType);
-            else if (keyword == "PNAME") Last(data, pin->PName);
-            else if (keyword == "RCMODEL") Last(data, pin->RCModelName);
-            else if (keyword == "RLC") {
-                // By position, and what is not given becomes 0.
-                CVEKA_RLC rlc;
-                ByPosition(data, rlc.ResisterValue, rlc.InductanceValue, rlc.CapacitorValue);
-                *pin->RLC = rlc;
-            }
-            else if (keyword == "STUP") Last(data, pin->STUPName);
-            else if (keyword == "PORT") ByPosition(data, pin->INPort, pin->OUTPort);
-        }
-        pins->Add(std::move(pin));
-    }
-    return pins.release();
+    return Read(*this, level, [](CVEKA_ElectricalPinArray& pins) { return Rows(
+        // Q10: "COMMENT" is no keyword here, although a pin has a field for comments.
+        Row("EPIN", Element(pins, [](CVEKA_ElectricalPin& pin) { return Rows(
+            Row("NAME", Last(pin.Name)),
+            Row("SNAME", Last(pin.SignalName)),
+            Row("TYPE", Last(pin.Type)),
+            Row("PUPD", ByPosition(pin.SignalPU, pin.SignalPD)),
+            Row("INVERTER", Last(pin.InverterPinName)),
+            Row("DEVICEMODELTYPE", Last(pin.DeviceModelType)),
+            Row("DNAME", Last(pin.DName)),
+            Row("DRMODEL", NewList(pin.DriverModelName)),
+            Row("PKGPINMODELTYPE", Last(pin.PKGPinModelType)),
+            Row("PNAME", Last(pin.PName)),
+            Row("RCMODEL", Last(pin.RCModelName)),
+            Row("RLC", Replace(pin.RLC, [](CVEKA_RLC& rlc) { return Rows(
+                Own(ByPosition(rlc.ResisterValue, rlc.InductanceValue, rlc.CapacitorValue)));
+            })),
+            Row("STUP", Last(pin.STUPName)),
+            Row("PORT", ByPosition(pin.INPort, pin.OUTPort)));
+        })));
+    });
 }
 
 CVEKA_PinGroupArray* CVEK_AsciiParser::PINGROUPSParser(CECadClsLvl* level) {
-    auto groups = std::make_unique<CVEKA_PinGroupArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "PINGROUP") continue;
-        auto group = std::make_unique<CVEKA_PinGroup>();
-        First(child, group->GroupName);
-        for (INT_PTR i = 1; i < child->m_aValues.GetSize(); ++i) group->Name.Add(child->m_aValues[i]);
-        groups->Add(std::move(group));
-    }
-    return groups.release();
+    return Read(*this, level, [](CVEKA_PinGroupArray& groups) { return Rows(
+        Row("PINGROUP", Element(groups, [](CVEKA_PinGroup& group) { return Rows(
+            Own(ByPosition(group.GroupName, Rest(group.Name))));
+        })));
+    });
 }

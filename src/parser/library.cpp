@@ -1,247 +1,205 @@
 // The library beside the part: colours, fonts, pads, padstacks, footprints, pin shapes and partitions.
 
-#include "parser/CVEK_AsciiParser.h"
-#include "parser/ReadingForms.h"
+#include "model/library/CVEKA_ColorTable.h"
+#include "model/library/CVEKA_Font.h"
+#include "model/library/CVEKA_FootprintDB.h"
+#include "model/library/CVEKA_NSHAPE.h"
+#include "model/library/CVEKA_Pad.h"
+#include "model/library/CVEKA_PadStack.h"
+#include "model/library/CVEKA_PartitionDB.h"
+#include "parser/Rows.h"
 
 using namespace veka;
 
 namespace {
 
-/// A number that the file counts from 1 and the model from 0.
-struct FromOne {
-    int& field;
+// The forms of padstacks, which list the names of the pads that they use.
+
+/// The last name. All names are added to the list of the record.
+template <class Record>
+struct PadNames {
+    CString& field;
+    Record& record;
+    PadNames(CString& last, Record& user) : field(last), record(user) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        Last(field).Read(reader, from);
+        for (const CString& name : from.level->m_aValues) record.AddStandardizationPadName(name);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        Last(field).Describe(lister);
+    }
 };
-void Convert(const CString& value, FromOne number) noexcept {
-    number.field = static_cast<int>(static_cast<unsigned>(ToInt(value)) - 1u);
-}
+
+/// Q22: a layer replaces the field. The names of the layer are added to the list of the padstack, and stay in the list when
+/// a later layer replaces the field.
+struct Layer {
+    Owned<CVEKA_Padstack_LayerInfo>& field;
+    CVEKA_PadStack& stack;
+    Layer(Owned<CVEKA_Padstack_LayerInfo>& layer, CVEKA_PadStack& user) : field(layer), stack(user) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        const auto fresh = reader.New(&CVEK_AsciiParser::PadStack_LAYERInfoParser, from);
+        stack.AddStandardizationPadName(fresh.get());
+        *field = std::move(*fresh);
+    }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        Replace(field, &CVEK_AsciiParser::PadStack_LAYERInfoParser).Describe(lister);
+    }
+};
+
+/// As `Element`. The names of the padstack are added to the list of the array.
+template <class Make>
+struct PadStackElement : Element<CVEKA_PadStackArray, Make> {
+    using Element<CVEKA_PadStackArray, Make>::Element;
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        auto fresh = reader.New(this->make, from);
+        this->field.AddStandardizationPadName(fresh.get());
+        this->field.Add(std::move(fresh));
+    }
+};
+template <class Make>
+PadStackElement(CVEKA_PadStackArray&, Make) -> PadStackElement<Make>;
 
 }  // namespace
 
 CVEKA_ColorTableArray* CVEK_AsciiParser::COLORTABLEParser(CECadClsLvl* level) {
-    auto colors = std::make_unique<CVEKA_ColorTableArray>();
-    // Every child is a colour: its name is the number.
-    for (CECadClsLvl* child : Children(level)) {
-        auto color = std::make_unique<CVEKA_ColorTable>();
-        color->Index = ToInt(child->m_strName);
-        Color(child, *color->Color);
-        colors->Add(std::move(color));
-    }
-    return colors.release();
+    return Read(*this, level, [](CVEKA_ColorTableArray& colors) { return Rows(
+        // Every child is a colour, and its name is the number.
+        Any(Element(colors, [](CVEKA_ColorTable& color) { return Rows(
+            Own(Name(color.Index)),
+            Own(Color(*color.Color)));
+        })));
+    });
 }
 
 CVEKA_FontArray* CVEK_AsciiParser::FontLibParser(CECadClsLvl* level) {
-    auto fonts = std::make_unique<CVEKA_FontArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "FONT") continue;
-        auto font = std::make_unique<CVEKA_Font>();
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "ID") Last(data, font->FontID);
-            else if (keyword == "CHARWIDTH") Last(data, font->CharWidth);
-            else if (keyword == "CHARHEIGHT") Last(data, font->CharHeight);
-            else if (keyword == "CHARSPACE") Last(data, font->CharSpace);
-            else if (keyword == "LINESPACE") Last(data, font->LineSpace);
-            else if (keyword == "PENWIDTH") Last(data, font->PenWidth);
-            else if (keyword == "WINDOWFONTNAME") Last(data, font->WindowFontName);
-            else if (keyword == "WINDOWFONTSIZE") Last(data, font->WindowFontSize);
-        }
-        fonts->Add(std::move(font));
-    }
-    return fonts.release();
+    return Read(*this, level, [](CVEKA_FontArray& fonts) { return Rows(
+        Row("FONT", Element(fonts, [](CVEKA_Font& font) { return Rows(
+            Row("ID", Last(font.FontID)),
+            Row("CHARWIDTH", Last(font.CharWidth)),
+            Row("CHARHEIGHT", Last(font.CharHeight)),
+            Row("CHARSPACE", Last(font.CharSpace)),
+            Row("LINESPACE", Last(font.LineSpace)),
+            Row("PENWIDTH", Last(font.PenWidth)),
+            Row("WINDOWFONTNAME", Last(font.WindowFontName)),
+            Row("WINDOWFONTSIZE", Last(font.WindowFontSize)));
+        })));
+    });
 }
 
 CVEKA_PadArray* CVEK_AsciiParser::PADParser(CECadClsLvl* level) {
-    auto pads = std::make_unique<CVEKA_PadArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "PAD") continue;
-        auto pad = std::make_unique<CVEKA_Pad>();
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "PADNAME") Last(data, pad->PadName);
-            else if (keyword == "OFFSET") {
-                // The one place where the count must be exact.
-                if (data->m_aValues.GetSize() == 2) ByPosition(data, pad->OffsetX, pad->OffsetY);
-            }
-            // Everything else is taken for an object.
-            else Append(*pad->CamLayerDrawObjs, ObjectParser(data));
-        }
-        pads->Add(std::move(pad));
-    }
-    return pads.release();
+    return Read(*this, level, [](CVEKA_PadArray& pads) { return Rows(
+        Row("PAD", Element(pads, [](CVEKA_Pad& pad) { return Rows(
+            Row("PADNAME", Last(pad.PadName)),
+            Row("OFFSET", Exactly(pad.OffsetX, pad.OffsetY)),  // Q20
+            Any(Element(*pad.CamLayerDrawObjs, &CVEK_AsciiParser::ObjectParser)));
+        })));
+    });
 }
 
 CVEKA_PadStackArray* CVEK_AsciiParser::PadStackParser(CECadClsLvl* level) {
-    auto stacks = std::make_unique<CVEKA_PadStackArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "PADSTACK") continue;
-        auto stack = std::make_unique<CVEKA_PadStack>();
-        const auto takeLayer = [&](Owned<CVEKA_Padstack_LayerInfo>& field, CECadClsLvl* data) {
-            std::unique_ptr<CVEKA_Padstack_LayerInfo> layer(PadStack_LAYERInfoParser(data));
-            // The names of a layer that a later one replaces stay in the padstack's list.
-            stack->AddStandardizationPadName(layer.get());
-            Take(field, layer.release());
-        };
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "PADSTACKNAME") {
-                Last(data, stack->PadstackName);
-                for (const CString& name : data->m_aValues) stack->AddStandardizationPadName(name);
-            }
-            else if (keyword == "TYPE") Last(data, stack->Type);
-            else if (keyword == "DRILL") {
-                for (CECadClsLvl* drill : Children(data)) {
-                    const CString& name = drill->m_strName;
-                    if (name == "SHAPE") Last(drill, stack->Drill_ShapeName);
-                    else if (name == "PLATING") Last(drill, Flag{stack->Drill_Plating});
-                    else if (name == "PLATETHICKNESS") Last(drill, stack->Drill_PlateThickness);
-                }
-            }
-            else if (keyword == "TOP") takeLayer(stack->Top, data);
-            else if (keyword == "INNERSIGNAL") takeLayer(stack->InnerSignal, data);
-            else if (keyword == "INNERPLANE") takeLayer(stack->InnerPlane, data);
-            else if (keyword == "BOTTOM") takeLayer(stack->Bottom, data);
-        }
-        stacks->AddStandardizationPadName(stack.get());
-        stacks->Add(std::move(stack));
-    }
-    return stacks.release();
+    return Read(*this, level, [](CVEKA_PadStackArray& stacks) { return Rows(
+        Row("PADSTACK", PadStackElement(stacks, [](CVEKA_PadStack& stack) { return Rows(
+            Row("PADSTACKNAME", PadNames(stack.PadstackName, stack)),
+            Row("TYPE", Last(stack.Type)),
+            Row("DRILL", Within(
+                Row("SHAPE", Last(stack.Drill_ShapeName)),
+                Row("PLATING", Last(Flag(stack.Drill_Plating))),
+                Row("PLATETHICKNESS", Last(stack.Drill_PlateThickness)))),
+            Row("TOP", Layer(stack.Top, stack)),
+            Row("INNERSIGNAL", Layer(stack.InnerSignal, stack)),
+            Row("INNERPLANE", Layer(stack.InnerPlane, stack)),
+            Row("BOTTOM", Layer(stack.Bottom, stack)));
+        })));
+    });
 }
 
 CVEKA_Padstack_LayerInfo* CVEK_AsciiParser::PadStack_LAYERInfoParser(CECadClsLvl* level) {
-    auto layer = std::make_unique<CVEKA_Padstack_LayerInfo>();
-    // The field ends with the last name, and the list gets them all.
-    const auto readNames = [&](CECadClsLvl* child, CString& field) {
-        Last(child, field);
-        for (const CString& name : child->m_aValues) layer->AddStandardizationPadName(name);
-    };
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "CON") readNames(child, layer->Con);
-        else if (keyword == "UNCON") readNames(child, layer->UnCon);
-        else if (keyword == "ANTI") readNames(child, layer->Anti);
-        else if (keyword == "THERM") readNames(child, layer->Thermal);
-        else if (keyword == "TD") Last(child, Flag{layer->TearDrop});
-        else if (keyword == "SOLD") readNames(child, layer->Solder);
-        else if (keyword == "METL") readNames(child, layer->Metal);
-    }
-    return layer.release();
+    return Read(*this, level, [](CVEKA_Padstack_LayerInfo& layer) { return Rows(
+        Row("CON", PadNames(layer.Con, layer)),
+        Row("UNCON", PadNames(layer.UnCon, layer)),
+        Row("ANTI", PadNames(layer.Anti, layer)),
+        Row("THERM", PadNames(layer.Thermal, layer)),
+        Row("TD", Last(Flag(layer.TearDrop))),
+        Row("SOLD", PadNames(layer.Solder, layer)),
+        Row("METL", PadNames(layer.Metal, layer)));
+    });
 }
 
 CVEKA_FootprintDBArray* CVEK_AsciiParser::FOOTPRINTParser(CECadClsLvl* level) {
-    auto footprints = std::make_unique<CVEKA_FootprintDBArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "FOOTPRINT") continue;
-        auto footprint = std::make_unique<CVEKA_FootprintDB>();
-        bool keysRead = false;
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "FOOTPRINTNAME") Last(data, footprint->FootprintName);
-            // Each such level is a key itself. All are read together, so once is enough.
-            else if (keyword == "USGKEYS") { if (!std::exchange(keysRead, true)) Take(footprint->USGKeys, USGKeysParser(child)); }
-            else if (keyword == "MOUNTHEIGHT") Last(data, footprint->MountHeight);
-            else if (keyword == "OFFSET") Point(data, *footprint->Offset);
-            else if (keyword == "ROTATIONOFFSET") Last(data, footprint->RotationOffset);
-            else if (keyword == "FPINS") Take(footprint->FPins, FOOTPRINT_FPINSParser(data));
-            else if (keyword == "CAMLAYERS") Take(footprint->CAMLayers, FOOTPRINT_CAMLAYERSParser(data));
-        }
-        footprints->Add(std::move(footprint));
-    }
-    return footprints.release();
+    return Read(*this, level, [](CVEKA_FootprintDBArray& footprints) { return Rows(
+        Row("FOOTPRINT", Element(footprints, [](CVEKA_FootprintDB& footprint) { return Rows(
+            Row("FOOTPRINTNAME", Last(footprint.FootprintName)),
+            Row("USGKEYS", Element(*footprint.USGKeys, &CVEK_AsciiParser::USGKeyParser)),  // Q21
+            Row("MOUNTHEIGHT", Last(footprint.MountHeight)),
+            Row("OFFSET", Point(*footprint.Offset)),
+            Row("ROTATIONOFFSET", Last(footprint.RotationOffset)),
+            Row("FPINS", Replace(footprint.FPins, &CVEK_AsciiParser::FOOTPRINT_FPINSParser)),
+            Row("CAMLAYERS", Replace(footprint.CAMLayers, &CVEK_AsciiParser::FOOTPRINT_CAMLAYERSParser)));
+        })));
+    });
 }
 
 CVEKA_FootprintPinArray* CVEK_AsciiParser::FOOTPRINT_FPINSParser(CECadClsLvl* level) {
-    auto pins = std::make_unique<CVEKA_FootprintPinArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "FPIN") continue;
-        auto pin = std::make_unique<CVEKA_FootprintPin>();
-        if (child->m_aValues.GetSize() > 0) Convert(child->m_aValues[0], FromOne{pin->PinNo});
-        if (child->m_aValues.GetSize() > 1) pin->PinName = child->m_aValues[1];
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "LIBPADSTACK") Last(data, pin->LibPadstackName);
-            else if (keyword == "PT") Point(data, *pin->Point);
-            else if (keyword == "ROTATION") Last(data, pin->Rotation);
-        }
-        pins->Add(std::move(pin));
-    }
-    return pins.release();
+    return Read(*this, level, [](CVEKA_FootprintPinArray& pins) { return Rows(
+        Row("FPIN", Element(pins, [](CVEKA_FootprintPin& pin) { return Rows(
+            Own(ByPosition(FromOne(pin.PinNo), pin.PinName)),
+            Row("LIBPADSTACK", Last(pin.LibPadstackName)),
+            Row("PT", Point(*pin.Point)),
+            Row("ROTATION", Last(pin.Rotation)));
+        })));
+    });
 }
 
 CVEKA_CAMLayerArray* CVEK_AsciiParser::FOOTPRINT_CAMLAYERSParser(CECadClsLvl* level) {
-    auto layers = std::make_unique<CVEKA_CAMLayerArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "LAYER") continue;
-        auto layer = std::make_unique<CVEKA_CAMLayer>();
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "ANO") Last(data, layer->ArtworkLayerNo);
-            else if (keyword == "LNAME") Last(data, layer->LayerName);
-            // Everything else is taken for an object; an unknown one leaves a null that a copy drops.
-            else layer->CamLayerDrawObjs->Add(std::unique_ptr<CVEKA_3DObject>(ObjectParser(data)));
-        }
-        layers->Add(std::move(layer));
-    }
-    return layers.release();
+    return Read(*this, level, [](CVEKA_CAMLayerArray& layers) { return Rows(
+        Row("LAYER", Element(layers, [](CVEKA_CAMLayer& layer) { return Rows(
+            Row("ANO", Last(layer.ArtworkLayerNo)),
+            Row("LNAME", Last(layer.LayerName)),
+            Any(ElementOrNull(*layer.CamLayerDrawObjs, &CVEK_AsciiParser::ObjectParser)));  // Q18
+        })));
+    });
 }
 
 CVEKA_NSHAPE* CVEK_AsciiParser::NSHAPEParser(CECadClsLvl* level) {
-    auto shape = std::make_unique<CVEKA_NSHAPE>();
-    Last(level, shape->ShapeName);
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "PINBODYSHAPE") Take(shape->PinBodyShape, ObjectsParser(child));
-        else if (keyword == "PINCONNSHAPE") {
-            auto connection = std::make_unique<CVEKA_PinConnShape>();
-            ByPosition(child, connection->ShapeType, connection->Size);
-            for (CECadClsLvl* data : Children(child))
-                if (data->m_strName == "PT") Point(data, *connection->Point);
-            shape->PinConnShape->Add(std::move(connection));
-        }
-        else if (keyword == "PROPERTYLABELS") Take(shape->PropertyLabels, NSHAPE_PROPERTYLABELSParser(child));
-    }
-    return shape.release();
+    return Read(*this, level, [](CVEKA_NSHAPE& shape) { return Rows(
+        Own(Last(shape.ShapeName)),
+        Row("PINBODYSHAPE", Replace(shape.PinBodyShape, &CVEK_AsciiParser::ObjectsParser)),
+        Row("PINCONNSHAPE", Element(*shape.PinConnShape, [](CVEKA_PinConnShape& connection) { return Rows(
+            Own(ByPosition(connection.ShapeType, connection.Size)),
+            Row("PT", Point(*connection.Point)));
+        })),
+        Row("PROPERTYLABELS", Replace(shape.PropertyLabels, &CVEK_AsciiParser::NSHAPE_PROPERTYLABELSParser)));
+    });
 }
 
 CVEKA_PartitionDBArray* CVEK_AsciiParser::PARTITIONParser(CECadClsLvl* level) {
-    auto partitions = std::make_unique<CVEKA_PartitionDBArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "PARTITION") continue;
-        auto partition = std::make_unique<CVEKA_PartitionDB>();
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            // The same keyword again inside gives the name.
-            if (keyword == "PARTITION") Last(data, partition->PatitionName);
-            else if (keyword == "PARTITIONPINS") Take(partition->Pins, PARTITION_PARTITIONPINSParser(data));
-            else if (keyword == "BODYSHAPE") {
-                // An unknown object leaves a null that a copy drops.
-                for (CECadClsLvl* object : Children(data))
-                    partition->BodyShape->Add(std::unique_ptr<CVEKA_3DObject>(ObjectParser(object)));
-            }
-            else if (keyword == "COMMENT") Take(partition->Comment, COMMENTParser(data));
-        }
-        partitions->Add(std::move(partition));
-    }
-    return partitions.release();
+    return Read(*this, level, [](CVEKA_PartitionDBArray& partitions) { return Rows(
+        Row("PARTITION", Element(partitions, [](CVEKA_PartitionDB& partition) { return Rows(
+            Row("PARTITION", Last(partition.PatitionName)),  // Q14
+            Row("PARTITIONPINS", Replace(partition.Pins, &CVEK_AsciiParser::PARTITION_PARTITIONPINSParser)),
+            Row("BODYSHAPE", Within(
+                Any(ElementOrNull(*partition.BodyShape, &CVEK_AsciiParser::ObjectParser)))),  // Q18
+            Row("COMMENT", Replace(partition.Comment, &CVEK_AsciiParser::COMMENTParser)));
+        })));
+    });
 }
 
 CVEKA_PartitionDBPinArray* CVEK_AsciiParser::PARTITION_PARTITIONPINSParser(CECadClsLvl* level) {
-    auto pins = std::make_unique<CVEKA_PartitionDBPinArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "PARTITIONPIN") continue;
-        auto pin = std::make_unique<CVEKA_PartitionDBPin>();
-        if (child->m_aValues.GetSize() > 0) Convert(child->m_aValues[0], FromOne{pin->PartitionPinNo});
-        if (child->m_aValues.GetSize() > 1) pin->GatePinName = child->m_aValues[1];
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "LIBPIN") Last(data, pin->LibPinShapeName);
-            else if (keyword == "PT") Point(data, *pin->Point);
-            else if (keyword == "PROPERTYLABELS") Take(pin->PropertyLabels, PARTITION_PARTITIONPINS_PROPERTYLABELSParser(data));
-            else if (keyword == "COMMENT") Take(pin->Comment, COMMENTParser(data));
-            else if (keyword == "ROTATION") Last(data, pin->PinRotation);
-        }
-        // The objects stand among the other children of the pin.
-        Take(pin->CAMLayerDrawObjs, ObjectsParser(child));
-        pins->Add(std::move(pin));
-    }
-    return pins.release();
+    return Read(*this, level, [](CVEKA_PartitionDBPinArray& pins) { return Rows(
+        Row("PARTITIONPIN", Element(pins, [](CVEKA_PartitionDBPin& pin) { return Rows(
+            Own(ByPosition(FromOne(pin.PartitionPinNo), pin.GatePinName)),
+            // The objects are among the other children of the pin.
+            Own(Replace(pin.CAMLayerDrawObjs, &CVEK_AsciiParser::ObjectsParser)),
+            Row("LIBPIN", Last(pin.LibPinShapeName)),
+            Row("PT", Point(*pin.Point)),
+            Row("PROPERTYLABELS", Replace(pin.PropertyLabels, &CVEK_AsciiParser::PARTITION_PARTITIONPINS_PROPERTYLABELSParser)),
+            Row("COMMENT", Replace(pin.Comment, &CVEK_AsciiParser::COMMENTParser)),
+            Row("ROTATION", Last(pin.PinRotation)));
+        })));
+    });
 }

@@ -1,105 +1,73 @@
 // Logic symbols: their pins, partitions and property labels.
 
-#include "parser/CVEK_AsciiParser.h"
-#include "parser/CInvalidAccessException.h"
-#include "parser/ReadingForms.h"
+#include "model/logic/CVEKA_LogicSymbols.h"
+#include "parser/Rows.h"
 
 using namespace veka;
 
 CVEKA_LogicSymbols* CVEK_AsciiParser::LOGICSYMBOLSGParser(CECadClsLvl* level) {
-    auto symbols = std::make_unique<CVEKA_LogicSymbols>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "DEFAULTSYMBOL") Last(child, symbols->DefaultSymbolName);
-        else if (keyword == "LOGICPINLIBS") Take(symbols->LogicPinLibs, LOGICSYMBOLS_LOGICPINLIBSParser(child));
-        else if (keyword == "SYMBOL") Append(*symbols->Symbol, LOGICSYMBOLS_SYMBOLParser(child));
-    }
-    return symbols.release();
+    return Read(*this, level, [](CVEKA_LogicSymbols& symbols) { return Rows(
+        Row("DEFAULTSYMBOL", Last(symbols.DefaultSymbolName)),
+        Row("LOGICPINLIBS", Replace(symbols.LogicPinLibs, &CVEK_AsciiParser::LOGICSYMBOLS_LOGICPINLIBSParser)),
+        Row("SYMBOL", Element(*symbols.Symbol, &CVEK_AsciiParser::LOGICSYMBOLS_SYMBOLParser)));
+    });
 }
 
 CVEKA_LogicPinArray* CVEK_AsciiParser::LOGICSYMBOLS_LOGICPINLIBSParser(CECadClsLvl* level) {
-    auto pins = std::make_unique<CVEKA_LogicPinArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "LOGICPIN") continue;
-        auto pin = std::make_unique<CVEKA_LogicPin>();
-        ByPosition(child, pin->LogicPinNo, pin->LogicPinName, Flag{pin->UsedPin});
-        pins->Add(std::move(pin));
-    }
-    return pins.release();
+    return Read(*this, level, [](CVEKA_LogicPinArray& pins) { return Rows(
+        Row("LOGICPIN", Element(pins, [](CVEKA_LogicPin& pin) { return Rows(
+            Own(ByPosition(pin.LogicPinNo, pin.LogicPinName, Flag(pin.UsedPin))));
+        })));
+    });
 }
 
 CVEKA_Symbol* CVEK_AsciiParser::LOGICSYMBOLS_SYMBOLParser(CECadClsLvl* level) {
-    auto symbol = std::make_unique<CVEKA_Symbol>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "SYMBOLNAME") Last(child, symbol->SymbolName);
-        // The keys stand one level deeper: in levels of the same name.
-        else if (keyword == "USGKEYS") Take(symbol->USGKeys, USGKeysParser(child));
-        else if (keyword == "PARTITION") Append(*symbol->Partitions, LOGICSYMBOLS_SYMBOL_PARTITIONParser(child));
-        else if (keyword == "COMMENT") Take(symbol->CommentArr, COMMENTParser(child));
-    }
-    return symbol.release();
+    return Read(*this, level, [](CVEKA_Symbol& symbol) { return Rows(
+        Row("SYMBOLNAME", Last(symbol.SymbolName)),
+        // Q14: the keys are one level deeper, in levels of the same name.
+        Row("USGKEYS", Replace(symbol.USGKeys, &CVEK_AsciiParser::USGKeysParser)),
+        Row("PARTITION", Element(*symbol.Partitions, &CVEK_AsciiParser::LOGICSYMBOLS_SYMBOL_PARTITIONParser)),
+        Row("COMMENT", Replace(symbol.CommentArr, &CVEK_AsciiParser::COMMENTParser)));
+    });
 }
 
 CVEKA_Partition* CVEK_AsciiParser::LOGICSYMBOLS_SYMBOL_PARTITIONParser(CECadClsLvl* level) {
-    auto partition = std::make_unique<CVEKA_Partition>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "PARTITIONNAME") Last(child, partition->PatitionName);
-        else if (keyword == "LIBPARTITION") ByPosition(child, partition->LibPartitionName, partition->LibPartitionScale);
-        else if (keyword == "PARTITIONPINS") Take(partition->Pins, LOGICSYMBOLS_SYMBOL_PARTITION_PARTITIONPINSParser(child));
-        else if (keyword == "PROPERTYLABELS") Take(partition->PropertyLabels, LOGICSYMBOLS_SYMBOL_PARTITION_PROPERTYLABELSParser(child));
-        else if (keyword == "COMMENT") Take(partition->CommentArr, COMMENTParser(child));
-        else if (keyword == "BODYSHAPE") {
-            for (CECadClsLvl* object : Children(child)) Append(*partition->BodyShape, ObjectParser(object));
-        }
-    }
-    return partition.release();
+    return Read(*this, level, [](CVEKA_Partition& partition) { return Rows(
+        Row("PARTITIONNAME", Last(partition.PatitionName)),
+        Row("LIBPARTITION", ByPosition(partition.LibPartitionName, partition.LibPartitionScale)),
+        Row("PARTITIONPINS", Replace(partition.Pins, &CVEK_AsciiParser::LOGICSYMBOLS_SYMBOL_PARTITION_PARTITIONPINSParser)),
+        Row("PROPERTYLABELS", Replace(partition.PropertyLabels, &CVEK_AsciiParser::LOGICSYMBOLS_SYMBOL_PARTITION_PROPERTYLABELSParser)),
+        Row("COMMENT", Replace(partition.CommentArr, &CVEK_AsciiParser::COMMENTParser)),
+        Row("BODYSHAPE", Within(
+            Any(Element(*partition.BodyShape, &CVEK_AsciiParser::ObjectParser)))));
+    });
 }
 
 CVEKA_PartitionPinArray* CVEK_AsciiParser::LOGICSYMBOLS_SYMBOL_PARTITION_PARTITIONPINSParser(CECadClsLvl* level) {
-    auto pins = std::make_unique<CVEKA_PartitionPinArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "PARTITIONPIN") continue;
-        auto pin = std::make_unique<CVEKA_PartitionPin>();
-        ByPosition(child, pin->PinName, pin->GatePinName, pin->UsedPin);
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "NAMETEXT") ByPosition(data, pin->NameSize, pin->Justification);
-            else if (keyword == "LIBPIN") continue;  // known, and dropped
-            else if (keyword == "PT") Point(data, *pin->Point);
-            else if (keyword == "ROTATION") Last(data, pin->PinRotation);
-            // Everything else is taken for an object.
-            else Append(*pin->DrawObjs, ObjectParser(data));
-        }
-        pins->Add(std::move(pin));
-    }
-    return pins.release();
+    return Read(*this, level, [](CVEKA_PartitionPinArray& pins) { return Rows(
+        Row("PARTITIONPIN", Element(pins, [](CVEKA_PartitionPin& pin) { return Rows(
+            Own(ByPosition(pin.PinName, pin.GatePinName, pin.UsedPin)),
+            Row("NAMETEXT", ByPosition(pin.NameSize, pin.Justification)),
+            Known("LIBPIN"),  // Q19
+            Row("PT", Point(*pin.Point)),
+            Row("ROTATION", Last(pin.PinRotation)),
+            Any(Element(*pin.DrawObjs, &CVEK_AsciiParser::ObjectParser)));
+        })));
+    });
 }
 
 CVEKA_PropertyLabelArray* CVEK_AsciiParser::LOGICSYMBOLS_SYMBOL_PARTITION_PROPERTYLABELSParser(CECadClsLvl* level) {
-    auto labels = std::make_unique<CVEKA_PropertyLabelArray>();
-    INT_PTR position = -1;
-    for (CECadClsLvl* child : Children(level)) {
-        ++position;  // among the children of all names
-        if (child->m_strName != "PROPLABEL") continue;
-        auto label = std::make_unique<CVEKA_PropertyLabel>();
-        // A label reads one of its children alone: the one at the label's own position. That is required.
-        if (child->m_pChildren->GetSize() > 0) {
-            CECadClsLvl* data = child->m_pChildren->GetAt(position);
-            if (!data) throw CInvalidAccessException(child->m_strName, position);
-            const CString& keyword = data->m_strName;
-            if (keyword == "PROPERTY") First(data, label->Property);
-            else if (keyword == "PT") Point(data, *label->Point);
-            else if (keyword == "VISIBLE") First(data, Flag{label->Visible});
-            else if (keyword == "ROTATION") First(data, label->Rotation);
-            else if (keyword == "FID") First(data, label->FID);
-            else if (keyword == "JUSTIFY") First(data, label->Justify);
-            else if (keyword == "MIRROR") First(data, label->Mirror);
-        }
-        labels->Add(std::move(label));
-    }
-    return labels.release();
+    return Read(*this, level, [](CVEKA_PropertyLabelArray& labels) { return Rows(
+        Row("PROPLABEL", ElementByPlace(labels, [](CVEKA_PropertyLabel& label) { return Rows(  // Q13
+            Row("PROPERTY", First(label.Property)),
+            Row("PT", Point(*label.Point)),
+            Row("VISIBLE", First(Flag(label.Visible))),
+            Row("ROTATION", First(label.Rotation)),
+            Row("FID", First(label.FID)),
+            Row("JUSTIFY", First(label.Justify)),
+            Row("MIRROR", First(label.Mirror)));
+        })));
+    });
 }
 
 CVEKA_PropertyLabelArray* CVEK_AsciiParser::NSHAPE_PROPERTYLABELSParser(CECadClsLvl* level) {

@@ -1,15 +1,32 @@
-// Objects: their dispatch by level name, and the one reader that all kinds share.
+// Objects: the method of each kind, and the choice of the kind by the name of a level.
 
 #include <array>
 #include <string_view>
 
 #include "model/objects/Objects.h"
-#include "parser/CVEK_AsciiParser.h"
-#include "parser/ReadingForms.h"
+#include "parser/Rows.h"
 
 using namespace veka;
 
 namespace {
+
+/// What becomes of an object among others: it stays as it is.
+CVEKA_3DObject* AsElement(CVEKA_3DObject* object) {
+    return object;
+}
+/// Q23: a wrap-around end becomes a flat lead. Its height becomes the thickness, and its own thickness is lost.
+CVEKA_3DObject* AsElement(CVEKA_3DOJ_WRAPAROUND* object) {
+    const std::unique_ptr<CVEKA_3DOJ_WRAPAROUND> end(object);
+    auto flat = std::make_unique<CVEKA_3DOJ_FLAT>();
+    flat->W = end->W;
+    flat->L = end->L;
+    flat->T = end->H;
+    flat->SetRotation(end->GetRotation());
+    flat->SetMirror(end->GetMirror());
+    flat->SetColor(end->GetColor());
+    flat->SetPoint(end->GetPoint());
+    return flat.release();
+}
 
 using KindMethod = CVEKA_3DObject* (*)(CVEK_AsciiParser& parser, CECadClsLvl* level);
 
@@ -20,7 +37,7 @@ struct KindEntry {
 
 constexpr std::array kKinds{
 #define VEKA_ENTRY(Level, Method, Class) \
-    KindEntry{Level, [](CVEK_AsciiParser& parser, CECadClsLvl* level) -> CVEKA_3DObject* { return parser.Method(level); }},
+    KindEntry{Level, [](CVEK_AsciiParser& parser, CECadClsLvl* level) -> CVEKA_3DObject* { return AsElement(parser.Method(level)); }},
     VEKA_OBJECT_KINDS(VEKA_ENTRY)
 #undef VEKA_ENTRY
 };
@@ -33,14 +50,14 @@ constexpr size_t LongestName() {
     return longest;
 }
 
-/// First slot of a name.
+/// The first slot to look for a name in.
 constexpr size_t Slot(std::string_view name) {
     std::uint32_t hash = 2166136261u;
     for (const char c : name) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619u;
     return (hash ^ (hash >> 15)) % kSlots;
 }
 
-/// The kinds by their names; a name whose slot is taken stands in the next free one.
+/// The kinds by their names. A name whose slot is taken is in the next slot that is free.
 constexpr std::array<KindEntry, kSlots> MakeTable() {
     std::array<KindEntry, kSlots> table{};
     for (const KindEntry& kind : kKinds) {
@@ -52,7 +69,7 @@ constexpr std::array<KindEntry, kSlots> MakeTable() {
 }
 constexpr std::array<KindEntry, kSlots> kTable = MakeTable();
 
-/// The method of a level name, or null; its cost depends neither on the number of kinds nor on a long name.
+/// The method of a level name, or null. The cost depends neither on the number of kinds nor on the length of the name.
 KindMethod FindKind(std::string_view name) {
     if (name.size() > LongestName()) return nullptr;
     for (size_t slot = Slot(name); kTable[slot].method; slot = (slot + 1) % kSlots)
@@ -60,140 +77,153 @@ KindMethod FindKind(std::string_view name) {
     return nullptr;
 }
 
-void ReadValue(CVEK_AsciiParser&, CECadClsLvl* child, double& field) { Last(child, field); }
-void ReadValue(CVEK_AsciiParser&, CECadClsLvl* child, int& field) { Last(child, field); }
-void ReadValue(CVEK_AsciiParser&, CECadClsLvl* child, CString& field) { Last(child, field); }
-void ReadValue(CVEK_AsciiParser&, CECadClsLvl* child, Owned<CVEKA_Coordinate>& field) { Point(child, *field); }
-void ReadValue(CVEK_AsciiParser& parser, CECadClsLvl* child, Owned<CVEKA_3DObjectArray>& field) {
-    Take(field, parser.ObjectsParser(child));
+// The rows of an object's field, by what the model's row says on the keyword; see `ObjectRows.h`.
+
+/// Q26: a flag that the number 1 sets.
+struct IsOne {
+    bool& field;
+    explicit IsOne(bool& flag) : field(flag) {}
+};
+void Convert(const CString& value, IsOne flag) noexcept {
+    flag.field = ToInt(value) == 1;
 }
 
-void AppendObject(CVEK_AsciiParser& parser, Owned<CVEKA_3DObjectArray>& field, CECadClsLvl* child) {
-    field->Add(std::unique_ptr<CVEKA_3DObject>(parser.ObjectParser(child)));
+/// Q26: a flag that "FALSE" clears and no word sets.
+struct ClearedByFalse {
+    int& field;
+    explicit ClearedByFalse(int& flag) : field(flag) {}
+};
+void Convert(const CString& value, ClearedByFalse flag) noexcept {
+    if (value == "FALSE") flag.field = 0;
 }
 
-/// One child of an object level: what the rows of the object's kind are tried on.
-struct Member {
-    CVEK_AsciiParser& parser;
-    CECadClsLvl* child;
-    int place;  // among the children of the object
-    bool taken = false;
+template <class Member, class Form>
+using FieldRow = ObjectField<Member, Form>;
 
-    const CString& Name() const { return child->m_strName; }
+template <class Member>
+auto RowOf(const FieldRow<Member, form::Keyword>& row, double& field) { return Row(row.name, Last(field)); }
+template <class Member>
+auto RowOf(const FieldRow<Member, form::Keyword>& row, int& field) { return Row(row.name, Last(field)); }
+template <class Member>
+auto RowOf(const FieldRow<Member, form::Keyword>& row, CString& field) { return Row(row.name, Last(field)); }
+template <class Member>
+auto RowOf(const FieldRow<Member, form::Keyword>& row, Owned<CVEKA_Coordinate>& field) { return Row(row.name, Point(*field)); }
+template <class Member>
+auto RowOf(const FieldRow<Member, form::Keyword>& row, Owned<CVEKA_3DObjectArray>& field) {
+    return Row(row.name, Replace(field, &CVEK_AsciiParser::ObjectsParser));
+}
+template <class Member>
+auto RowOf(const FieldRow<Member, form::KeywordOr>& row, double& field) {
+    return Rows(Row(row.name, Last(field)), Row(row.form.other, Last(field)));
+}
+template <class Member>
+auto RowOf(const FieldRow<Member, form::NumberFlag>& row, bool& field) { return Row(row.name, Last(IsOne(field))); }
+template <class Member>
+auto RowOf(const FieldRow<Member, form::WordFlag>& row, int& field) { return Row(row.name, Last(Flag(field))); }
+template <class Member>
+auto RowOf(const FieldRow<Member, form::ClearedBy>& row, int& field) {
+    return Row(row.form.keyword, Each(ClearedByFalse(field)));
+}
+template <class Member>
+auto RowOf(const FieldRow<Member, form::Place>& row, Owned<CVEKA_Coordinate>& field) {
+    return AtPlace("PT", row.form.place, Point(*field));
+}
+template <class Member>
+auto RowOf(const FieldRow<Member, form::Elements>& row, Owned<CVEKA_3DObjectArray>& field) {
+    return Row(row.name, Within(Any(ElementOrNull(*field, &CVEK_AsciiParser::ObjectParser))));
+}
+template <class Member>
+auto RowOf(const FieldRow<Member, form::OtherChildren>&, Owned<CVEKA_3DObjectArray>& field) {
+    return Any(ElementOrNull(*field, &CVEK_AsciiParser::ObjectParser));
+}
+template <class Member>
+auto RowOf(const FieldRow<Member, form::EveryChildAsList>&, Owned<CVEKA_3DObjectArray>& field) {
+    return Any(Replace(field, &CVEK_AsciiParser::ObjectsParser));
+}
 
-    /// Tries a row of the object, on the field that it stands for.
-    template <class Row, class Field>
-    [[gnu::always_inline]] void operator()(const Row& row, Field& field) {
-        Try(row.name, row.form, field);
+/// Tries the row of one field after another on a child of an object.
+template <class Reader>
+struct FieldTry {
+    const Reader& reader;
+    const Source& child;
+    bool found = false;
+    bool hasPlaces = false;
+    template <class Description, class Field>
+    [[gnu::always_inline]] void operator()(const Description& row, Field& field) {
+        found = found || RowOf(row, field).Try(reader, child);
+        hasPlaces = hasPlaces || std::is_same_v<decltype(row.form), form::Place>;
     }
+};
 
-    // Each form takes the child if it is its own. Inline where there is a keyword, which is then compared as
-    // two numbers.
-    template <class Field>
-    [[gnu::always_inline]] void Try(const char* name, form::Keyword, Field& field) {
-        if (taken || Name() != name) return;
-        ReadValue(parser, child, field);
-        taken = true;
+/// The rows of a kind's own fields, in their order.
+template <class Kind>
+struct KindRows : ChildRow {
+    Kind& object;
+    explicit KindRows(Kind& one) : object(one) {}
+    template <class Reader>
+    [[gnu::always_inline]] bool Try(const Reader& reader, const Source& child) const {
+        FieldTry<Reader> fields{reader, child};
+        FieldAccess::ForEachOwn(object, fields);
+        // Q24: a kind with places knows points at other places, and does not read them.
+        return fields.found || (fields.hasPlaces && child.level->m_strName == "PT");
     }
-    [[gnu::always_inline]] void Try(const char* name, form::KeywordOr form, double& field) {
-        Try(name, form::Keyword(), field);
-        Try(form.other, form::Keyword(), field);
-    }
-    [[gnu::always_inline]] void Try(const char* name, form::NumberFlag, bool& field) {
-        int number = field;
-        Try(name, form::Keyword(), number);
-        field = number == 1;
-    }
-    [[gnu::always_inline]] void Try(const char* name, form::WordFlag, int& field) {
-        if (taken || Name() != name) return;
-        Last(child, Flag{field});
-        taken = true;
-    }
-    [[gnu::always_inline]] void Try(const char*, form::ClearedBy form, int& field) {
-        if (taken || Name() != form.keyword) return;
-        for (const CString& value : child->m_aValues)
-            if (value == "FALSE") field = 0;
-        taken = true;
-    }
-    // A point at a place of no row is taken and ignored, so each of these rows looks at each point.
-    void Try(const char*, form::Place form, Owned<CVEKA_Coordinate>& field) {
-        if (Name() != "PT") return;
-        if (form.place == place) Point(child, *field);
-        taken = true;
-    }
-    [[gnu::always_inline]] void Try(const char* name, form::Elements, Owned<CVEKA_3DObjectArray>& field) {
-        if (taken || Name() != name) return;
-        for (CECadClsLvl* element : Children(child)) AppendObject(parser, field, element);
-        taken = true;
-    }
-    void Try(const char*, form::OtherChildren, Owned<CVEKA_3DObjectArray>& field) {
-        if (taken) return;
-        AppendObject(parser, field, child);
-        taken = true;
-    }
-    void Try(const char*, form::EveryChildAsList, Owned<CVEKA_3DObjectArray>& field) {
-        Take(field, parser.ObjectsParser(child));
-        taken = true;
-    }
+};
 
-    // The keywords of the bases, behind those of the kind.
-    void TryBase(CVEKA_3DObject&) {}
-    void TryBase(CVEKA_3DOJ_AxisPivot& object) {
-        if (Name() == "ROTATE") {
-            CVEKA_Coordinate degrees;
-            Point(child, degrees);
-            object.SetRotation(&degrees, true);
-        }
-        else if (Name() == "FRONT") Point(child, *object.GetFront());
-        else if (Name() == "UP") Point(child, *object.GetUp());
-        else if (Name() == "COLOR") Color(child, *object.GetColor());
-        else if (Name() == "PIVOT") Point(child, *object.GetPivot());
-        else if (Name() == "PT") Point(child, *object.GetPoint());
+/// Q27: a rotation in degrees overwrites the directions.
+struct Rotate {
+    CVEKA_3DOJ_AxisPivot& solid;
+    explicit Rotate(CVEKA_3DOJ_AxisPivot& object) : solid(object) {}
+    template <class Reader>
+    void Read(const Reader& reader, const Source& from) const {
+        CVEKA_Coordinate degrees;
+        Point(degrees).Read(reader, from);
+        solid.SetRotation(&degrees, true);
     }
-    void TryBase(CVEKA_3DOJ_RotMirror& object) {
-        if (Name() == "ROTATION") Point(child, *object.GetRotation());
-        else if (Name() == "MIRROR") {
-            CString mirror = object.GetMirror();
-            Last(child, mirror);
-            object.SetMirror(mirror);
-        }
-        else if (Name() == "COLOR") Color(child, *object.GetColor());
-        else if (Name() == "PT") Point(child, *object.GetPoint());
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        Point(*solid.GetRotate()).Describe(lister);
     }
 };
 
 }  // namespace
 
-template <class Kind>
-Kind* CVEK_AsciiParser::KindParser(CECadClsLvl* level) {
-    auto object = std::make_unique<Kind>();
-    int place = 0;
-    for (CECadClsLvl* child : Children(level)) {
-        Member member{*this, child, place++};
-        FieldAccess::ForEachOwn(*object, member);
-        if (!member.taken) member.TryBase(*object);
-    }
-    return object.release();
+// The rows of the bases. They come after those of the kind.
+
+inline auto CVEK_AsciiParser::BaseRows(CVEKA_3DObject&) {
+    return Rows();
+}
+inline auto CVEK_AsciiParser::BaseRows(CVEKA_3DOJ_AxisPivot& solid) {
+    return Rows(
+        Row("ROTATE", Rotate(solid)),
+        Row("FRONT", Point(*solid.GetFront())),
+        Row("UP", Point(*solid.GetUp())),
+        Row("COLOR", Color(*solid.GetColor())),
+        Row("PIVOT", Point(*solid.GetPivot())),
+        Row("PT", Point(*solid.GetPoint())));
+}
+inline auto CVEK_AsciiParser::BaseRows(CVEKA_3DOJ_RotMirror& lead) {
+    return Rows(
+        Row("ROTATION", Point(*lead.GetRotation())),
+        Row("MIRROR", Last(lead.Mirror)),
+        Row("COLOR", Color(*lead.GetColor())),
+        Row("PT", Point(*lead.GetPoint())));
 }
 
-// A user-defined lead holds its objects two levels down.
+template <class Kind>
+Kind* CVEK_AsciiParser::KindParser(CECadClsLvl* level) {
+    return Read(*this, level, [](Kind& object) { return Rows(KindRows<Kind>(object), BaseRows(object)); });
+}
+
+// A user-defined lead has its objects two levels deeper.
 template <>
 CVEKA_3DOJ_USERDEFINED* CVEK_AsciiParser::KindParser<CVEKA_3DOJ_USERDEFINED>(CECadClsLvl* level) {
-    auto object = std::make_unique<CVEKA_3DOJ_USERDEFINED>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "MAINSHAPE") Take(object->DrawObj, ObjectsParser(child));
-        else if (keyword == "LEADSHAPE") {
-            for (CECadClsLvl* lead : Children(child))
-                if (lead->m_strName == "LEAD") Take(object->Lead, ObjectsParser(lead));
-        }
-        else if (keyword == "METALMASKSHAPE") {
-            for (CECadClsLvl* data : Children(child))
-                if (data->m_strName == "METALMASKSHAPEDATA")
-                    object->AddMetalMaskShape(KindParser<CVEKA_3DOJ_METAKMASKSHAPE>(data));
-        }
-    }
-    return object.release();
+    return Read(*this, level, [](CVEKA_3DOJ_USERDEFINED& lead) { return Rows(
+        Row("MAINSHAPE", Replace(lead.DrawObj, &CVEK_AsciiParser::ObjectsParser)),
+        Row("LEADSHAPE", Within(
+            Row("LEAD", Replace(lead.Lead, &CVEK_AsciiParser::ObjectsParser)))),
+        Row("METALMASKSHAPE", Within(
+            Row("METALMASKSHAPEDATA", Element(*lead.MetalMaskShapes, &CVEK_AsciiParser::KindParser<CVEKA_3DOJ_METAKMASKSHAPE>)))));
+    });
 }
 
 #define VEKA_DEFINE(Level, Method, Class) \
@@ -202,27 +232,12 @@ VEKA_OBJECT_KINDS(VEKA_DEFINE)
 #undef VEKA_DEFINE
 
 CVEKA_3DObjectArray* CVEK_AsciiParser::ObjectsParser(CECadClsLvl* level) {
-    auto objects = std::make_unique<CVEKA_3DObjectArray>();
-    for (CECadClsLvl* child : Children(level)) veka::Append(*objects, ObjectParser(child));
-    return objects.release();
+    return Read(*this, level, [](CVEKA_3DObjectArray& objects) { return Rows(
+        Any(Element(objects, &CVEK_AsciiParser::ObjectParser)));
+    });
 }
 
 CVEKA_3DObject* CVEK_AsciiParser::ObjectParser(CECadClsLvl* level) {
     const KindMethod method = FindKind(level->m_strName.View());
-    if (!method) return nullptr;
-    std::unique_ptr<CVEKA_3DObject> object(method(*this, level));
-    // A wrap-around end becomes a flat lead; its height lands in the thickness, and its own thickness is lost.
-    if (object->GetType() == 33) {
-        const auto& end = static_cast<const CVEKA_3DOJ_WRAPAROUND&>(*object);
-        auto flat = std::make_unique<CVEKA_3DOJ_FLAT>();
-        flat->W = end.W;
-        flat->L = end.L;
-        flat->T = end.H;
-        flat->SetRotation(end.GetRotation());
-        flat->SetMirror(end.GetMirror());
-        flat->SetColor(end.GetColor());
-        flat->SetPoint(end.GetPoint());
-        object = std::move(flat);
-    }
-    return object.release();
+    return method ? method(*this, level) : nullptr;
 }

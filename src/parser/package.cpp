@@ -1,181 +1,124 @@
 // Packages: what they share, and each with its body, mount data and pins.
 
-#include "parser/CVEK_AsciiParser.h"
-#include "parser/CInvalidAccessException.h"
-#include "parser/ReadingForms.h"
+#include "model/package/CVEKA_Packages.h"
+#include "parser/Rows.h"
 
 using namespace veka;
 
 CVEKA_Packages* CVEK_AsciiParser::PACKAGESParser(CECadClsLvl* level) {
-    auto packages = std::make_unique<CVEKA_Packages>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "DEFAULTPACKAGE") Last(child, packages->DefaultPackageName);
-        else if (keyword == "BODYMATERIAL") Last(child, packages->BodyMaterialName);
-        else if (keyword == "WEIGHT") Last(child, packages->Weight);
-        else if (keyword == "DEFAULTPARTHEIGHT") Last(child, packages->DefaultPartHeight);
-        else if (keyword == "DEFAULTMOUNTHEIGHT") Last(child, packages->DefaultMountHeight);
-        else if (keyword == "THERMAL") Take(packages->Thermal, PACKAGES_THERMALParser(child));
-        else if (keyword == "COLOR") Take(packages->Color, PACKAGES_COLORParser(child));
-        else if (keyword == "FOOTPRINTSPEC") Take(packages->FootprintSpec, PACKAGES_FOOTPRINTSPECParser(child));
-        else if (keyword == "PACKAGE") Append(*packages->PackageArr, PACKAGES_PACKAGEParser(child));
-    }
-    return packages.release();
+    return Read(*this, level, [](CVEKA_Packages& packages) { return Rows(
+        Row("DEFAULTPACKAGE", Last(packages.DefaultPackageName)),
+        Row("BODYMATERIAL", Last(packages.BodyMaterialName)),
+        Row("WEIGHT", Last(packages.Weight)),
+        Row("DEFAULTPARTHEIGHT", Last(packages.DefaultPartHeight)),
+        Row("DEFAULTMOUNTHEIGHT", Last(packages.DefaultMountHeight)),
+        Row("THERMAL", Replace(packages.Thermal, &CVEK_AsciiParser::PACKAGES_THERMALParser)),
+        Row("COLOR", Replace(packages.Color, &CVEK_AsciiParser::PACKAGES_COLORParser)),
+        Row("FOOTPRINTSPEC", Replace(packages.FootprintSpec, &CVEK_AsciiParser::PACKAGES_FOOTPRINTSPECParser)),
+        Row("PACKAGE", Element(*packages.PackageArr, &CVEK_AsciiParser::PACKAGES_PACKAGEParser)));
+    });
 }
 
 CVEKA_Thermal* CVEK_AsciiParser::PACKAGES_THERMALParser(CECadClsLvl* level) {
-    auto thermal = std::make_unique<CVEKA_Thermal>();
-    CVEKA_OperatingTemperature& temperature = *thermal->OperatingTemperature;
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "MAXPOWER") Last(child, thermal->MaxPower);
-        else if (keyword == "OPERATINGTEMPERATURE") ByPosition(child, temperature.FirstValue, temperature.SecondValue);
-        else if (keyword == "RADIATIONEMISSIVITY") Last(child, thermal->RadiationEmissivity);
-        else if (keyword == "MODEL") Take(thermal->Model, PACKAGES_THERMAL_MODELParser(child));
-    }
-    return thermal.release();
+    return Read(*this, level, [](CVEKA_Thermal& thermal) { return Rows(
+        Row("MAXPOWER", Last(thermal.MaxPower)),
+        Row("OPERATINGTEMPERATURE", ByPosition(thermal.OperatingTemperature->FirstValue, thermal.OperatingTemperature->SecondValue)),  // Q6
+        Row("RADIATIONEMISSIVITY", Last(thermal.RadiationEmissivity)),
+        Row("MODEL", Replace(thermal.Model, &CVEK_AsciiParser::PACKAGES_THERMAL_MODELParser)));
+    });
 }
 
 CVEKA_ThermalModel* CVEK_AsciiParser::PACKAGES_THERMAL_MODELParser(CECadClsLvl* level) {
-    auto model = std::make_unique<CVEKA_ThermalModel>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "SIMPLE") ByPosition(child, model->Simple->JC, model->Simple->JB);
-        else if (keyword == "DELPHI") {
-            // The plural stands for one node.
-            for (CECadClsLvl* nodes : Children(child)) {
-                if (nodes->m_strName != "NODES") continue;
-                auto node = std::make_unique<CVEKA_Node>();
-                ByPosition(nodes, node->FirstNodeName, node->SecondNodeName, node->ThermalResistance);
-                model->Delphi->Nodes->Add(std::move(node));
-            }
-        }
-    }
-    return model.release();
+    return Read(*this, level, [](CVEKA_ThermalModel& model) { return Rows(
+        Row("SIMPLE", ByPosition(model.Simple->JC, model.Simple->JB)),
+        Row("DELPHI", Within(
+            // Each level is one node, although its name is a plural.
+            Row("NODES", Element(*model.Delphi->Nodes, [](CVEKA_Node& node) { return Rows(
+                Own(ByPosition(node.FirstNodeName, node.SecondNodeName, node.ThermalResistance)));
+            })))));
+    });
 }
 
 CVEKA_PKG_Color* CVEK_AsciiParser::PACKAGES_COLORParser(CECadClsLvl* level) {
-    auto colors = std::make_unique<CVEKA_PKG_Color>();
-    // In place: a later level with fewer values changes only those that it gives.
-    const auto read = [](CECadClsLvl* child, CVEKA_Color& color) {
-        ByPosition(child, color.Red, color.Green, color.Blue);
-    };
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "BODY") read(child, *colors->BodyColor);
-        else if (keyword == "LEAD") read(child, *colors->LeadColor);
-        else if (keyword == "FLAGPIN") read(child, *colors->FlagPinColor);
-        else if (keyword == "MECHANICALPIN") read(child, *colors->MechanicalPinColor);
-    }
-    return colors.release();
+    return Read(*this, level, [](CVEKA_PKG_Color& color) {
+        const auto inPlace = [](CVEKA_Color& one) { return ByPosition(one.Red, one.Green, one.Blue); };  // Q6
+        return Rows(
+            Row("BODY", inPlace(*color.BodyColor)),
+            Row("LEAD", inPlace(*color.LeadColor)),
+            Row("FLAGPIN", inPlace(*color.FlagPinColor)),
+            Row("MECHANICALPIN", inPlace(*color.MechanicalPinColor)));
+    });
 }
 
 CVEKA_FootprintSpec* CVEK_AsciiParser::PACKAGES_FOOTPRINTSPECParser(CECadClsLvl* level) {
-    auto spec = std::make_unique<CVEKA_FootprintSpec>();
-    const auto read = [](CECadClsLvl* child, CVEKA_MinMax& range) { ByPosition(child, range.Min, range.Max); };
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "TOE") read(child, *spec->Toe);
-        else if (keyword == "HEEL") read(child, *spec->Heel);
-        else if (keyword == "SIDE") read(child, *spec->Side);
-        else if (keyword == "MOUNTHEIGHT") read(child, *spec->MountHeight);
-    }
-    return spec.release();
+    return Read(*this, level, [](CVEKA_FootprintSpec& spec) { return Rows(
+        Row("TOE", ByPosition(spec.Toe->Min, spec.Toe->Max)),
+        Row("HEEL", ByPosition(spec.Heel->Min, spec.Heel->Max)),
+        Row("SIDE", ByPosition(spec.Side->Min, spec.Side->Max)),
+        Row("MOUNTHEIGHT", ByPosition(spec.MountHeight->Min, spec.MountHeight->Max)));
+    });
 }
 
 CVEKA_Package* CVEK_AsciiParser::PACKAGES_PACKAGEParser(CECadClsLvl* level) {
-    auto package = std::make_unique<CVEKA_Package>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "NAME") Last(child, package->Name);
-        else if (keyword == "DEFAULTFOOTPRINT") Last(child, package->DefaultFootprintName);
-        else if (keyword == "STEP") Last(child, package->StepFileName);
-        // The keys stand one level deeper: in a level of the same name.
-        else if (keyword == "USGKEYS") Take(package->USGKeys, USGKeysParser(child));
-        else if (keyword == "MOUNTDATA") Take(package->MountData, PACKAGES_PACKAGE_MOUNTDATAParser(child));
-        else if (keyword == "BODYGEOMETRY") Take(package->BodyGeometry, PACKAGES_PACKAGE_BODYGEOMETRYParser(child));
-        else if (keyword == "MARKINGGEOMETRIES") Take(package->MarkingGeometries, PACKAGES_PACKAGE_MARKINGGEOMETRIESParser(child));
-        else if (keyword == "PKGPINS") Take(package->PKGPins, PACKAGES_PACKAGE_PKGPINSParser(child));
-        else if (keyword == "MECHANICALPINS") Take(package->MechanicalPins, PACKAGES_PACKAGE_MECHANICALPINSParser(child));
-        else if (keyword == "FOOTPRINTS") Take(package->Footprints, PACKAGES_PACKAGE_FOOTPRINTSParser(child));
-    }
-    return package.release();
+    return Read(*this, level, [](CVEKA_Package& package) { return Rows(
+        Row("NAME", Last(package.Name)),
+        Row("DEFAULTFOOTPRINT", Last(package.DefaultFootprintName)),
+        Row("STEP", Last(package.StepFileName)),
+        // Q14: the keys are one level deeper, in levels of the same name.
+        Row("USGKEYS", Replace(package.USGKeys, &CVEK_AsciiParser::USGKeysParser)),
+        Row("MOUNTDATA", Replace(package.MountData, &CVEK_AsciiParser::PACKAGES_PACKAGE_MOUNTDATAParser)),
+        Row("BODYGEOMETRY", Replace(package.BodyGeometry, &CVEK_AsciiParser::PACKAGES_PACKAGE_BODYGEOMETRYParser)),
+        Row("MARKINGGEOMETRIES", Replace(package.MarkingGeometries, &CVEK_AsciiParser::PACKAGES_PACKAGE_MARKINGGEOMETRIESParser)),
+        Row("PKGPINS", Replace(package.PKGPins, &CVEK_AsciiParser::PACKAGES_PACKAGE_PKGPINSParser)),
+        Row("MECHANICALPINS", Replace(package.MechanicalPins, &CVEK_AsciiParser::PACKAGES_PACKAGE_MECHANICALPINSParser)),
+        Row("FOOTPRINTS", Replace(package.Footprints, &CVEK_AsciiParser::PACKAGES_PACKAGE_FOOTPRINTSParser)));
+    });
 }
 
 CVEKA_BodyGeometry* CVEK_AsciiParser::PACKAGES_PACKAGE_BODYGEOMETRYParser(CECadClsLvl* level) {
-    auto body = std::make_unique<CVEKA_BodyGeometry>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "STEP") Last(child, body->StepFileName);
-        else if (keyword == "BODYSHAPE") {
-            for (CECadClsLvl* object : Children(child)) Append(*body->Objects3D, ObjectParser(object));
-        }
-    }
-    return body.release();
+    return Read(*this, level, [](CVEKA_BodyGeometry& body) { return Rows(
+        Row("STEP", Last(body.StepFileName)),
+        Row("BODYSHAPE", Within(
+            Any(Element(*body.Objects3D, &CVEK_AsciiParser::ObjectParser)))));
+    });
 }
 
 CVEKA_MarkingGeometries* CVEK_AsciiParser::PACKAGES_PACKAGE_MARKINGGEOMETRIESParser(CECadClsLvl* level) {
-    auto marking = std::make_unique<CVEKA_MarkingGeometries>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName == "VISIBLE") Last(child, Flag{marking->Visible});
-        // Every other child is taken for an object; an unknown one leaves a null that a copy drops.
-        else marking->Objects3D->Add(std::unique_ptr<CVEKA_3DObject>(ObjectParser(child)));
-    }
-    return marking.release();
+    return Read(*this, level, [](CVEKA_MarkingGeometries& marking) { return Rows(
+        Row("VISIBLE", Last(Flag(marking.Visible))),
+        Any(ElementOrNull(*marking.Objects3D, &CVEK_AsciiParser::ObjectParser)));  // Q18
+    });
 }
 
 CVEKA_PackagePinArray* CVEK_AsciiParser::PACKAGES_PACKAGE_PKGPINSParser(CECadClsLvl* level) {
-    auto pins = std::make_unique<CVEKA_PackagePinArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "PKGPIN") continue;
-        auto pin = std::make_unique<CVEKA_PackagePin>();
-        Last(child, pin->PKGPinName);
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "PT") Point(data, *pin->Point);
-            else if (keyword == "ROTATION") Last(data, pin->Rotation);
-            // Whatever the level holds, it is the pin's own values that are read. That is required.
-            else if (keyword == "STEP") Last(child, pin->StepFileName);
-            else if (keyword == "LEAD") Take(pin->Objects3D, ObjectsParser(data));
-        }
-        pins->Add(std::move(pin));
-    }
-    return pins.release();
+    return Read(*this, level, [](CVEKA_PackagePinArray& pins) { return Rows(
+        Row("PKGPIN", Element(pins, [](CVEKA_PackagePin& pin) { return Rows(
+            Own(Last(pin.PKGPinName)),
+            Row("PT", Point(*pin.Point)),
+            Row("ROTATION", Last(pin.Rotation)),
+            Row("STEP", Parent(Last(pin.StepFileName))),  // Q12
+            Row("LEAD", Replace(pin.Objects3D, &CVEK_AsciiParser::ObjectsParser)));
+        })));
+    });
 }
 
 CVEKA_MechanicalPinArray* CVEK_AsciiParser::PACKAGES_PACKAGE_MECHANICALPINSParser(CECadClsLvl* level) {
-    auto pins = std::make_unique<CVEKA_MechanicalPinArray>();
-    INT_PTR position = -1;
-    for (CECadClsLvl* child : Children(level)) {
-        ++position;  // among the children of all names
-        if (child->m_strName != "MECHANICALPIN") continue;
-        auto pin = std::make_unique<CVEKA_MechanicalPin>();
-        Last(child, pin->Name);
-        // A pin reads one of its children alone: the one at the pin's own position. That is required.
-        if (child->m_pChildren->GetSize() > 0) {
-            CECadClsLvl* data = child->m_pChildren->GetAt(position);
-            if (!data) throw CInvalidAccessException(child->m_strName, position);
-            const CString& keyword = data->m_strName;
-            if (keyword == "PT") Point(data, *pin->Point);
-            else if (keyword == "ROTATION") Last(data, pin->Rotation);
-            else if (keyword == "STEP") Last(data, pin->StepFileName);
-            else if (keyword == "LEAD") Take(pin->Lead, ObjectsParser(data));
-        }
-        pins->Add(std::move(pin));
-    }
-    return pins.release();
+    return Read(*this, level, [](CVEKA_MechanicalPinArray& pins) { return Rows(
+        Row("MECHANICALPIN", ElementByPlace(pins, [](CVEKA_MechanicalPin& pin) { return Rows(  // Q13
+            Own(Last(pin.Name)),
+            Row("PT", Point(*pin.Point)),
+            Row("ROTATION", Last(pin.Rotation)),
+            Row("STEP", Last(pin.StepFileName)),
+            Row("LEAD", Replace(pin.Lead, &CVEK_AsciiParser::ObjectsParser)));
+        })));
+    });
 }
 
 CVEKA_FootprintArray* CVEK_AsciiParser::PACKAGES_PACKAGE_FOOTPRINTSParser(CECadClsLvl* level) {
-    auto footprints = std::make_unique<CVEKA_FootprintArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "FOOTPRINT") continue;
-        auto footprint = std::make_unique<CVEKA_Footprint>();
-        for (CECadClsLvl* data : Children(child)) {
-            const CString& keyword = data->m_strName;
-            if (keyword == "LIBFOOTPRINTNAME" || keyword == "FOOTPRINTNAME") Last(data, footprint->LibraryFootprintName);
-        }
-        footprints->Add(std::move(footprint));
-    }
-    return footprints.release();
+    return Read(*this, level, [](CVEKA_FootprintArray& footprints) { return Rows(
+        Row("FOOTPRINT", Element(footprints, [](CVEKA_Footprint& footprint) { return Rows(
+            Row("LIBFOOTPRINTNAME", Last(footprint.LibraryFootprintName)),
+            Row("FOOTPRINTNAME", Last(footprint.LibraryFootprintName)));
+        })));
+    });
 }

@@ -1,152 +1,128 @@
 // The part: its sections and its general data.
 
-#include "parser/CVEK_AsciiParser.h"
-#include "parser/ReadingForms.h"
+#include "model/part/CVEKA_VEK.h"
+#include "parser/Rows.h"
 
 using namespace veka;
 
+namespace {
+
+/// Q4: both numbers of a version have as many bytes as there are before the point: the major number the first, the minor
+/// number the last. So the minor number is not what comes after the point.
+struct Version {
+    CVEKA_Version& field;
+    explicit Version(CVEKA_Version& version) : field(version) {}
+};
+void Convert(const CString& value, Version version) {
+    const int point = value.Find('.');
+    version.field.SetMajorVersion(ToInt(value.Left(point)));
+    version.field.SetMinorVersion(ToInt(value.Right(point)));
+}
+
+/// One more date in an array of dates.
+struct NewDate {
+    CVEKA_Date_DDMMYYYYArray& field;
+    explicit NewDate(CVEKA_Date_DDMMYYYYArray& dates) : field(dates) {}
+};
+void Convert(const CString& value, NewDate dates) {
+    auto date = std::make_unique<CVEKA_Date_DDMMYYYY>();
+    date->SetDate(value);
+    dates.field.Add(std::move(date));
+}
+
+}  // namespace
+
 CVEKA_VEK* CVEK_AsciiParser::VEKParser(CECadClsLvl* level) {
-    auto vek = std::make_unique<CVEKA_VEK>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "PARTGENERAL") Take(vek->PartGeneral, PARTGENERALParser(child));
-        else if (keyword == "LAYERS") Take(vek->Layers, LAYERSParser(child));
-        else if (keyword == "ELECTRICAL") Take(vek->Electrical, ELECTRICALParser(child));
-        else if (keyword == "PACKAGES") Take(vek->Packages, PACKAGESParser(child));
-        else if (keyword == "MANUFACTURING") Take(vek->Manufacturing, MANUFACTURINGParser(child));
-        else if (keyword == "LOGICSYMBOLS") Take(vek->LogicSymbols, LOGICSYMBOLSGParser(child));
-    }
-    return vek.release();
+    return Read(*this, level, [](CVEKA_VEK& vek) { return Rows(
+        Row("PARTGENERAL", Replace(vek.PartGeneral, &CVEK_AsciiParser::PARTGENERALParser)),
+        Row("LAYERS", Replace(vek.Layers, &CVEK_AsciiParser::LAYERSParser)),
+        Row("ELECTRICAL", Replace(vek.Electrical, &CVEK_AsciiParser::ELECTRICALParser)),
+        Row("PACKAGES", Replace(vek.Packages, &CVEK_AsciiParser::PACKAGESParser)),
+        Row("MANUFACTURING", Replace(vek.Manufacturing, &CVEK_AsciiParser::MANUFACTURINGParser)),
+        Row("LOGICSYMBOLS", Replace(vek.LogicSymbols, &CVEK_AsciiParser::LOGICSYMBOLSGParser)));
+    });
 }
 
 CVEKA_PartGeneral* CVEK_AsciiParser::PARTGENERALParser(CECadClsLvl* level) {
-    auto general = std::make_unique<CVEKA_PartGeneral>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "UNIT") First(child, general->Unit);
-        else if (keyword == "MANUFACTURER") First(child, general->Manufacturer);
-        else if (keyword == "MPN") First(child, general->MPN);
-        else if (keyword == "CPN") List(child, general->CPN);
-        else if (keyword == "PREFERENCE") Take(general->Preference, PREFERENCEParser(child));
-        else if (keyword == "PRODUCTFAMILY") List(child, general->ProductFamily);
-        else if (keyword == "FUNCTIONALTYPE") First(child, general->FunctionalType);
-        else if (keyword == "PACKAGETYPE") First(child, general->PackageType);
-        else if (keyword == "LAYOUT") Take(general->Layout, LAYOUTParser(child));
-        else if (keyword == "NUMBEROFPINS") First(child, general->NumberOfPins);
-        else if (keyword == "BOM") Take(general->BOM, BOMParser(child));
-        // Alone among the texts it keeps its last value.
-        else if (keyword == "PARTDESC") Last(child, general->PartDescription);
-        else if (keyword == "HISTORY") Take(general->History, HISTORYParser(child));
-        else if (keyword == "COMMENT") Take(general->CommentArr, COMMENTParser(child));
-        else if (keyword == "REFERENCEURL") Take(general->ReferenceURLArr, REFERENCEURLParser(child));
-    }
-    return general.release();
+    return Read(*this, level, [](CVEKA_PartGeneral& general) { return Rows(
+        Row("UNIT", First(general.Unit)),
+        Row("MANUFACTURER", First(general.Manufacturer)),
+        Row("MPN", First(general.MPN)),
+        Row("CPN", List(general.CPN)),
+        Row("PREFERENCE", Replace(general.Preference, &CVEK_AsciiParser::PREFERENCEParser)),
+        Row("PRODUCTFAMILY", List(general.ProductFamily)),
+        Row("FUNCTIONALTYPE", First(general.FunctionalType)),
+        Row("PACKAGETYPE", First(general.PackageType)),
+        Row("LAYOUT", Replace(general.Layout, &CVEK_AsciiParser::LAYOUTParser)),
+        Row("NUMBEROFPINS", First(general.NumberOfPins)),
+        Row("BOM", Replace(general.BOM, &CVEK_AsciiParser::BOMParser)),
+        Row("PARTDESC", Last(general.PartDescription)),  // Q3
+        Row("HISTORY", Replace(general.History, &CVEK_AsciiParser::HISTORYParser)),
+        Row("COMMENT", Replace(general.CommentArr, &CVEK_AsciiParser::COMMENTParser)),
+        Row("REFERENCEURL", Replace(general.ReferenceURLArr, &CVEK_AsciiParser::REFERENCEURLParser)));
+    });
 }
 
 CVEKA_Preference* CVEK_AsciiParser::PREFERENCEParser(CECadClsLvl* level) {
-    auto preference = std::make_unique<CVEKA_Preference>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "TEMPCPN") First(child, preference->TempCPN);
-        else if (keyword == "STATUS") First(child, preference->Status);
-    }
-    return preference.release();
+    return Read(*this, level, [](CVEKA_Preference& preference) { return Rows(
+        Row("TEMPCPN", First(preference.TempCPN)),
+        Row("STATUS", First(preference.Status)));
+    });
 }
 
 CVEKA_Layout* CVEK_AsciiParser::LAYOUTParser(CECadClsLvl* level) {
-    auto layout = std::make_unique<CVEKA_Layout>();
-    for (CECadClsLvl* child : Children(level))
-        if (child->m_strName == "UNAMEPREFIX") First(child, layout->Prefix);
-    return layout.release();
+    return Read(*this, level, [](CVEKA_Layout& layout) { return Rows(
+        Row("UNAMEPREFIX", First(layout.Prefix)));
+    });
 }
 
 CVEKA_BOM* CVEK_AsciiParser::BOMParser(CECadClsLvl* level) {
-    auto bom = std::make_unique<CVEKA_BOM>();
-    for (CECadClsLvl* child : Children(level))
-        if (child->m_strName == "COST") ByPosition(child, bom->Unit, bom->Cost);
-    return bom.release();
+    return Read(*this, level, [](CVEKA_BOM& bom) { return Rows(
+        Row("COST", ByPosition(bom.Unit, bom.Cost)));
+    });
 }
 
 CVEKA_History* CVEK_AsciiParser::HISTORYParser(CECadClsLvl* level) {
-    auto history = std::make_unique<CVEKA_History>();
-    CVEKA_Date& date = *history->Date;
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "VERSION") {
-            for (const CString& value : child->m_aValues) {
-                // The minor number is read from as many last bytes as stand before the point, not from what stands
-                // behind it. That is required.
-                const int point = value.Find('.');
-                history->Version->MajorVersion = ToInt(value.Left(point));
-                history->Version->MinorVersion = ToInt(value.Right(point));
-            }
-        }
-        else if (keyword == "DATE") {
-            bool first = true;
-            for (CECadClsLvl* event : Children(child)) {
-                const CString& name = event->m_strName;
-                // These two count only as the first child. That is required.
-                if (name == "CREATED") { if (first) Last(event, date.CreatedDate->Date); }
-                else if (name == "MODIFIED") {
-                    for (const CString& value : event->m_aValues) {
-                        auto modified = std::make_unique<CVEKA_Date_DDMMYYYY>();
-                        modified->Date = value;
-                        date.ModifiedDate->Add(std::move(modified));
-                    }
-                }
-                else if (name == "APPROVED") { if (first) Last(event, date.ApprovedDate->Date); }
-                first = false;
-            }
-        }
-    }
-    return history.release();
+    return Read(*this, level, [](CVEKA_History& history) { return Rows(
+        Row("VERSION", Last(Version(*history.Version))),
+        Row("DATE", Within(
+            FirstChild("CREATED", Last(history.Date->CreatedDate->Date)),  // Q5
+            Row("MODIFIED", Each(NewDate(*history.Date->ModifiedDate))),
+            FirstChild("APPROVED", Last(history.Date->ApprovedDate->Date)))));  // Q5
+    });
 }
 
 CVEKA_Reference_URLArray* CVEK_AsciiParser::REFERENCEURLParser(CECadClsLvl* level) {
-    auto references = std::make_unique<CVEKA_Reference_URLArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "REFERENCE") continue;
-        auto reference = std::make_unique<CVEKA_Reference_URL>();
-        ByPosition(child, reference->Title, reference->FileName);
-        references->Add(std::move(reference));
-    }
-    return references.release();
+    return Read(*this, level, [](CVEKA_Reference_URLArray& references) { return Rows(
+        Row("REFERENCE", Element(references, [](CVEKA_Reference_URL& reference) { return Rows(
+            Own(ByPosition(reference.Title, reference.FileName)));
+        })));
+    });
 }
 
 CVEKA_Layers* CVEK_AsciiParser::LAYERSParser(CECadClsLvl* level) {
-    auto layers = std::make_unique<CVEKA_Layers>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "DEFAULT") First(child, layers->DefaultPath);
-        else if (keyword == "LAY") Append(*layers->LayerArr, LAYERParser(child));
-    }
-    return layers.release();
+    return Read(*this, level, [](CVEKA_Layers& layers) { return Rows(
+        Row("DEFAULT", First(layers.DefaultPath)),
+        Row("LAY", Element(*layers.LayerArr, &CVEK_AsciiParser::LAYERParser)));
+    });
 }
 
 CVEKA_Layer* CVEK_AsciiParser::LAYERParser(CECadClsLvl* level) {
-    auto layer = std::make_unique<CVEKA_Layer>();
-    CVEKA_Color& color = *layer->Color;
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "ARN") First(child, layer->ARNNumber);
-        else if (keyword == "NAME") First(child, layer->Name);
-        else if (keyword == "ELAYNAME") First(child, layer->ECadLayerName);
-        else if (keyword == "VISIBLE") First(child, layer->VisibleType);
-        // In place: a later level with fewer values changes only those that it gives.
-        else if (keyword == "COLOR") ByPosition(child, color.Red, color.Green, color.Blue);
-        else if (keyword == "DEPTH") First(child, layer->Depth);
-        else if (keyword == "FILMYPE") First(child, layer->FilmType);
-        else if (keyword == "COMMENT") First(child, layer->Comment->Comment);
-    }
-    return layer.release();
+    return Read(*this, level, [](CVEKA_Layer& layer) { return Rows(
+        Row("ARN", First(layer.ARNNumber)),
+        Row("NAME", First(layer.Name)),
+        Row("ELAYNAME", First(layer.ECadLayerName)),
+        Row("VISIBLE", First(layer.VisibleType)),
+        Row("COLOR", ByPosition(layer.Color->Red, layer.Color->Green, layer.Color->Blue)),  // Q6
+        Row("DEPTH", First(layer.Depth)),
+        Row("FILMYPE", First(layer.FilmType)),  // Q7
+        Row("COMMENT", First(layer.Comment->Comment)));
+    });
 }
 
 CVEKA_Manufacturing* CVEK_AsciiParser::MANUFACTURINGParser(CECadClsLvl* level) {
-    auto manufacturing = std::make_unique<CVEKA_Manufacturing>();
-    for (CECadClsLvl* child : Children(level)) {
-        const CString& keyword = child->m_strName;
-        if (keyword == "MOUNTTYPE") Last(child, manufacturing->MountType);
-        else if (keyword == "ROHS_COMPLIANCE") Last(child, manufacturing->ROHS_CompLianceType);
-    }
-    return manufacturing.release();
+    return Read(*this, level, [](CVEKA_Manufacturing& manufacturing) { return Rows(
+        Row("MOUNTTYPE", Last(manufacturing.MountType)),
+        Row("ROHS_COMPLIANCE", Last(manufacturing.ROHS_CompLianceType)));
+    });
 }

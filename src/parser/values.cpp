@@ -1,45 +1,38 @@
 // Values that many sections share.
 
-#include "parser/CVEK_AsciiParser.h"
-#include "parser/ReadingForms.h"
+#include "model/CVEKA_Comment.h"
+#include "model/CVEKA_USGKey.h"
+#include "parser/Rows.h"
 
 using namespace veka;
 
 CVEKA_Coordinate* CVEK_AsciiParser::PointParser(CECadClsLvl* level) {
-    auto point = std::make_unique<CVEKA_Coordinate>();
-    Point(level, *point);
-    return point.release();
+    return Read(*this, level, [](CVEKA_Coordinate& point) { return Rows(Own(Point(point))); });
 }
 
 CVEKA_Color* CVEK_AsciiParser::ColorParser(CECadClsLvl* level) {
-    auto color = std::make_unique<CVEKA_Color>();
-    Color(level, *color);
-    return color.release();
+    return Read(*this, level, [](CVEKA_Color& color) { return Rows(Own(Color(color))); });
 }
 
 CVEKA_CommentArray* CVEK_AsciiParser::COMMENTParser(CECadClsLvl* level) {
-    auto comments = std::make_unique<CVEKA_CommentArray>();
-    // Every child is a comment: its name is the number.
-    for (CECadClsLvl* child : Children(level)) {
-        auto comment = std::make_unique<CVEKA_Comment>();
-        comment->Index = ToInt(child->m_strName);
-        ByPosition(child, comment->Property, comment->Comment);
-        comments->Add(std::move(comment));
-    }
-    return comments.release();
+    return Read(*this, level, [](CVEKA_CommentArray& comments) { return Rows(
+        // Every child is a comment, and its name is the number.
+        Any(Element(comments, [](CVEKA_Comment& comment) { return Rows(
+            Own(Name(comment.Index)),
+            Own(ByPosition(comment.Property, comment.Comment)));
+        })));
+    });
 }
 
 CVEKA_USGKeyArray* CVEK_AsciiParser::USGKeysParser(CECadClsLvl* level) {
-    auto keys = std::make_unique<CVEKA_USGKeyArray>();
-    for (CECadClsLvl* child : Children(level)) {
-        if (child->m_strName != "USGKEYS") continue;
-        auto key = std::make_unique<CVEKA_USGKey>();
-        for (CECadClsLvl* grandchild : Children(child)) {
-            const CString& keyword = grandchild->m_strName;
-            if (keyword == "USGTYPE") Last(grandchild, key->Type);
-            else if (keyword == "USGVALUE") key->Value.Copy(grandchild->m_aValues);
-        }
-        keys->Add(std::move(key));
-    }
-    return keys.release();
+    return Read(*this, level, [](CVEKA_USGKeyArray& keys) { return Rows(
+        Row("USGKEYS", Element(keys, &CVEK_AsciiParser::USGKeyParser)));
+    });
+}
+
+CVEKA_USGKey* CVEK_AsciiParser::USGKeyParser(CECadClsLvl* level) {
+    return Read(*this, level, [](CVEKA_USGKey& key) { return Rows(
+        Row("USGTYPE", Last(key.Type)),
+        Row("USGVALUE", NewList(key.Value)));
+    });
 }
