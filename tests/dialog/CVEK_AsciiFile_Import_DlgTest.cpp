@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "dialog/Messages.h"
 #include "platform/Exceptions.h"
 #include "support/Files.h"
 #include "support/ScriptedUserInterface.h"
@@ -152,6 +153,20 @@ TEST_F(ImportDialog, NoLeavesItOpenAndOkReadsTheFileAnew) {
     EXPECT_EQ(user.questions.size(), 2u);
 }
 
+TEST_F(ImportDialog, OkAfterNoStartsFromAnEmptyModel) {
+    MakeTarget();
+    file = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN ABC/1))) (NSHAPE N) (FONTS (FONT (ID 1)))");
+    Fill(dialog);
+    user.answers = {false, true};
+    Run(dialog, [&](ScriptedWindow& window) {
+        window.Click(IDOK);
+        directory.Write("part.veka", "(VEK (PARTGENERAL (MPN ABC/1))) (NSHAPE N)");
+        window.Click(IDOK);
+    });
+    EXPECT_EQ(dialog.GetParser()->GetCVEKA_Manager()->GetNShapeArr()->GetSize(), 1);
+    EXPECT_EQ(dialog.GetParser()->GetCVEKA_Manager()->GetLibFonts()->GetSize(), 0);
+}
+
 TEST_F(ImportDialog, AfterNoAnotherDirectoryCanBeChosen) {
     MakeTarget();
     Fill(dialog);
@@ -236,6 +251,34 @@ TEST_F(ImportDialog, APickerReadsTheControlsFirst) {
         window.Click(IDC_BTN_VEK_ASCII_PATH);
         EXPECT_EQ(dialog.GetVEKAsciiFilePath(), "");
     });
+}
+
+TEST_F(ImportDialog, TheDirectoryPickerReadsTheControlsFirst) {
+    Fill(dialog);
+    Run(dialog, [&](ScriptedWindow& window) {
+        window.Clear(IDC_EDIT_VEK_DIR_PATH);
+        window.Click(IDC_BTN_VEK_DIR_PATH);
+        EXPECT_EQ(dialog.GetDefaultPartLibDir(), "");
+    });
+    EXPECT_THAT(user.pickers, ElementsAre("directory|VEK Library Directory||owner"));
+}
+
+TEST_F(ImportDialog, TheXmlFormReadsTheControlsOnceMoreAtItsEnd) {
+    KindDialog xml(1);
+    Fill(xml);
+    EXPECT_EQ(Run(xml,
+                  [&](ScriptedWindow& window) {
+                      window.Clear(IDC_EDIT_VEK_DIR_PATH);
+                      EXPECT_EQ(xml.GetDefaultPartLibDir(), library);
+                      window.Click(IDOK);
+                  }),
+              IDOK);
+    EXPECT_EQ(xml.GetDefaultPartLibDir(), "");
+    EXPECT_EQ(xml.GetVEKAsciiFilePath(), file);
+}
+
+TEST(ImportDialogMessages, AFailedReadHasItsText) {
+    EXPECT_EQ(CString(veka::messages::kAsciiReadFail), "VEK Ascii File read Fail!");
 }
 
 TEST_F(ImportDialog, TheXmlFormOffersItsTypeAndReadsNothing) {

@@ -32,6 +32,33 @@ TEST(CVEK_AsciiParser, AFileWithoutAKnownKeywordGivesAnEmptyModel) {
         EXPECT_TRUE(SameButApart(*Import(text)->GetCVEKA_Manager(), CVEKA_Manager())) << text;
 }
 
+TEST(CVEK_AsciiParser, ATopLevelKeywordInsideAnotherLevelIsNotRead) {
+    const auto parser = Import(R"(
+(OTHER
+  (FONTS (FONT (ID 1)))
+  (VEK (PARTGENERAL (MPN A)))
+  (COLORTABLE (1 2 3 4))
+  (PADS (PAD (PADNAME P)))
+  (PADSTACKS (PADSTACK (PADSTACKNAME S)))
+  (FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F)))
+  (NSHAPE N)
+  (PARTITIONS (PARTITION (PARTITION G))))
+)");
+    EXPECT_TRUE(SameButApart(*parser->GetCVEKA_Manager(), CVEKA_Manager()));
+}
+
+TEST(CVEK_AsciiParser, ASectionIsReadInThePartOnly) {
+    const auto parser = Import(R"(
+(PARTGENERAL (MPN A))
+(LAYERS (DEFAULT D))
+(ELECTRICAL (PINMAPPINGMODE TRUE))
+(PACKAGES (WEIGHT 1))
+(MANUFACTURING (MOUNTTYPE SMD))
+(LOGICSYMBOLS (DEFAULTSYMBOL S))
+)");
+    EXPECT_TRUE(SameButApart(*parser->GetCVEKA_Manager(), CVEKA_Manager()));
+}
+
 TEST(CVEK_AsciiParser, TheLastPartOfAFileWins) {
     const auto parser = Import("(VEK (PARTGENERAL (MPN A) (UNIT MM))) (VEK (PARTGENERAL (MPN B)))");
     EXPECT_EQ(General(*parser).GetMPN(), "B");
@@ -85,6 +112,7 @@ TEST(CVEK_AsciiParser, CopiesShareOneModel) {
     assigned = parser;
     EXPECT_EQ(copy.GetCVEKA_Manager(), parser.GetCVEKA_Manager());
     EXPECT_EQ(assigned.GetCVEKA_Manager(), parser.GetCVEKA_Manager());
+    EXPECT_EQ(copy.GetVEKAsciiFilePath(), "path");
     EXPECT_EQ(assigned.GetVEKAsciiFilePath(), "path");
     copy.SetCVEKA_Manager(nullptr);
     assigned.SetCVEKA_Manager(nullptr);

@@ -162,6 +162,12 @@ TEST(POWERRAILSParser, BandsAddUpWhileASecondSignalReplacesTheFirst) {
     ExpectRLC(rails->GetAt(0)->GetRLC(), 3, 2, 0);
 }
 
+TEST(ELECTRICALParser, ASecondLevelOfPinGroupsReplacesTheFirst) {
+    const auto electrical = Electrical("(PINGROUPS (PINGROUP A) (PINGROUP B)) (PINGROUPS (PINGROUP C))");
+    ASSERT_EQ(electrical->GetPinGroups()->GetSize(), 1);
+    EXPECT_EQ(electrical->GetPinGroups()->GetAt(0)->GetGroupName(), "C");
+}
+
 TEST(PASSIVEVALUEParser, AnEmptyLevelGivesADefaultRecord) {
     EXPECT_TRUE(test::SameButApart(*Passive(""), CVEKA_PassiveValue()));
 }
@@ -191,6 +197,15 @@ TEST(PASSIVEVALUEParser, ReadsTheExample) {
 
 TEST(PASSIVEVALUEParser, TheFirstValueOfARatingStands) {
     EXPECT_EQ(Passive("(CURRENT 2.5 9)")->GetCurrentValue(), 2.5);
+}
+
+TEST(PASSIVEVALUEParser, EveryRatingIsItsFirstValue) {
+    const auto value = Passive("(CURRENT 1 2) (VOLTAGE 3 4) (POWER 5 6) (NOMINALVALUE a b) (SPICEMODEL c d)");
+    EXPECT_EQ(value->GetCurrentValue(), 1);
+    EXPECT_EQ(value->GetVoltageValue(), 3);
+    EXPECT_EQ(value->GetPowerValue(), 5);
+    EXPECT_EQ(value->GetNominalValue(), "a");
+    EXPECT_EQ(value->GetSpiceModel(), "c");
 }
 
 TEST(PASSIVEVALUEParser, AnUnknownNameIsTheTypeAndItsLastValueBothNumbers) {

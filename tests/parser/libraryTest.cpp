@@ -157,6 +157,12 @@ TEST(FontLibParser, AnEmptyFontHasItsDefaultsAndOtherNamesAreSkipped) {
     EXPECT_EQ(Fonts("")->GetSize(), 0);
 }
 
+TEST(FontLibParser, AnEmptyFontHasNoSpaceBetweenItsLines) {
+    const auto fonts = Fonts("(FONT)");
+    EXPECT_EQ(fonts->GetAt(0)->GetLineSpace(), 0);
+    EXPECT_EQ(fonts->GetAt(0)->GetCharSpace(), 0);
+}
+
 TEST(FontLibParser, TheLastValueStands) {
     EXPECT_EQ(Fonts("(FONT (CHARWIDTH 1 2))")->GetAt(0)->GetCharWidthA(), 2);
 }

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "model/objects/Objects.h"
 #include "support/Parsing.h"
+#include "support/Records.h"
 
 namespace {
 
@@ -137,6 +140,14 @@ TEST(SolidObjects, AnEmptyRotationStillMakesDirections) {
     ExpectPoint(cuboid->GetRotate(), 0, 0, 0);
     ExpectPoint(cuboid->GetFront(), 1, 0, 0);
     ExpectPoint(cuboid->GetUp(), 0, 0, 1);
+}
+
+TEST(SolidObjects, ANegativeAngleIsCutTowardsZero) {
+    const auto cuboid = Object<CVEKA_3DOJ_CUBOID>("(CUBOID (ROTATE 0 0 -30))");
+    // -30 degrees are -357913941.33 steps of a turn of 2^32 steps.
+    const double angle = (4294967296.0 - 357913941.0) * 4.656612873077393e-10 * 3.141592653589793;
+    EXPECT_NEAR(cuboid->GetFront()->GetX(), std::cos(angle), 1e-12);
+    EXPECT_NEAR(cuboid->GetFront()->GetY(), -std::sin(angle), 1e-12);
 }
 
 TEST(SolidObjects, TheOrderOfDirectionsAndRotationCounts) {
@@ -309,6 +320,12 @@ TEST(DrawnObjects, ACloneOfAnArcKeepsEverything) {
     ExpectColor(clone->GetColor(), 1, 2, 3);
     ExpectPoint(clone->GetPoint(), 10, 0, 0);
     EXPECT_EQ(clone->CVEKA_3DObject::GetType(), 9);
+}
+
+TEST(PlaneShapes, ATextKnowsNoVisibility) {
+    const auto hidden = Object<CVEKA_3DOJ_TEXT>("(TEXT (VISIBLE FALSE) (NAME n) (VALUE a))");
+    const auto text = Object<CVEKA_3DOJ_TEXT>("(TEXT (VALUE a))");
+    EXPECT_TRUE(test::SameButApart(*hidden, *text));
 }
 
 TEST(LeadObjects, ReadTheExampleOfABar) {
