@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "model/CVEKA_Manager.h"
 #include "support/PlainImport.h"
 #include "support/ScriptedUserInterface.h"
 #include "support/Told.h"

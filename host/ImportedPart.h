@@ -4,6 +4,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "model/CVEKA_Manager.h"
 #include "parser/CVEK_AsciiParser.h"
 
 class CWnd;

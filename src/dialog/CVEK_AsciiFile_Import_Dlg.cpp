@@ -1,6 +1,7 @@
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 
 #include "dialog/Messages.h"
+#include "model/CVEKA_Manager.h"
 #include "window/ExtensionModule.h"
 #include "window/SBUtility.h"
 

@@ -1,13 +1,67 @@
 #pragma once
 
-#include "leveltree/CECadClsLvl.h"
-#include "model/CVEKA_Color.h"
-#include "model/CVEKA_Comment.h"
-#include "model/CVEKA_Coordinate.h"
-#include "model/CVEKA_Manager.h"
-#include "model/CVEKA_USGKey.h"
-#include "model/objects/ObjectKinds.h"
+#include <utility>
 
+#include "model/objects/ObjectKinds.h"
+#include "platform/CString.h"
+
+class CECadClsLvl;
+
+// The records are declared only, so that a change of one of them does not make every user of the parser compile anew. Who
+// reads a record includes its header.
+class CVEKA_BOM;
+class CVEKA_BodyGeometry;
+class CVEKA_CAMLayerArray;
+class CVEKA_Color;
+class CVEKA_ColorTableArray;
+class CVEKA_CommentArray;
+class CVEKA_Coordinate;
+class CVEKA_DeviceModelArray;
+class CVEKA_Electrical;
+class CVEKA_ElectricalPinArray;
+class CVEKA_FontArray;
+class CVEKA_FootprintArray;
+class CVEKA_FootprintDBArray;
+class CVEKA_FootprintPinArray;
+class CVEKA_FootprintSpec;
+class CVEKA_History;
+class CVEKA_Layer;
+class CVEKA_Layers;
+class CVEKA_Layout;
+class CVEKA_LogicPinArray;
+class CVEKA_LogicSymbols;
+class CVEKA_Manager;
+class CVEKA_Manufacturing;
+class CVEKA_MarkingGeometries;
+class CVEKA_MechanicalPinArray;
+class CVEKA_MountData;
+class CVEKA_NSHAPE;
+class CVEKA_PKG_Color;
+class CVEKA_Package;
+class CVEKA_PackagePinArray;
+class CVEKA_Packages;
+class CVEKA_Packing;
+class CVEKA_PadArray;
+class CVEKA_PadStackArray;
+class CVEKA_Padstack_LayerInfo;
+class CVEKA_PartGeneral;
+class CVEKA_Partition;
+class CVEKA_PartitionDBArray;
+class CVEKA_PartitionDBPinArray;
+class CVEKA_PartitionPinArray;
+class CVEKA_PassiveValue;
+class CVEKA_PinGroupArray;
+class CVEKA_PowerRailArray;
+class CVEKA_Preference;
+class CVEKA_PropertyLabelArray;
+class CVEKA_RLC;
+class CVEKA_Reference_URLArray;
+class CVEKA_Symbol;
+class CVEKA_Thermal;
+class CVEKA_ThermalModel;
+class CVEKA_USGKey;
+class CVEKA_USGKeyArray;
+class CVEKA_VEK;
 class CVEKA_3DObject;
 class CVEKA_3DObjectArray;
 class CVEKA_3DOJ_AxisPivot;

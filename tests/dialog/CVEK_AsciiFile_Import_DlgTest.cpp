@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "dialog/Messages.h"
+#include "model/CVEKA_Manager.h"
 #include "platform/Exceptions.h"
 #include "support/Files.h"
 #include "support/ScriptedUserInterface.h"

@@ -4,6 +4,7 @@
 
 #include <sstream>
 
+#include "model/CVEKA_Manager.h"
 #include "support/Parsing.h"
 #include "support/ScriptedUserInterface.h"
 #include "support/Told.h"

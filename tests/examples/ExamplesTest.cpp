@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "model/CVEKA_Manager.h"
 #include "support/Parsing.h"
 
 namespace {

@@ -10,6 +10,7 @@
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 #include "leveltree/CECadCls.h"
+#include "model/CVEKA_Manager.h"
 #include "parser/CVEK_AsciiParser.h"
 #include "platform/Exceptions.h"
 #include "support/Files.h"

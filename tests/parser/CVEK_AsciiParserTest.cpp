@@ -5,6 +5,7 @@
 #include <functional>
 #include <random>
 
+#include "model/CVEKA_Manager.h"
 #include "support/Parsing.h"
 #include "support/PlainImport.h"
 #include "support/Records.h"

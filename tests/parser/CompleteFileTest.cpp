@@ -6,6 +6,7 @@
 #include <set>
 
 #include "inspect/Description.h"
+#include "model/CVEKA_Manager.h"
 #include "support/Parsing.h"
 #include "support/Told.h"
 

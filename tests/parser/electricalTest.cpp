@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "model/CVEKA_Manager.h"
 #include "support/Parsing.h"
 #include "support/PlainLevels.h"
 #include "support/Records.h"

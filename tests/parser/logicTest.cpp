@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "model/CVEKA_Manager.h"
 #include "model/objects/Objects.h"
 #include "parser/CInvalidAccessException.h"
 #include "support/Parsing.h"

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "model/package/CVEKA_MountData.h"
 #include "support/Parsing.h"
 
 namespace {

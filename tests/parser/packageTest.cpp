@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "model/CVEKA_Manager.h"
 #include "model/objects/Objects.h"
 #include "parser/CInvalidAccessException.h"
 #include "support/Parsing.h"

@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "model/CVEKA_Color.h"
+#include "model/CVEKA_Comment.h"
+#include "model/CVEKA_Coordinate.h"
+#include "model/CVEKA_USGKey.h"
 #include "support/Parsing.h"
 
 namespace {

@@ -1,6 +1,7 @@
 #include "support/PlainImport.h"
 
 #include "leveltree/CECadCls.h"
+#include "model/CVEKA_Manager.h"
 
 namespace test {
 

@@ -8,6 +8,7 @@
 #include <thread>
 #include <vector>
 
+#include "model/CVEKA_Manager.h"
 #include "parser/CVEK_AsciiParser.h"
 #include "support/Files.h"
 #include "support/Told.h"

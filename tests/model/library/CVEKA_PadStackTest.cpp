@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "model/CVEKA_Manager.h"
 #include "model/library/CVEKA_Pad.h"
 #include "support/Parsing.h"
 

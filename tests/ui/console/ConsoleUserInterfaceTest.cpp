@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
+#include "model/CVEKA_Manager.h"
 #include "support/Files.h"
 
 namespace {

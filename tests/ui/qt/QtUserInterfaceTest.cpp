@@ -11,6 +11,7 @@
 #include <fstream>
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
+#include "model/CVEKA_Manager.h"
 #include "parser/CInvalidAccessException.h"
 #include "support/Files.h"
 #include "support/QtScript.h"

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
+#include "model/CVEKA_Manager.h"
 #include "parser/CInvalidAccessException.h"
 #include "support/Files.h"
 #include "support/Win32Script.h"
