@@ -70,7 +70,7 @@ TEST(MemoryLines, GivesLongTextsInBlocksOfWholeLines) {
 }
 
 TEST(MemoryLines, GivesALineOfAnyLengthWhole) {
-    for (const size_t length : {65'535, 65'536, 65'537, 200'000}) {
+    for (const size_t length : {65'535u, 65'536u, 65'537u, 200'000u}) {
         const std::string text = "a\n" + std::string(length, 'x') + "\nb\n" + std::string(100, 'y');
         EXPECT_EQ(Joined(Blocks(text)), text + "\r\n") << length;
         const std::string last(length, 'z');
