@@ -1,6 +1,11 @@
-// Measures what twice the input costs, along every dimension that an input can grow in: linear time is a
-// ratio of 2. With --limits it takes inputs far beyond any part, and tells their memory too.
-//   veka_scaling [--limits]
+// Measures what twice the input costs, along every dimension in which an input can grow. The ratio of linear
+// time is 2.
+//   veka_scaling                           dimensions of ordinary parts
+//   veka_scaling --limits                  inputs far larger than any part, and their memory
+//   veka_scaling --hostile [--quick] [TEXT]
+//                                          shapes that are made to cost much; fails where one costs too much
+//   veka_scaling --memory [TEXT]           the shapes that take the most memory for each byte of the file
+// TEXT selects the shapes whose kind or name contains it.
 
 #include <unistd.h>
 
@@ -13,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "Hostile.h"
 #include "Memory.h"
 #include "VEKAsciiDLL.h"
 
@@ -149,8 +155,20 @@ void Measure(const std::vector<Dimension>& dimensions, int rounds, bool memory) 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 1 && std::string(argv[1]) == "--limits") {
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    const auto take = [&](const char* option) {
+        if (arguments.empty() || arguments[0] != option) return false;
+        arguments.erase(arguments.begin());
+        return true;
+    };
+    const auto filter = [&] { return arguments.empty() ? std::string() : arguments[0]; };
+    if (take("--limits")) {
         Measure(kLimits, 2, true);
+    } else if (take("--hostile")) {
+        const bool quick = take("--quick");
+        return bench::MeasureHostile(quick, filter()) == 0 ? 0 : 1;
+    } else if (take("--memory")) {
+        bench::MeasureMemory(filter());
     } else {
         bench::KeepMemory();
         Measure(kDimensions, 9, false);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <numeric>
 #include <vector>
 
 #include "leveltree/SuffixSorter.h"
@@ -11,7 +12,7 @@ namespace veka {
 
 namespace {
 
-/// The up to 8 bytes before a position, as a number. The last byte is the highest.
+/// The `count` bytes before a position, or the last 8 of them, as a number. The last byte is the highest.
 std::uint64_t BytesBefore(const char* position, std::size_t count) {
     std::uint64_t word = 0;
     for (std::size_t i = 0; i < 8; ++i) {
@@ -56,12 +57,14 @@ private:
     };
     /// The bytes from one escaped quote to the next one.
     struct Piece {
-        // The last 8 bytes as a number. One 64-bit member would make the piece 4 bytes larger.
+        // The last 7 bytes, and below them the size or 8 for a larger size. One 64-bit member would make the
+        // piece 4 bytes larger.
         std::uint32_t high;
         std::uint32_t low;
         Number number;
 
-        std::uint64_t LastBytes() const { return std::uint64_t{high} << 32 | low; }
+        std::uint64_t Key() const { return std::uint64_t{high} << 32 | low; }
+        bool IsAllInKey() const { return low % 256 < 8; }
     };
 
     void FindQuotes() {
@@ -82,14 +85,23 @@ private:
         return number == 0 ? m_quotes[0] - 1 : m_quotes[number] - m_quotes[number - 1];
     }
 
+    Piece MakePiece(std::size_t number) const {
+        const std::size_t size = PieceSize(number);
+        const std::uint64_t key =
+            BytesBefore(PieceEnd(number), std::min<std::size_t>(size, 7)) | std::min<std::size_t>(size, 8);
+        return {static_cast<std::uint32_t>(key >> 32), static_cast<std::uint32_t>(key),
+                static_cast<Number>(number)};
+    }
+
     /// Compares two pieces from the last byte to the first.
     int Compare(const Piece& a, const Piece& b) const {
-        if (a.LastBytes() != b.LastBytes()) return a.LastBytes() < b.LastBytes() ? -1 : 1;
+        if (a.Key() != b.Key()) return a.Key() < b.Key() ? -1 : 1;
+        if (a.IsAllInKey()) return 0;
         const char* const endOfA = PieceEnd(a.number);
         const char* const endOfB = PieceEnd(b.number);
         const std::size_t sizeOfA = PieceSize(a.number), sizeOfB = PieceSize(b.number);
         const std::size_t common = std::min(sizeOfA, sizeOfB);
-        for (std::size_t i = 8; i < common; i += 8) {
+        for (std::size_t i = 7; i < common; i += 8) {
             const std::uint64_t bytesOfA = BytesBefore(endOfA - i, common - i);
             const std::uint64_t bytesOfB = BytesBefore(endOfB - i, common - i);
             if (bytesOfA != bytesOfB) return bytesOfA < bytesOfB ? -1 : 1;
@@ -102,11 +114,7 @@ private:
     std::vector<Number> Sort() const {
         const std::size_t count = m_quotes.size();
         std::vector<Piece> pieces(count);
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::uint64_t lastBytes = BytesBefore(PieceEnd(i), PieceSize(i));
-            pieces[i] = {static_cast<std::uint32_t>(lastBytes >> 32), static_cast<std::uint32_t>(lastBytes),
-                         static_cast<Number>(i)};
-        }
+        for (std::size_t i = 0; i < count; ++i) pieces[i] = MakePiece(i);
         std::sort(pieces.begin(), pieces.end(),
                   [this](const Piece& a, const Piece& b) { return Compare(a, b) < 0; });
         std::vector<Number> text(count + 1);  // the rank of each piece, from the last piece to the first
@@ -208,31 +216,43 @@ private:
     std::size_t Repeats(std::size_t first, std::size_t length) {
         const std::size_t after = m_quotes[first] + std::size_t{1};
         const std::size_t begin = after - length;
-        if (begin == m_run.begin && length % m_run.length == 0 && length <= m_run.count * m_run.length)
-            return m_run.count / (length / m_run.length) - 1;
+        const bool sameRun = begin == m_run.begin;
+        if (sameRun && length % m_run.period == 0 && length <= m_run.count * m_run.period)
+            return m_run.count / (length / m_run.period) - 1;
         if (length > m_line.size() - after) return 0;
         // A few bytes at both ends tell for most chunks that they are not repeated.
         const std::size_t some = std::min<std::size_t>(length, 32);
         if (m_line.compare(after, some, m_line, begin, some) != 0) return 0;
         if (m_line.compare(after + length - some, some, m_line, after - some, some) != 0) return 0;
-        const std::size_t second = Find(after + length - 1, first);
-        if (FirstWithSuffix(second, length) != first) return 0;
+        if (FirstWithSuffix(Find(after + length - 1, first), length) != first) return 0;
 
-        // The chunk is repeated n times if the prefixes that end with the last and the last but one of these
-        // occurrences have a common suffix of n chunks. The latter is the first prefix with that suffix.
-        const std::size_t quotes = second - first;  // in each repeat
-        const auto repeats = [&](std::size_t n) {
+        // A run that has two periods and is as long as both together has their greatest common divisor as a
+        // period too. With the smallest period, all longer chunks of the run need no search.
+        const bool divisible =
+            sameRun && length > m_run.period && length + m_run.period <= m_run.count * m_run.period;
+        const std::size_t period = divisible ? std::gcd(length, m_run.period) : length;
+        m_run = {begin, period, CountPeriods(begin, period)};
+        return m_run.count / (length / period) - 1;
+    }
+
+    /// The number of equal chunks that begin at a position, of which there are two at least.
+    std::size_t CountPeriods(std::size_t begin, std::size_t length) const {
+        const std::size_t first = Find(begin + length - 1, 0);
+        const std::size_t quotes =
+            Find(begin + 2 * length - 1, first) - first;  // in each chunk but the first
+        // There are n + 1 equal chunks if the prefixes that end with the chunks n and n + 1 have a common
+        // suffix of n chunks.
+        const auto areMore = [&](std::size_t n) {
             const std::size_t last = first + n * quotes;
             return last < m_quotes.size() && m_quotes[last] - m_quotes[first] == n * length &&
                    m_quotes[last] - m_quotes[last - quotes] == length &&
-                   FirstWithSuffix(last, n * length) == last - quotes;
+                   FirstWithSuffix(last, n * length) == FirstWithSuffix(last - quotes, n * length);
         };
         std::size_t n = 1, step = 1;
-        for (; repeats(n + step); step *= 2) n += step;
+        for (; areMore(n + step); step *= 2) n += step;
         for (step /= 2; step > 0; step /= 2)
-            if (repeats(n + step)) n += step;
-        m_run = {begin, length, n + 1};
-        return n;
+            if (areMore(n + step)) n += step;
+        return n + 1;
     }
 
     std::string_view m_line;
@@ -241,9 +261,10 @@ private:
     std::size_t m_last = 0;  // the quote of the last search
     struct {
         std::size_t begin = 0;
-        std::size_t length = 1;
+        std::size_t period = 1;
         std::size_t count = 0;
-    } m_run;  // the last run that was found
+    } m_run;  // the last run that was found: where it begins, and how often its first `period` bytes follow
+              // there
 };
 
 }  // namespace

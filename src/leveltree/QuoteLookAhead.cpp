@@ -4,6 +4,13 @@
 
 namespace veka {
 
+namespace {
+
+// A search or a comparison by the C library takes at least as long as this many steps over one byte.
+constexpr std::size_t kStepsOfCall = 8;
+
+}  // namespace
+
 void QuoteLookAhead::StartLine(std::string_view line, std::size_t limit) {
     m_line = line;
     m_limit = limit;
@@ -43,7 +50,7 @@ void QuoteLookAhead::FindFirst(std::size_t length) {
         const void* next = std::memchr(candidate + 1, chunk[0], m_string - m_position - 1);
         const std::size_t position =
             next ? static_cast<std::size_t>(static_cast<const char*>(next) - m_line.data()) : m_string;
-        m_steps += m_matched - before + position - m_position;
+        m_steps += kStepsOfCall + m_matched - before + position - m_position;
         m_position = position;
         m_matched = 0;
     }
@@ -53,7 +60,7 @@ std::size_t QuoteLookAhead::AfterRepeats(std::size_t length) {
     const std::string_view chunk = m_line.substr(m_position, length);
     std::size_t after = m_position + length;
     while (after < m_line.size() && m_line[after] == chunk[0]) {
-        m_steps += 1 + length / 16;
+        m_steps += kStepsOfCall + length / 8;
         if (m_line.compare(after, length, chunk) != 0) break;
         after += length;
     }

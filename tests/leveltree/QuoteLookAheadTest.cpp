@@ -229,6 +229,30 @@ TEST(ChunkIndex, FindsTheSameWithWideNumbers) {
     }
 }
 
+/// The position after the first occurrence of a chunk and its direct repeats.
+size_t AfterFirstRun(const std::string& line, const std::string& chunk) {
+    size_t after = line.find(chunk);
+    while (line.compare(after, chunk.size(), chunk) == 0) after += chunk.size();
+    return after;
+}
+
+TEST(ChunkIndex, FindsTheFirstRunOfEveryChunkInAnyOrder) {
+    std::mt19937 random(1);
+    for (int round = 0; round < 1000; ++round) {
+        const std::string line = RandomLine(random, round % 2 == 0 ? kEscaped : kBytes, 40, round % 4 < 3);
+        const auto index = veka::ChunkIndex::Make(line);
+        const size_t last = line.rfind("\\\"");
+        if (last == std::string::npos) continue;
+        for (int search = 0; search < 100; ++search) {
+            const size_t quote = line.find("\\\"", random() % (last + 1)) + 1;
+            const size_t length = 2 + random() % quote;
+            ASSERT_EQ(index->AfterFirstRun(quote, length),
+                      AfterFirstRun(line, line.substr(quote + 1 - length, length)))
+                << line << " at " << quote << ", " << length << " bytes";
+        }
+    }
+}
+
 TEST(ChunkIndex, CanBeMadeOfALineWithoutEscapedQuotes) {
     for (const char* line : {"", "a\"", "\""}) EXPECT_TRUE(veka::ChunkIndex::Make(line)) << line;
 }

@@ -1,0 +1,199 @@
+#include "Hostile.h"
+
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <stdexcept>
+#include <vector>
+
+#include "HostileShapes.h"
+#include "Memory.h"
+#include "VEKAsciiDLL.h"
+
+namespace bench {
+
+namespace {
+
+constexpr const char* kCompleteFile = "tests/data/complete.veka";
+constexpr double kMostRatio = 2.3;
+constexpr double kMostNanosecondsAByte = 500;  // 2 s for 4 MB
+constexpr double kMostBytesAByte = 128;
+constexpr double kMostBytesAByteOfALine = 25;  // 100 MB for 4 MB
+constexpr double kMemoryNoise = 1e6;           // bytes
+constexpr int kRounds = 3;
+constexpr int kMostRounds = 20;
+constexpr std::size_t kKilobyte = 1000;
+
+/// A file in memory. Its path is valid in this process and its children, for as long as the object lives.
+class InputFile {
+public:
+    explicit InputFile(const std::string& text)
+        : m_descriptor(memfd_create("veka-hostile", 0)), m_size(static_cast<double>(text.size())) {
+        for (std::size_t written = 0; written < text.size();) {
+            const ssize_t count = write(m_descriptor, text.data() + written, text.size() - written);
+            if (count <= 0) throw std::runtime_error("a file in memory cannot be written");
+            written += static_cast<std::size_t>(count);
+        }
+    }
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+    ~InputFile() { close(m_descriptor); }
+
+    double Size() const { return m_size; }
+    void Import() const {
+        CVEK_AsciiParser parser;
+        parser.SetVEKAsciiFilePath(CString("/proc/self/fd/" + std::to_string(m_descriptor)));
+        try {
+            parser.Parser();
+        } catch (const CInvalidAccessException&) {
+            // Some levels without their content end the import.
+        }
+    }
+
+private:
+    int m_descriptor;
+    double m_size;
+};
+
+/// Time that this process has computed, in seconds. What else runs on the machine is not in it.
+double ProcessorTime() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+double ImportTime(const InputFile& file) {
+    const double start = ProcessorTime();
+    file.Import();
+    return ProcessorTime() - start;
+}
+
+/// Runs a measurement in a process of its own: what was allocated and freed before does not change the
+/// result.
+template <class Measurement>
+auto InOwnProcess(Measurement measure) {
+    decltype(measure()) result;
+    int ends[2];
+    if (pipe(ends) != 0) std::abort();
+    const pid_t child = fork();
+    if (child == 0) {
+        result = measure();
+        _exit(write(ends[1], &result, sizeof result) == sizeof result ? 0 : 1);
+    }
+    close(ends[1]);
+    const bool received = read(ends[0], &result, sizeof result) == sizeof result;
+    close(ends[0]);
+    waitpid(child, nullptr, 0);
+    if (!received) throw std::runtime_error("a measurement failed");
+    return result;
+}
+
+/// The most memory that an import takes, in bytes for each byte of the file.
+double PeakMemory(const InputFile& file) {
+    return InOwnProcess([&] {
+        const double before = ResetPeak();
+        file.Import();
+        return std::max(0.0, Peak() - before) / file.Size();
+    });
+}
+
+/// The shapes whose kind or name contains a text.
+std::vector<Shape> Select(std::vector<Shape> shapes, const std::string& filter) {
+    std::erase_if(shapes, [&](const Shape& shape) {
+        return (shape.kind + ": " + shape.name).find(filter) == std::string::npos;
+    });
+    return shapes;
+}
+
+struct Times {
+    double once = 1e9;
+    double twice = 1e9;
+    double ratio = 0;  // as if the second file were exactly twice as large
+};
+
+Times MeasureTimes(const InputFile& once, const InputFile& twice) {
+    return InOwnProcess([&] {
+        KeepMemory();
+        Times times;
+        // What disturbs a measurement makes it longer, so the shortest one counts.
+        for (int round = 0; round < kRounds || (round < kMostRounds && times.ratio > kMostRatio); ++round) {
+            times.once = std::min(times.once, ImportTime(once));
+            times.twice = std::min(times.twice, ImportTime(twice));
+            times.ratio = times.twice / times.once * once.Size() / twice.Size() * 2;
+        }
+        return times;
+    });
+}
+
+/// Measures files of n and of 2n bytes, and prints one line. False if one of the limits is exceeded.
+bool Measure(const Shape& shape, std::size_t size) {
+    const InputFile once(shape.text(size)), twice(shape.text(2 * size));
+    const Times times = MeasureTimes(once, twice);
+    const double nanoseconds = times.twice / twice.Size() * 1e9;
+    const double memory = PeakMemory(once), memoryOfTwice = PeakMemory(twice);
+    const double mostMemory = shape.kind.starts_with("one line") ? kMostBytesAByteOfALine : kMostBytesAByte;
+    // Where the larger line is the first that gets an index, its time says nothing of larger ones.
+    const bool passes = (times.ratio <= kMostRatio || shape.kind == "one line") &&
+                        nanoseconds <= kMostNanosecondsAByte && memoryOfTwice <= mostMemory &&
+                        memoryOfTwice * twice.Size() <= kMostRatio * memory * once.Size() + kMemoryNoise;
+    std::printf("%-90s %7.0f %9.2f %9.2f %6.2f %7.1f %7.1f %7.1f%s\n",
+                (shape.kind + ": " + shape.name).c_str(), once.Size() / kKilobyte, times.once * 1e3,
+                times.twice * 1e3, times.ratio, nanoseconds, memory, memoryOfTwice,
+                passes ? "" : "  TOO MUCH");
+    std::fflush(stdout);
+    return passes;
+}
+
+}  // namespace
+
+int MeasureHostile(bool quick, const std::string& filter) {
+    std::printf("%-90s %7s %9s %9s %6s %7s %7s %7s\n", "shape", "n, kB", "n, ms", "2n, ms", "ratio",
+                "ns/byte", "n, B/B", "2n, B/B");
+    int failures = 0;
+    for (const Shape& shape : Select(HostileLines(), filter)) {
+        const std::size_t last = quick ? 250 * kKilobyte : 8000 * kKilobyte;
+        for (std::size_t size = quick ? last : 125 * kKilobyte; size <= last; size *= 2)
+            failures += !Measure(shape, size);
+    }
+    for (const Shape& shape : Select(HostileFiles(), filter))
+        failures += !Measure(shape, (quick ? 250 : 1000) * kKilobyte);
+    for (const Shape& shape : Select(GrownLevels(kCompleteFile), filter))
+        failures += !Measure(shape, (quick ? 100 : 1000) * kKilobyte);
+    if (failures > 0)
+        std::fprintf(stderr,
+                     "%d measurements are too large: over %.1f times the time for twice the input, "
+                     "over %.0f ns a byte, or over %.0f bytes a byte (%.0f for one line)\n",
+                     failures, kMostRatio, kMostNanosecondsAByte, kMostBytesAByte, kMostBytesAByteOfALine);
+    return failures;
+}
+
+void MeasureMemory(const std::string& filter) {
+    struct Row {
+        double bytes;
+        std::string name;
+    };
+    std::map<std::string, std::vector<Row>> kinds;
+    for (auto* const shapes : {&HostileLines, &HostileFiles})
+        for (const Shape& shape : Select(shapes(), filter)) {
+            const InputFile file(shape.text(4000 * kKilobyte));
+            kinds[shape.kind].push_back({PeakMemory(file), shape.name});
+        }
+    for (const Shape& shape : Select(GrownLevels(kCompleteFile), filter)) {
+        const InputFile file(shape.text(1000 * kKilobyte));
+        kinds[shape.kind].push_back({PeakMemory(file), shape.name});
+    }
+    for (auto& [kind, rows] : kinds) {
+        std::ranges::sort(rows, std::greater(), &Row::bytes);
+        std::printf("%s: %zu shapes\n", kind.c_str(), rows.size());
+        for (std::size_t i = 0; i < std::min<std::size_t>(rows.size(), 10); ++i)
+            std::printf("  %-80s %7.1f bytes a byte\n", rows[i].name.c_str(), rows[i].bytes);
+    }
+}
+
+}  // namespace bench
