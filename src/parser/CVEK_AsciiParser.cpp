@@ -28,6 +28,8 @@ class Section {
 public:
     explicit Section(T& field) : m_field(field) {}
     bool IsRead() const { return m_fresh != nullptr; }
+    /// The field of the model.
+    const T& Field() const { return m_field; }
     /// Takes what a level gave; a later level replaces an earlier one.
     void Replace(std::unique_ptr<T> fresh) {
         if (!m_fresh) m_fresh = std::move(fresh);
@@ -52,6 +54,10 @@ struct LastLevel {
     void Read(const Reader& reader, const Source& from) const {
         section.Replace(reader.New(method, from));
     }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        lister.Record("section", section.Field(), method);
+    }
 };
 
 /// A form: as `LastLevel`, but the first level counts.
@@ -72,6 +78,7 @@ FirstLevel(Section<T>&, T* (CVEK_AsciiParser::*)(CECadClsLvl*)) -> FirstLevel<T>
 /// A section is read as soon as its level has closed, so that only one level tree is in memory at a time. The model is the
 /// same as if the sections were read when the whole file has been read: it changes only then.
 class Sections {
+public:
     /// Q1: the first level of fonts counts, and the fonts are read before all other sections.
     auto FontRows() {
         return Rows(
@@ -88,7 +95,6 @@ class Sections {
             Row("PARTITIONS", LastLevel(m_partitions, &CVEK_AsciiParser::PARTITIONParser)));
     }
 
-public:
     explicit Sections(CVEK_AsciiParser& parser) : m_parser(parser), m_model(*parser.GetCVEKA_Manager()) {}
 
     void Read(CECadClsLvl* level) {
@@ -130,6 +136,11 @@ private:
 };
 
 }  // namespace
+
+void veka::ListSections(KeywordLister& lister) {
+    Sections sections(lister);
+    lister.List(*lister.GetCVEKA_Manager(), Rows(sections.FontRows(), sections.SectionRows()));
+}
 
 int CVEK_AsciiParser::Parser() {
     CECadCls tree;

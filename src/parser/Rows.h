@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "parser/CVEK_AsciiParser.h"
+#include "parser/KeywordLister.h"
 #include "parser/ReadingForms.h"
 
 /// The rows of a parser method: each says which children of a level it reads, and by which form. A method is written as
@@ -237,9 +238,15 @@ private:
     CVEK_AsciiParser& m_parser;
 };
 
-/// What a parser method does: makes a record and reads a level into it by the record's rows.
+/// What a parser method does: makes a record and reads a level into it by the record's rows. Without a level, a
+/// `KeywordLister` lists the rows, and any other parser gives a record of defaults.
 template <class Make>
 RecordOf<Make>* Read(CVEK_AsciiParser& parser, CECadClsLvl* level, const Make& rowsOf) {
+    if (!level) [[unlikely]] {
+        auto record = std::make_unique<RecordOf<Make>>();
+        if (auto* lister = dynamic_cast<KeywordLister*>(&parser)) lister->List(*record, rowsOf(*record));
+        return record.release();
+    }
     return FieldReader(parser).New(rowsOf, Source{level, nullptr, 0}).release();
 }
 

@@ -167,6 +167,10 @@ struct KindRows : ChildRow {
         // Q24: a kind with places knows points at other places, and does not read them.
         return fields.found || (fields.hasPlaces && child.level->m_strName == "PT");
     }
+    template <class Lister>
+    void Describe(Lister& lister) const {
+        FieldAccess::ForEachOwn(object, [&](const auto& row, auto& field) { RowOf(row, field).Describe(lister); });
+    }
 };
 
 /// Q27: a rotation in degrees overwrites the directions.
@@ -238,6 +242,11 @@ CVEKA_3DObjectArray* CVEK_AsciiParser::ObjectsParser(CECadClsLvl* level) {
 }
 
 CVEKA_3DObject* CVEK_AsciiParser::ObjectParser(CECadClsLvl* level) {
+    if (!level) return nullptr;
     const KindMethod method = FindKind(level->m_strName.View());
     return method ? method(*this, level) : nullptr;
+}
+
+void veka::ListKinds(KeywordLister& lister) {
+    for (const KindEntry& kind : kKinds) lister.ListKind(std::string(kind.name), kind.method);
 }

@@ -1,0 +1,133 @@
+#pragma once
+
+#include <string>
+#include <typeinfo>
+#include <vector>
+
+#include "model/Record.h"
+#include "parser/CVEK_AsciiParser.h"
+
+namespace veka {
+
+/// One row of a parser method: a keyword of the file format.
+struct KeywordRow {
+    std::string parent;   ///< the level in which the keyword is known; empty at the top level
+    std::string keyword;  ///< "*" for a child of any name, empty for what the level itself gives
+    std::string form;     ///< how the level is read
+    std::string target;   ///< the class and the fields that are filled
+};
+
+/// A parser that lists its rows instead of reading by them: every parser method, called without a level, lists the rows
+/// of its level and of the levels in that level. Rows and forms describe themselves to the lister.
+class KeywordLister : public CVEK_AsciiParser {
+public:
+    /// All keywords, in the order of the rows: the sections of a file, and then the objects.
+    static std::vector<KeywordRow> AllKeywords();
+
+    /// Lists the rows of a record.
+    template <class T, class Rows>
+    void List(const T& record, const Rows& rows) {
+        const std::size_t former = m_targets.size();
+        AddTargets(record, ClassName(typeid(T)) + "::");
+        rows.Describe(*this);
+        m_targets.resize(former);
+    }
+    /// Lists the rows of an object kind by one of its parser methods.
+    template <class Method>
+    void ListKind(const std::string& level, Method method) {
+        m_parent = level;
+        delete method(*this, nullptr);
+        m_parent.clear();
+    }
+
+    // What a row says on the children that it finds.
+    void Children(const char* keyword) { Begin(keyword); }
+    void AnyChild() { Begin("*"); }
+    void EveryChild() { Begin("*"); }
+    void Itself() { Begin(""); }
+    void AtPlace(int place) { m_condition = "at place " + std::to_string(place) + ": "; }
+    void Condition(const char* text) { m_condition = std::string(text) + ": "; }
+
+    // What a form says on the reading.
+    void Nothing() { Add("not read"); }
+    template <class... Fields>
+    void Values(const char* form, const Fields&... fields) {
+        std::string targets;
+        ((targets += (targets.empty() ? "" : ", ") + NameOf(fields)), ...);
+        Add(form, targets);
+    }
+    template <class T, class Make>
+    void Record(const char* form, const T& target, const Make& make) {
+        Add(form, NameOf(target));
+        const std::string former = std::exchange(m_parent, m_keyword);
+        ListRecord(make);
+        m_parent = former;
+    }
+    template <class Rows>
+    void Within(const Rows& rows) {
+        Add("levels within");
+        const std::string former = std::exchange(m_parent, m_keyword);
+        rows.Describe(*this);
+        m_parent = former;
+    }
+
+private:
+    /// A field that rows can fill, with the class and the names that lead to the field.
+    struct Target {
+        const void* address;
+        std::string name;
+    };
+
+    static std::string ClassName(const std::type_info& type);
+    void Begin(const char* keyword) {
+        m_keyword = keyword;
+        m_condition.clear();
+    }
+    void Add(const std::string& form, const std::string& target = {}) {
+        m_rows.push_back({m_parent, m_keyword, m_condition + form, target});
+    }
+    std::string NameAt(const void* address) const;
+    template <class Field>
+    std::string NameOf(const Field& field) const {
+        if constexpr (requires { field.field; })
+            return NameAt(&field.field);
+        else
+            return NameAt(&field);
+    }
+    template <class T>
+    void AddTargets(const T& record, const std::string& prefix) {
+        m_targets.push_back({&record, prefix.substr(0, prefix.size() - (prefix.ends_with("::") ? 2 : 1))});
+        if constexpr (!IsArray<T>) {
+            ForEachField(record, [&](const auto& row, const auto& field) {
+                if constexpr (requires { field.get(); })
+                    AddTargets(*field, prefix + row.name + ".");
+                else
+                    m_targets.push_back({&field, prefix + row.name});
+            });
+        }
+    }
+    template <class Result>
+    void ListRecord(Result* (CVEK_AsciiParser::*method)(CECadClsLvl*)) {
+        delete (this->*method)(nullptr);
+    }
+    template <class Make>
+    void ListRecord(const Make& rowsOf) {
+        ListFresh(&Make::operator(), rowsOf);
+    }
+    template <class Rows, class T, class Make>
+    void ListFresh(Rows (Make::*)(T&) const, const Make& rowsOf) {
+        T record;
+        List(record, rowsOf(record));
+    }
+
+    std::vector<KeywordRow> m_rows;
+    std::vector<Target> m_targets;
+    std::string m_parent, m_keyword, m_condition;
+};
+
+/// Lists the sections of a file.
+void ListSections(KeywordLister& lister);
+/// Lists the kinds of objects.
+void ListKinds(KeywordLister& lister);
+
+}  // namespace veka
