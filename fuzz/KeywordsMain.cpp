@@ -19,12 +19,29 @@ void PrintDictionary() {
     for (const char* mark : {"//", "\\\\\\\"", "(\\\"\\\")", "TRUE", "FALSE"}) std::printf("\"%s\"\n", mark);
 }
 
+std::string Code(const std::string& text) {
+    return text.empty() ? "" : "`" + text + "`";
+}
+
 void PrintTable() {
-    std::printf("| keyword | in | read as | field |\n|---|---|---|---|\n");
+    std::printf(
+        "# All keywords\n\n"
+        "`veka-keywords` prints this page from the rows of the parser, and a test compares the two. Change "
+        "the rows, then run\n"
+        "`build/dev/bin/veka-keywords >docs/keywords.md`.\n\n"
+        "*In* is the level around the keyword; the keywords of the top level have none. `*` is a level of "
+        "any name that no other\n"
+        "row of its parent finds. *The level itself* is what the values or the name of the parent give. "
+        "`docs/format.md` explains\n"
+        "the forms of reading.\n\n"
+        "| keyword | in | read as | field |\n|---|---|---|---|\n");
+    std::set<std::string> printed;
     for (const veka::KeywordRow& row : veka::KeywordLister::AllKeywords()) {
-        const std::string keyword = row.keyword.empty() ? "the level itself" : "`" + row.keyword + "`";
-        std::printf("| %s | %s | %s | %s |\n", keyword.c_str(), row.parent.c_str(), row.form.c_str(),
-                    row.target.c_str());
+        const std::string line = "| " + (row.keyword.empty() ? "the level itself" : Code(row.keyword)) +
+                                 " | " + Code(row.parent) + " | " + row.form + " | " + Code(row.target) +
+                                 " |\n";
+        // A method that several levels use has the same rows in each.
+        if (printed.insert(line).second) std::fputs(line.c_str(), stdout);
     }
 }
 
