@@ -169,7 +169,7 @@ std::vector<std::string> CostlyLines() {
         GrowingLists(equal, false),
         GrowingLists(distinct, false) + GrowingLists(distinct, true),
     };
-    for (const size_t letters : {2, 4, 15, 256}) {
+    for (const size_t letters : {2u, 4u, 15u, 256u}) {
         std::string letter = "\\\")a";
         while (letter.size() < letters) letter += static_cast<char>(letter.size());
         std::string line;
