@@ -3,11 +3,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "CostLimit.h"
+#include "files/Paths.h"
 #include "model/CVEKA_Manager.h"
 #include "support/PlainImport.h"
 #include "support/ScriptedUserInterface.h"
@@ -41,7 +44,11 @@ void CheckImport(const CString& path) {
     const std::unique_ptr<CVEKA_Manager> model(parser.GetCVEKA_Manager());
     const std::unique_ptr<CVEKA_Manager> plainModel(plain.GetCVEKA_Manager());
     parser.SetVEKAsciiFilePath(path);
-    Require(Run([&] { parser.Parser(); }) == Run([&] { test::ImportPlainly(path, plain); }),
+    const auto import = [&] {
+        const CostLimit limit(std::filesystem::file_size(veka::ToPath(path)));
+        parser.Parser();
+    };
+    Require(Run(import) == Run([&] { test::ImportPlainly(path, plain); }),
             "the import says what the plain procedure says");
     parser.SetCVEKA_Manager(nullptr);
     plain.SetCVEKA_Manager(nullptr);

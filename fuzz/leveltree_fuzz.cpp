@@ -1,5 +1,6 @@
 // Any bytes through the level reader; every level of the tree is then looked at.
 
+#include "CostLimit.h"
 #include "InputFile.h"
 #include "files/MemoryLines.h"
 #include "leveltree/CECadCls.h"
@@ -22,6 +23,7 @@ std::size_t Visit(const CECadClsLvlArray& levels) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const fuzz::CostLimit limit(size);
     test::ScriptedUserInterface user;
     CECadCls tree;
     veka::MemoryLines lines(fuzz::View(data, size));
