@@ -37,9 +37,9 @@ void CECadClsLvl::operator delete(CECadClsLvl* level, std::destroying_delete_t) 
 }
 
 CECadClsLvlArray* CECadClsLvl::MakeSomeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children) {
-    auto** levels = pages.Take<CECadClsLvl*>(children.size());
+    auto** levels = pages.Allocate<CECadClsLvl*>(children.size());
     std::ranges::copy(children, levels);
-    auto* array = new (pages.Take<CECadClsLvlArray>(1)) CECadClsLvlArray;
+    auto* array = new (pages.Allocate<CECadClsLvlArray>(1)) CECadClsLvlArray;
     array->Show(levels, static_cast<INT_PTR>(children.size()));
     return array;
 }

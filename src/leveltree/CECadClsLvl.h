@@ -66,7 +66,7 @@ public:
                              std::span<CECadClsLvl* const> children) {
         CECadClsLvlArray* array = children.empty() ? ms_noChildren : MakeSomeChildren(pages, children);
         constexpr std::size_t namePlace = sizeof(CECadClsLvl) - sizeof(CString);
-        auto* memory = pages.Take<std::byte>(namePlace + strings.size_bytes());
+        auto* memory = pages.Allocate<std::byte>(namePlace + strings.size_bytes());
         auto* copies = reinterpret_cast<CString*>(memory + namePlace);
         auto* level = new (memory) CECadClsLvl(depth, {copies + 1, strings.size() - 1}, array);
         // Four strings at once, if need be with what stands behind them: most levels have fewer, and to ask

@@ -238,7 +238,7 @@ CString LevelReader::Keep(std::string_view text) {
     if (text.size() <= CString::kMaximumInside) return CString(text);
     if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
         throw std::length_error("a token of more than 2^31 - 1 bytes");
-    char* copy = m_pages.Take<char>(text.size() + 1);
+    char* copy = m_pages.Allocate<char>(text.size() + 1);
     std::memcpy(copy, text.data(), text.size());
     copy[text.size()] = '\0';
     return CString::Borrow({copy, text.size()});

@@ -8,14 +8,14 @@
 
 namespace veka {
 
-/// Memory that is taken piece by piece and freed as a whole.
+/// Memory that is allocated piece by piece and freed as a whole.
 class VEKA_API Pages {
 public:
-    /// Bytes behind what was taken last that can be written, too, until more is taken.
+    /// Bytes after the last piece that can be written too, until the next piece is allocated.
     static constexpr std::size_t kWritable = 64;
 
     /// Memory for an object of any type, uninitialised. It lives until `Reset`, or as long as the pages.
-    void* Take(std::size_t size) {
+    void* Allocate(std::size_t size) {
         size = (size + kAlignment - 1) & ~(kAlignment - 1);
         if (size > static_cast<std::size_t>(m_end - m_free)) NextPage(size);
         void* memory = m_free;
@@ -23,11 +23,11 @@ public:
         return memory;
     }
     template <class T>
-    T* Take(std::size_t count) {
+    T* Allocate(std::size_t count) {
         static_assert(alignof(T) <= kAlignment);
-        return static_cast<T*>(Take(count * sizeof(T)));
+        return static_cast<T*>(Allocate(count * sizeof(T)));
     }
-    /// Takes all memory back, and keeps it for what comes.
+    /// Frees all pieces, and keeps the memory for the next ones.
     void Reset() noexcept;
 
 private:

@@ -6,7 +6,7 @@
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
-#define __SANITIZE_ADDRESS__  // as GCC tells it
+#define __SANITIZE_ADDRESS__  // the name that GCC gives it
 #endif
 #endif
 #ifdef __SANITIZE_ADDRESS__
@@ -19,41 +19,44 @@
 namespace veka {
 
 struct RecordMemory::Page {
-    /// Records that live in the page. While it is being filled, those that died count down from this number.
+    /// Added to the number of living records while the page is being filled, so that the number cannot reach
+    /// 0.
     static constexpr std::size_t kOpen = SIZE_MAX / 2;
-    std::atomic<std::size_t> live{kOpen};
+    std::atomic<std::size_t> living{kOpen};
 
-    /// Takes records off; the page ends with the last.
+    /// Subtracts from the number of living records, and frees the page at 0.
     void Release(std::size_t count) noexcept {
-        if (live.fetch_sub(count, std::memory_order_acq_rel) == count) ::operator delete(this);
+        if (living.fetch_sub(count, std::memory_order_acq_rel) == count) ::operator delete(this);
     }
 };
 
 namespace {
 
-constexpr std::size_t kPage = std::size_t{32} * 1024;
-// A larger record has a block of its own: it may be a fresh result, and its place would be lost.
-constexpr std::size_t kLargest = 2048;
-// In front of each record stands the page that it is in, or null.
+constexpr std::size_t kPageSize = std::size_t{32} * 1024;
+// A larger record gets a block of its own. It is often moved into its parent and deleted soon, and a page
+// would keep its memory.
+constexpr std::size_t kLargestInPage = 2048;
+// The bytes before a record hold the pointer to its page, or null.
 constexpr std::size_t kHeader = sizeof(void*);
-// Outside of pages a record has the alignment of any other memory: a host's own class may ask for it.
+// A record outside of pages has the alignment of any other memory, because a class that a host derives from a
+// record may need it.
 constexpr std::size_t kOwnHeader = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 
-thread_local RecordMemory::Import* t_import = nullptr;
+thread_local RecordMemory::ImportScope* t_scope = nullptr;
 
 }  // namespace
 
-void* RecordMemory::Take(std::size_t size) {
+void* RecordMemory::Allocate(std::size_t size) {
     const std::size_t whole = kHeader + ((size + kHeader - 1) & ~(kHeader - 1));
-    Import* import = t_import;
+    ImportScope* scope = t_scope;
     std::byte* record;
     Page* page = nullptr;
-    if (import && size <= kLargest) {
-        if (whole > static_cast<std::size_t>(import->m_end - import->m_free)) import->NextPage();
-        record = import->m_free + kHeader;
-        import->m_free += whole;
-        ++import->m_taken;
-        page = import->m_page;
+    if (scope && size <= kLargestInPage) {
+        if (whole > static_cast<std::size_t>(scope->m_end - scope->m_free)) scope->BeginPage();
+        record = scope->m_free + kHeader;
+        scope->m_free += whole;
+        ++scope->m_allocated;
+        page = scope->m_page;
         ASAN_UNPOISON_MEMORY_REGION(record - kHeader, kHeader + size);
     } else {
         record = static_cast<std::byte*>(::operator new(kOwnHeader + size)) + kOwnHeader;
@@ -62,7 +65,7 @@ void* RecordMemory::Take(std::size_t size) {
     return record;
 }
 
-void RecordMemory::Give(void* memory, std::size_t size) noexcept {
+void RecordMemory::Free(void* memory, std::size_t size) noexcept {
     auto* record = static_cast<std::byte*>(memory);
     Page* page = *std::launder(reinterpret_cast<Page**>(record - kHeader));
     if (page) {
@@ -73,33 +76,33 @@ void RecordMemory::Give(void* memory, std::size_t size) noexcept {
     }
 }
 
-RecordMemory::Import::Import() noexcept : m_former(t_import) {
-    t_import = this;
+RecordMemory::ImportScope::ImportScope() noexcept : m_outer(t_scope) {
+    t_scope = this;
 }
 
-RecordMemory::Import::~Import() {
-    LeavePage();
-    t_import = m_former;
+RecordMemory::ImportScope::~ImportScope() {
+    EndPage();
+    t_scope = m_outer;
 }
 
-/// Begins a page, which has room for any record.
-void RecordMemory::Import::NextPage() {
-    static_assert(sizeof(Page) + kHeader + kLargest <= kPage);
-    LeavePage();
-    auto* memory = static_cast<std::byte*>(::operator new(kPage));
+/// Begins a page that has room for any record.
+void RecordMemory::ImportScope::BeginPage() {
+    static_assert(sizeof(Page) + kHeader + kLargestInPage <= kPageSize);
+    EndPage();
+    auto* memory = static_cast<std::byte*>(::operator new(kPageSize));
     m_page = ::new (memory) Page;
     m_free = memory + sizeof(Page);
-    m_end = memory + kPage;
-    ASAN_POISON_MEMORY_REGION(m_free, kPage - sizeof(Page));
+    m_end = memory + kPageSize;
+    ASAN_POISON_MEMORY_REGION(m_free, kPageSize - sizeof(Page));
 }
 
-/// Leaves the page to its records.
-void RecordMemory::Import::LeavePage() noexcept {
+/// Leaves the page to its records, the last of which frees it.
+void RecordMemory::ImportScope::EndPage() noexcept {
     if (!m_page) return;
-    m_page->Release(Page::kOpen - m_taken);
+    m_page->Release(Page::kOpen - m_allocated);
     m_page = nullptr;
     m_free = m_end = nullptr;
-    m_taken = 0;
+    m_allocated = 0;
 }
 
 }  // namespace veka

@@ -6,56 +6,57 @@
 
 namespace veka {
 
-/// The memory of records: that of the allocator, or, while an import runs in the thread, of pages.
+/// The memory of records. It comes from the allocator, or from pages while the thread runs an import.
 ///
-/// An import makes thousands of records, and their owner deletes them all together in the end. In a page they
-/// stand side by side and cost next to nothing. A page is freed with the last of its records, in whatever
-/// thread; until then the place of a single record is not used again.
+/// An import makes thousands of records, and most of them are deleted together. To allocate a record in a
+/// page costs almost nothing. A page is freed with its last record, by any thread. Until then the memory of a
+/// deleted record is not used again.
 class RecordMemory {
 public:
-    /// Memory for a record, uninitialised; in a page it is aligned as a pointer is, else as any memory.
-    /// Raises `std::bad_alloc`.
-    VEKA_API static void* Take(std::size_t size);
-    /// Takes the memory of a record back, in whatever thread.
-    VEKA_API static void Give(void* memory, std::size_t size) noexcept;
+    /// Uninitialised memory for a record. Raises `std::bad_alloc`. Outside an import the memory has the
+    /// alignment of any other memory; in a page it has the alignment that an object of this size can need.
+    VEKA_API static void* Allocate(std::size_t size);
+    /// Frees the memory of a record, in any thread.
+    VEKA_API static void Free(void* memory, std::size_t size) noexcept;
 
-    class Import;
+    class ImportScope;
 
 private:
     struct Page;
 };
 
-/// While it lives, records that its thread makes stand in pages. The latest one in a thread counts.
-class RecordMemory::Import {
+/// While it lives, the records that its thread makes are allocated in pages. Scopes can be nested: the
+/// innermost one has the current page.
+class RecordMemory::ImportScope {
 public:
-    Import() noexcept;
-    ~Import();
-    Import(const Import&) = delete;
-    Import& operator=(const Import&) = delete;
+    ImportScope() noexcept;
+    ~ImportScope();
+    ImportScope(const ImportScope&) = delete;
+    ImportScope& operator=(const ImportScope&) = delete;
 
 private:
     friend class RecordMemory;
-    void NextPage();
-    void LeavePage() noexcept;
+    void BeginPage();
+    void EndPage() noexcept;
 
-    Page* m_page = nullptr;  // that is being filled
+    Page* m_page = nullptr;  // the page that is being filled
     std::byte* m_free = nullptr;
     std::byte* m_end = nullptr;
-    std::size_t m_taken = 0;  // records of the page
-    Import* m_former;
+    std::size_t m_allocated = 0;  // records in the page
+    ImportScope* m_outer;
 };
 
 }  // namespace veka
 
-/// Lets a class and those derived from it live in the memory of records.
+/// Allocates the objects of a class, and of the classes derived from it, in the memory of records.
 #define VEKA_RECORD_MEMORY(Class)                                          \
 public:                                                                    \
     static void* operator new(std::size_t size) {                          \
         static_assert(alignof(Class) <= alignof(void*));                   \
-        return ::veka::RecordMemory::Take(size);                           \
+        return ::veka::RecordMemory::Allocate(size);                       \
     }                                                                      \
     static void operator delete(void* record, std::size_t size) noexcept { \
-        ::veka::RecordMemory::Give(record, size);                          \
+        ::veka::RecordMemory::Free(record, size);                          \
     }                                                                      \
                                                                            \
 private:

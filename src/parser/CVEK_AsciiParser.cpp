@@ -145,7 +145,7 @@ void veka::ListSections(KeywordLister& lister) {
 int CVEK_AsciiParser::Parser() {
     CECadCls tree;
     tree.m_strFilePath = VEKAsciiFilePath;
-    const RecordMemory::Import import;
+    const RecordMemory::ImportScope import;
     Sections sections(*this);
     // Unbalanced levels are no reason to drop what did close.
     tree.ReadTopLevels(0, [&](CECadClsLvl* level) { sections.Read(level); });

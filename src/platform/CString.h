@@ -38,7 +38,7 @@ public:
             Copy(other.View());
     }
     /// A borrowed text stays borrowed, unlike in a copy.
-    CString(CString&& other) noexcept { Take(other); }
+    CString(CString&& other) noexcept { MoveFrom(other); }
     ~CString() { Free(); }
     CString& operator=(const CString& other) {
         if (this == &other) return *this;
@@ -50,7 +50,7 @@ public:
     CString& operator=(CString&& other) noexcept {
         if (this == &other) return *this;
         Free();
-        Take(other);
+        MoveFrom(other);
         return *this;
     }
 
@@ -241,8 +241,8 @@ private:
         std::memcpy(m_bytes + 8, &number, sizeof number);
         m_bytes[15] = static_cast<char>(where);
     }
-    /// Takes the other string's place over; this one holds nothing that is to be freed.
-    void Take(CString& other) noexcept {
+    /// Moves the other string here. This string must hold nothing that has to be freed.
+    void MoveFrom(CString& other) noexcept {
         std::memcpy(m_bytes, other.m_bytes, sizeof m_bytes);
         std::memset(other.m_bytes, 0, sizeof m_bytes);
     }

@@ -13,7 +13,7 @@ TEST(Pages, GiveMemoryThatIsApart) {
     veka::Pages pages;
     std::vector<std::pair<unsigned char*, size_t>> pieces;
     for (size_t size = 1; size < 700; ++size) {
-        auto* memory = pages.Take<unsigned char>(size);
+        auto* memory = pages.Allocate<unsigned char>(size);
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory) % 8, 0u);
         std::memset(memory, static_cast<int>(size % 256), size);
         pieces.emplace_back(memory, size);
@@ -24,15 +24,15 @@ TEST(Pages, GiveMemoryThatIsApart) {
 
 TEST(Pages, GiveMoreThanAPageAtOnce) {
     veka::Pages pages;
-    std::memset(pages.Take(10), 1, 10);
-    std::memset(pages.Take(1'000'000), 2, 1'000'000);
-    std::memset(pages.Take(10), 3, 10);
+    std::memset(pages.Allocate(10), 1, 10);
+    std::memset(pages.Allocate(1'000'000), 2, 1'000'000);
+    std::memset(pages.Allocate(10), 3, 10);
 }
 
 TEST(Pages, CanBeWrittenBehindWhatWasTakenLast) {
     veka::Pages pages;
     for (const size_t size : {size_t{64} * 1024, size_t{1'000'000}, size_t{8}})
-        std::memset(pages.Take(size), 1, size + veka::Pages::kWritable);
+        std::memset(pages.Allocate(size), 1, size + veka::Pages::kWritable);
 }
 
 TEST(Pages, GrowToManyMegabytes) {
@@ -40,7 +40,7 @@ TEST(Pages, GrowToManyMegabytes) {
     for (int round = 0; round < 2; ++round) {
         std::vector<unsigned char*> pieces;
         for (size_t i = 0; i < 2000; ++i) {
-            pieces.push_back(pages.Take<unsigned char>(10'000));
+            pieces.push_back(pages.Allocate<unsigned char>(10'000));
             std::memset(pieces.back(), static_cast<int>(i % 256), 10'000);
         }
         for (size_t i = 0; i < pieces.size(); ++i) {
@@ -53,14 +53,14 @@ TEST(Pages, GrowToManyMegabytes) {
 
 TEST(Pages, UseTheirMemoryAgain) {
     veka::Pages pages;
-    void* first = pages.Take(100);
-    void* second = pages.Take(100'000);
+    void* first = pages.Allocate(100);
+    void* second = pages.Allocate(100'000);
     pages.Reset();
-    EXPECT_EQ(pages.Take(100), first);
-    EXPECT_EQ(pages.Take(100'000), second);
+    EXPECT_EQ(pages.Allocate(100), first);
+    EXPECT_EQ(pages.Allocate(100'000), second);
     pages.Reset();
-    std::memset(pages.Take(200'000), 1, 200'000);
-    std::memset(pages.Take(100'000), 1, 100'000);
+    std::memset(pages.Allocate(200'000), 1, 200'000);
+    std::memset(pages.Allocate(100'000), 1, 100'000);
 }
 
 }  // namespace
