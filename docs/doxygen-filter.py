@@ -3,53 +3,59 @@
 import re
 import sys
 
-# What a row makes, public parts alone. {doc} is the row's own comment, or a sentence about the field.
-NUMBER = """public:
+# What a row makes, public parts alone. {doc} is the row's own description.
+GETTER_AND_SETTER = """public:
     /// {doc}
-    {0} {3}() const noexcept;
-    /// Sets `{1}`.
-    void {4}({0} value) noexcept;
+    {type} {get}() const{noexcept};
+    /// Sets `{name}`.
+    void {set}({argument} value){noexcept};
 private:"""
-ROWS = {
-    "VEKA_NUMBER": NUMBER,
-    "VEKA_FLAG": NUMBER.replace("{4}", "{2}").replace("{3}", "{1}").replace("`{1}`", "`{0}`").replace("{0} {1}()", "int {1}()")
-    .replace("({0} value)", "(int value)"),
-    "VEKA_TEXT": """public:
-    /// {doc}
-    CString {1}() const;
-    /// Sets `{0}`.
-    void {2}(const CString& value);
-private:""",
-    "VEKA_OWNED": """public:
+TEMPLATES = {
+    "NUMBER": GETTER_AND_SETTER,
+    "TEXT": GETTER_AND_SETTER,
+    "OWNED": """public:
     /// {doc} It stays the record's.
-    {0}* {2}() const noexcept;
-    /// Copies into `{1}`; raises `CInvalidArgException` for null.
-    void {3}(const {0}* value);
+    {type}* {get}() const noexcept;
+    /// Copies into `{name}`; raises `CInvalidArgException` for null.
+    void {set}(const {type}* value);
 private:""",
-    "VEKA_LIST": """public:
+    "LIST": """public:
     /// {doc} Fills the list that is given.
-    void {1}(CStringArray& list) const;
-    /// Replaces `{0}`.
-    void {2}(const CStringArray& list);
+    void {get}(CStringArray& list) const;
+    /// Replaces `{name}`.
+    void {set}(const CStringArray& list);
 private:""",
+    "PUBLIC": "public:\n    {type} {name} = {default};  ///< {doc}\nprivate:",
+    "PAD_NAMES": """public:
+    /// {doc} Fills the list that is given.
+    void GetStandardizationPadNames(CStringArray& names) const;
+    /// Adds a name, unless the list has it.
+    void AddStandardizationPadName(CString name);
+private:""",
+}
+# The rows: the template, the arguments in their order, and what else the template needs.
+ROWS = {
+    "VEKA_NUMBER": ("NUMBER", "type name default", {}),
+    "VEKA_FLAG": ("NUMBER", "name", {"type": "int"}),
+    "VEKA_TEXT": ("TEXT", "name", {"type": "CString"}),
+    "VEKA_OWNED": ("OWNED", "type name", {}),
+    "VEKA_LIST": ("LIST", "name", {}),
+    "VEKA_PUBLIC": ("PUBLIC", "type name default", {}),
+    "VEKA_REAL": ("PUBLIC", "name", {"type": "double", "default": "0"}),
+    "VEKA_INTEGER": ("PUBLIC", "name", {"type": "int", "default": "0"}),
+    "VEKA_STRING": ("PUBLIC", "name", {"type": "CString", "default": "{}"}),
+    "VEKA_POINT": ("PUBLIC", "name", {"type": "Owned<CVEKA_Coordinate>", "default": "{}"}),
+    "VEKA_PLACED_POINT": ("PUBLIC", "name place", {"type": "Owned<CVEKA_Coordinate>", "default": "{}"}),
+    "VEKA_OBJECT_LIST": ("PUBLIC", "name form", {"type": "Owned<CVEKA_3DObjectArray>", "default": "{}"}),
+    "VEKA_OBJECT_FIELD": ("PUBLIC", "type name default form", {}),
+    "VEKA_PAD_NAMES_ROW": ("PAD_NAMES", "", {}),
+}
+# What other macros make.
+MACROS = {
     "VEKA_LIST_APPEND": """public:
     /// Appends one text to `{0}`.
     void {1}(const CString& value);
 private:""",
-    "VEKA_PUBLIC_NUMBER": "public:\n    {0} {1} = {2};  ///< {doc}\nprivate:",
-    "VEKA_PUBLIC_TEXT": "public:\n    CString {0};  ///< {doc}\nprivate:",
-    "VEKA_PUBLIC_LIST": "public:\n    CStringArray {0};  ///< {doc}\nprivate:",
-    "VEKA_PUBLIC_OWNED": "public:\n    Owned<{0}> {1};  ///< {doc}\nprivate:",
-    "VEKA_REAL": "public:\n    double {0} = 0;  ///< {doc}\nprivate:",
-    "VEKA_INTEGER": "public:\n    int {0} = 0;  ///< {doc}\nprivate:",
-    "VEKA_STRING": "public:\n    CString {0};  ///< {doc}\nprivate:",
-    "VEKA_POINT": "public:\n    Owned<CVEKA_Coordinate> {0};  ///< {doc}\nprivate:",
-    "VEKA_PLACED_POINT": "public:\n    Owned<CVEKA_Coordinate> {0};  ///< {doc}\nprivate:",
-    "VEKA_NUMBER_FLAG": "public:\n    bool {0} = false;  ///< {doc}\nprivate:",
-    "VEKA_OBJECTS": "public:\n    Owned<CVEKA_3DObjectArray> {0};  ///< {doc}\nprivate:",
-    "VEKA_OBJECT_LIST": "public:\n    Owned<CVEKA_3DObjectArray> {0};  ///< {doc}\nprivate:",
-    "VEKA_OBJECT_FIELD": "public:\n    {0} {1};  ///< {doc}\nprivate:",
-    "VEKA_CLINCH_GROUP": "",
     "VEKA_RECORD": """public:
     /// Every field at its default.
     {0}();
@@ -61,11 +67,18 @@ public:
     /// A deep copy, which is the caller's.
     virtual {0}* Clone() const;
 }};""",
+    "VEKA_PAD_NAMES": """public:
+    /// Distinct names in the order of their first appearance. Fills the list that is given.
+    void GetStandardizationPadNames(CStringArray& names) const;
+private:""",
+    "VEKA_CLINCH_GROUP": """public:
+    bool CLINCH = false;  ///< True if the end of the lead is clinched.
+    double CLINCHLENGTH = 0;  ///< Length of the clinched end.
+    double CLINCHROTATE = 0;  ///< Rotation of the clinched end in degrees.
+private:""",
 }
-ROWS["VEKA_RECORD_CLONED_BY"] = ROWS["VEKA_RECORD_OPERATIONS"] = ROWS["VEKA_OBJECT"] = ROWS["VEKA_OBJECT_OPERATIONS"] = ROWS["VEKA_RECORD"]
-SILENT = ("VEKA_FIELDS_OF", "VEKA_DESCRIBE", "VEKA_DESCRIBE_AS", "VEKA_ARRAY_OPERATIONS", "VEKA_OBJECT_FIELDS_OF")
-# Where the name of the field stands among the arguments.
-NAME_AT = {"VEKA_NUMBER": 1, "VEKA_OWNED": 1, "VEKA_PUBLIC_NUMBER": 1, "VEKA_PUBLIC_OWNED": 1, "VEKA_OBJECT_FIELD": 1}
+MACROS["VEKA_RECORD_CLONED_BY"] = MACROS["VEKA_RECORD_OPERATIONS"] = MACROS["VEKA_OBJECT"] = MACROS["VEKA_OBJECT_OPERATIONS"] = MACROS["VEKA_RECORD"]
+SILENT = ("VEKA_FIELDS_OF", "VEKA_DESCRIBE", "VEKA_DESCRIBE_AS", "VEKA_ARRAY_OPERATIONS")
 
 
 def arguments(text):
@@ -81,28 +94,40 @@ def arguments(text):
     return parts + [part.strip()]
 
 
+def row(macro, inside):
+    """The members that a row makes."""
+    template, names, fields = ROWS[macro.removesuffix("_AS")]
+    literal = re.search(r'(?:"[^"]*"\s*)+$', inside)
+    doc = "".join(re.findall(r'"([^"]*)"', literal.group(0)))
+    values = arguments(inside[:literal.start()].rstrip().rstrip(","))
+    names = names.split() + (["get", "set"] if macro.endswith("_AS") else [])
+    fields = dict(fields, **dict(zip(names, values)), doc=doc[:1].upper() + doc[1:] + ".")
+    fields.setdefault("get", "Get" + fields.get("name", ""))
+    fields.setdefault("set", "Set" + fields.get("name", ""))
+    text = template == "TEXT"
+    return TEMPLATES[template].format(noexcept="" if text else " noexcept",
+                                      argument="const CString&" if text else fields.get("type"), **fields)
+
+
 def main():
     with open(sys.argv[1]) as file:
         text = file.read()
     text = re.sub(r"\bVEKA_API ", "", text)
-    if "#define VEKA_RECORD(" in text or "#define VEKA_OBJECT(" in text:
+    if "#define VEKA_" in text:
         print(text)
         return
 
     def expand(match):
-        before, macro, inside, comment = match.group(1), match.group(2), match.group(3), match.group(4) or ""
+        before, macro, inside = match.group(1), match.group(2), match.group(3) or ""
         if macro in SILENT:
             return before
-        if macro not in ROWS:
+        if macro.removesuffix("_AS") in ROWS:
+            return row(macro, inside)
+        if macro not in MACROS:
             return match.group(0)
-        fields = arguments(inside or "")
-        name = fields[min(NAME_AT.get(macro, 0), len(fields) - 1)]
-        own = " ".join(re.sub(r"^\s*///<? ?", "", line).strip() for line in (before + "\n" + comment).split("\n")).strip()
-        doc = own[:1].upper() + own[1:] if own else f"The field `{name}`."
-        is_class = macro == "VEKA_ARRAY"
-        return (before if is_class else "") + ROWS[macro].format(*fields, doc=doc)
+        return (before if macro == "VEKA_ARRAY" else "") + MACROS[macro].format(*arguments(inside))
 
-    rows = r"((?:^[ \t]*///[^\n]*\n)*)^[ \t]*(VEKA_[A-Z_]+)(?:\(((?:[^()]|\([^()]*\))*)\))?(?:[ \t]*(///[^\n]*))?[ \t]*$"
+    rows = r'((?:^[ \t]*///[^\n]*\n)*)^[ \t]*(VEKA_[A-Z_]+)(?:\(((?:[^()"]|"[^"]*"|\([^()]*\))*)\))?[ \t]*$'
     print(re.sub(rows, expand, text, flags=re.M))
 
 

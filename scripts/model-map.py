@@ -15,8 +15,8 @@ def read_headers():
         for match in re.finditer(r"VEKA_ARRAY(?:_OPERATIONS)?\((\w+), (\w+)\)", text):
             ELEMENTS[match.group(1)] = match.group(2)
         for match in re.finditer(r"^class (?:VEKA_API )?(\w+)[^;{]*\{(.*?)^\};", text, re.M | re.S):
-            held = re.findall(r"VEKA_(?:PUBLIC_)?OWNED\((\w+),\s*(\w+)", match.group(2))
-            plain = re.findall(r"VEKA_(?:PUBLIC_)?(?:NUMBER\(\w+, |FLAG\(|TEXT\(|LIST\()(\w+)", match.group(2))
+            held = re.findall(r"VEKA_OWNED(?:_AS)?\((\w+),\s*(\w+)", match.group(2))
+            plain = re.findall(r"VEKA_(?:NUMBER(?:_AS)?\(\w+, |PUBLIC\(\w+, |FLAG\(|(?:TEXT|LIST)(?:_AS)?\()(\w+)", match.group(2))
             FIELDS[match.group(1)] = (held, plain)
 
 

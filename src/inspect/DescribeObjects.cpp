@@ -4,10 +4,9 @@
 namespace veka {
 
 void Descriptions::DescribeObjects() {
-#define VEKA_DESCRIBE_KIND(Level, Method, Class) Of<Class>();
-    VEKA_OBJECT_KINDS(VEKA_DESCRIBE_KIND)
+#define VEKA_DESCRIBE_KIND(Level, Number, Class, Method) Of<Class>();
+    VEKA_ALL_OBJECT_KINDS(VEKA_DESCRIBE_KIND)
 #undef VEKA_DESCRIBE_KIND
-    Of<CVEKA_3DOJ_METAKMASKSHAPE>();  // named by no level
 }
 
 }  // namespace veka

@@ -36,7 +36,7 @@ struct RecordView {
 /// A field of a record class. The parameter `record` is the address of a record of that class.
 struct FieldDescription {
     const char* name;
-    const char* doc;  ///< a sentence about the field; empty where the row has none
+    const char* doc;  ///< meaning and unit of the field
     FieldKind kind;
     std::size_t size;                  ///< bytes of the value
     std::ptrdiff_t offset;             ///< bytes from the start of the record to the value

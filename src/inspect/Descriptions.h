@@ -155,10 +155,7 @@ private:
                   RecordDescription& description) {
         FieldDescription field{};
         field.name = row.name;
-        if constexpr (requires { row.doc; })
-            field.doc = row.doc;
-        else
-            field.doc = "";
+        field.doc = row.doc;
         field.row = &row;
         const void* address = &value;
         field.size = sizeof value;

@@ -5,9 +5,9 @@
 /// A numbered remark with the name of what it remarks on.
 class VEKA_API CVEKA_Comment {
     VEKA_RECORD(CVEKA_Comment)
-    VEKA_NUMBER(int, Index, 0, GetIndex, SetIndex)
-    VEKA_TEXT(Property, GetProperty, SetProperty)
-    VEKA_TEXT(Comment, GetComment, SetComment)
+    VEKA_NUMBER(int, Index, 0, "number of the comment")
+    VEKA_TEXT(Property, "name of the property that the comment is about")
+    VEKA_TEXT(Comment, "text of the comment")
 };
 
 /// The remarks of one record.

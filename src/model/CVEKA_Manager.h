@@ -12,12 +12,13 @@
 /// Root of the model of one file: the part, and the library that it refers to.
 class VEKA_API CVEKA_Manager {
     VEKA_RECORD(CVEKA_Manager)
-    VEKA_OWNED(CVEKA_VEK, VEK, GetVEK, SetVEK)
-    VEKA_OWNED(CVEKA_ColorTableArray, ColorTable, GetColorTable, SetColorTable)
-    VEKA_OWNED(CVEKA_PadArray, PadArr, GetPadArr, SetPadArr)
-    VEKA_OWNED(CVEKA_PadStackArray, PadStackArr, GetPadStackArr, SetPadStackArr)
-    VEKA_OWNED(CVEKA_FootprintDBArray, FootprintDBArr, GetFootprintDBArr, SetFootprintDBArr)
-    VEKA_OWNED(CVEKA_NSHAPEArray, NShapeArr, GetNShapeArr, SetNShapeArr)
-    VEKA_OWNED(CVEKA_PartitionDBArray, PartitionDBArr, GetPartitionDBArr, SetPartitionDBArr)
-    VEKA_OWNED(CVEKA_FontArray, LibFonts, GetLibFonts, SetLibFonts)
+    VEKA_OWNED(CVEKA_VEK, VEK, "the part that the file describes")
+    VEKA_OWNED(CVEKA_ColorTableArray, ColorTable, "colours by number")
+    VEKA_OWNED(CVEKA_PadArray, PadArr, "pads, which padstacks name")
+    VEKA_OWNED(CVEKA_PadStackArray, PadStackArr, "padstacks, which footprint pins name")
+    VEKA_OWNED(CVEKA_FootprintDBArray, FootprintDBArr, "footprints, which packages name")
+    VEKA_OWNED(CVEKA_NSHAPEArray, NShapeArr, "pin shapes, which library partitions name")
+    VEKA_OWNED(CVEKA_PartitionDBArray, PartitionDBArr,
+               "library partitions, which the partitions of symbols name")
+    VEKA_OWNED(CVEKA_FontArray, LibFonts, "fonts, which texts refer to by number")
 };

@@ -5,6 +5,6 @@
 /// A range of a quantity, in the units of the file.
 class VEKA_API CVEKA_MinMax {
     VEKA_RECORD(CVEKA_MinMax)
-    VEKA_NUMBER(double, Min, 0, GetMin, SetMin)
-    VEKA_NUMBER(double, Max, 0, GetMax, SetMax)
+    VEKA_NUMBER(double, Min, 0, "smallest value")
+    VEKA_NUMBER(double, Max, 0, "largest value")
 };

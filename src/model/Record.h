@@ -13,45 +13,49 @@
 
 /// The record macros: a record is written as the table of its fields.
 ///
-///     /// One line of a bill of materials.
-///     class VEKA_API CVEKA_Item {
-///         VEKA_RECORD(CVEKA_Item)
-///         VEKA_TEXT(Unit, GetUnit, SetUnit)                    ///< currency
-///         VEKA_NUMBER(double, Cost, 0, GetCost, SetCost)
-///         VEKA_OWNED(CVEKA_Color, Color, GetColor, SetColor)
+///     /// A part in the bill of materials.
+///     class VEKA_API CVEKA_BOM {
+///         VEKA_RECORD(CVEKA_BOM)
+///         VEKA_TEXT(Unit, "currency of the cost")
+///         VEKA_NUMBER(double, Cost, 0, "price of one piece")
 ///     };
 ///
-/// Each row makes a field with its default and the accessors named in it. A field knows how to be default,
-/// copied and moved, so a record needs no code of its own: `VEKA_RECORD` gives it the default, copy and move
-/// operations, the protected `Init`, and three virtual operations in this order: destructor, `operator=`,
-/// `Clone`. `VEKA_ARRAY` makes the owning array of a record.
+/// `VEKA_RECORD` gives the record its default, copy and move operations, the protected `Init`, and three
+/// virtual operations in this order: destructor, `operator=`, `Clone`. `VEKA_ARRAY` makes the owning array of
+/// a record.
 ///
-/// Each row also describes itself: `veka::ForEachField` walks the fields of any record, for what is done
-/// alike to all of them (see the generic record tests and the host's inspector).
+/// Each row makes a private field with its default, and the accessors `GetX` and `SetX` of a field X. The
+/// rows ending in `_AS` name their accessors. The last argument of a row describes the field: its meaning and
+/// its unit. Lengths are in the part's unit unless the row says otherwise.
+///
+/// `veka::ForEachField` visits the fields of any record with their names and descriptions. Whatever is done
+/// alike to all records uses it: the printers, the reference, the generic record tests.
 
 class CVEK_AsciiParser;
 
 namespace veka {
 
-/// What one row of a record says about its field; a field without accessors has null for them.
+/// What one row of a record says about its field. A field without accessors has null for them.
 template <class Member, class Getter, class Setter>
 struct Field {
     const char* name;
+    const char* doc;  ///< meaning and unit
     Member member;
     Getter getter;
     Setter setter;
 };
 template <class Member, class Getter, class Setter>
-Field(const char*, Member, Getter, Setter) -> Field<Member, Getter, Setter>;
+Field(const char*, const char*, Member, Getter, Setter) -> Field<Member, Getter, Setter>;
 
-/// Ranks overloads, so that the best one tells how many rows a record has so far.
+/// Ranks the overloads that count the rows of a record: the overload of the last row is the best match.
 template <int N>
 struct Rank : Rank<N - 1> {};
 template <>
 struct Rank<0> {};
+/// Most fields that a record can have.
 inline constexpr int kMaximumFields = 48;
 
-/// The way to the rows of a record.
+/// Reads the rows of a record.
 struct FieldAccess {
     /// What a class with rows, or one derived from it, says about itself.
     template <class Record>
@@ -61,9 +65,11 @@ struct FieldAccess {
         static constexpr const char* Name() { return Record::VekaName(); }
     };
 
+    /// Number of rows, without those of a base class.
     template <class Record>
     static constexpr int kCount = decltype(Record::VekaCount(Rank<kMaximumFields>{}))::value;
 
+    /// Calls `visit(row, field)` for every field, those of a base class first.
     template <class Record, class Visitor>
     static void ForEach(Record& record, Visitor&& visit) {
         using Class = std::remove_const_t<Record>;
@@ -74,97 +80,62 @@ struct FieldAccess {
         }
         ForEachOwn(record, visit);
     }
-    /// Without those of a base class.
+    /// Calls `visit(row, field)` for every field but those of a base class.
     template <class Record, class Visitor>
     static void ForEachOwn(Record& record, Visitor&& visit) {
         using Class = std::remove_const_t<Record>;
         ForEach<Class>(record, visit, std::make_integer_sequence<int, kCount<Class>>());
     }
 
-    /// True if the copy of a field differs from its source.
-    template <class Record>
-    static constexpr bool AnyFieldLoses() {
-        return AnyFieldLoses<Record>(std::make_integer_sequence<int, kCount<Record>>());
-    }
-
 private:
-    template <class Record, int... Index>
-    static constexpr bool AnyFieldLoses(std::integer_sequence<int, Index...>) {
-        return (FieldLoses(Record::VekaField(std::integral_constant<int, Index>{}).member) || ...);
-    }
-    template <class Class, class T>
-    static constexpr bool FieldLoses(T Class::*) {
-        return false;
-    }
-    template <class Class, class T>
-    static constexpr bool FieldLoses(Owned<T> Class::*);
-
     template <class Class, class Record, class Visitor, int... Index>
     static void ForEach(Record& record, Visitor& visit, std::integer_sequence<int, Index...>) {
         (Visit<Class, Index>(record, visit), ...);
     }
     template <class Class, int Index, class Record, class Visitor>
     static void Visit(Record& record, Visitor& visit) {
-        static constexpr auto field = Class::VekaField(std::integral_constant<int, Index>{});
-        visit(field, record.*field.member);
+        static constexpr auto row = Class::VekaField(std::integral_constant<int, Index>{});
+        visit(row, record.*row.member);
     }
 };
 
-/// Calls `visit(description, field)` for every field of a record, in the order of its rows; those of a base
+/// Calls `visit(row, field)` for every field of a record, in the order of its rows. The fields of a base
 /// class come first.
 template <class Record, class Visitor>
 void ForEachField(Record& record, Visitor&& visit) {
     FieldAccess::ForEach(record, visit);
 }
 
+/// An owning array of the model.
 template <class T>
 concept IsArray = requires {
     typename T::Element;
 };
-template <class T>
-concept LosesItself = requires(T& value) {
-    value.VekaLose();
-};
 
-/// True if a copy of a record or an array differs from its source: some classes lose a field when they are
-/// copied, and whatever holds one of them loses it too.
+/// Changes a value to what a copy of it would be. Some classes lose a part of their content in a copy; such a
+/// class says in its own `BecomeACopy` what is lost, and a record or an array that holds such a class loses
+/// that part too. The move of an array takes over the source's elements and then calls this function, so that
+/// a move has the effects of a copy.
 template <class T>
-constexpr bool CopyLoses() {
-    if constexpr (LosesItself<T>)
-        return true;
-    else if constexpr (IsArray<T>)
-        return CopyLoses<typename T::Element>();
-    else
-        return FieldAccess::AnyFieldLoses<T>();
-}
-
-template <class Class, class T>
-constexpr bool FieldAccess::FieldLoses(Owned<T> Class::*) {
-    return CopyLoses<T>();
-}
-
-/// Does to an object what copying it would have done. A move takes the source's storage over, and then does
-/// this, so that nothing tells a move from a copy.
-template <class T>
-void Lose(T& value) {
-    if constexpr (!CopyLoses<T>()) {
-    } else if constexpr (LosesItself<T>) {
-        value.VekaLose();
+void BecomeACopy(T& value) {
+    if constexpr (requires { value.BecomeACopy(); }) {
+        value.BecomeACopy();
     } else if constexpr (IsArray<T>) {
         for (auto* element : value)
-            if (element) Lose(*element);
+            if (element) BecomeACopy(*element);
     } else {
         ForEachField(value, [](const auto&, auto& field) {
-            if constexpr (requires { field.get(); }) Lose(*field);
+            if constexpr (requires { field.get(); }) BecomeACopy(*field);
         });
     }
 }
 
 }  // namespace veka
 
+/// The operations of a record.
 #define VEKA_RECORD(Class) VEKA_RECORD_CLONED_BY(Class, Clone)
 
-/// A record whose cloning operation has another name.
+/// The operations of a record whose cloning operation has another name.
 #define VEKA_RECORD_CLONED_BY(Class, Clone)           \
 public:                                               \
     Class() = default;                                \
@@ -185,8 +156,8 @@ protected:                                            \
                                                       \
     VEKA_FIELDS_OF(Class, void)
 
-/// For a record whose copy loses something: it writes its copies and `Init` itself, names what is lost in
-/// `VekaLose`, which a move then does too, and declares its rows behind `VEKA_FIELDS_OF`.
+/// The operations of a record whose copy loses something. The record writes its copy operations, `Init` and
+/// `BecomeACopy` itself, and puts its rows after `VEKA_FIELDS_OF`.
 #define VEKA_RECORD_OPERATIONS(Class)       \
 public:                                     \
     Class() = default;                      \
@@ -196,7 +167,7 @@ protected:                                  \
     /** Sets every field to its default. */ \
     void Init();
 
-/// What the rows of a class need besides its operations; `Base` is the base class with rows, or void.
+/// What the rows of a class need besides the operations. `Base` is the base class with rows, or void.
 #define VEKA_FIELDS_OF(Class, Base)           \
     VEKA_RECORD_MEMORY(Class)                 \
 private:                                      \
@@ -209,85 +180,93 @@ private:                                      \
     }                                         \
     static std::integral_constant<int, 0> VekaCount(::veka::Rank<0>);
 
-/// The description of one field; `Getter` and `Setter` are member pointers or null.
-#define VEKA_DESCRIBE(Name, Getter, Setter) \
-    VEKA_DESCRIBE_AS(Name, (::veka::Field{#Name, &VekaSelf::Name, Getter, Setter}))
-/// As above, with any description that has at least the name and the member.
-#define VEKA_DESCRIBE_AS(Name, Description)                                                               \
-private:                                                                                                  \
-    static constexpr int kVekaRow_##Name =                                                                \
-        decltype(VekaCount(::veka::Rank<::veka::kMaximumFields>{}))::value;                               \
-    static std::integral_constant<int, kVekaRow_##Name + 1> VekaCount(::veka::Rank<kVekaRow_##Name + 1>); \
-    static constexpr auto VekaField(std::integral_constant<int, kVekaRow_##Name>) {                       \
-        return Description;                                                                               \
+/// Makes a row of a field that is declared elsewhere. `Getter` and `Setter` are member pointers or null.
+#define VEKA_DESCRIBE(Name, Getter, Setter, Doc) \
+    VEKA_DESCRIBE_AS(Name, Doc, (::veka::Field{#Name, Doc, &VekaSelf::Name, Getter, Setter}))
+/// As above, with any description that has at least the name, the doc and the member.
+#define VEKA_DESCRIBE_AS(Name, Doc, Description)                                                            \
+private:                                                                                                    \
+    static constexpr int kVekaRow_##Name =                                                                  \
+        decltype(VekaCount(::veka::Rank<::veka::kMaximumFields>{}))::value;                                 \
+    static_assert(kVekaRow_##Name < ::veka::kMaximumFields,                                                 \
+                  "A record has at most 48 fields, and " #Name                                              \
+                  " is one more. Raise veka::kMaximumFields in model/Record.h.");                           \
+    static_assert(sizeof("" Doc) > 1, "The row " #Name " needs a description of the field, as a literal."); \
+    static std::integral_constant<int, kVekaRow_##Name + 1> VekaCount(::veka::Rank<kVekaRow_##Name + 1>);   \
+    static constexpr auto VekaField(std::integral_constant<int, kVekaRow_##Name>) {                         \
+        return Description;                                                                                 \
     }
 
-/// A number: its type, name, default, getter and setter.
-#define VEKA_NUMBER(Type, Name, Default, Get, Set)      \
-    VEKA_DESCRIBE(Name, &VekaSelf::Get, &VekaSelf::Set) \
-    Type Name = Default;                                \
-                                                        \
-public:                                                 \
-    Type Get() const noexcept {                         \
-        return Name;                                    \
-    }                                                   \
-    void Set(Type value) noexcept {                     \
-        Name = value;                                   \
-    }                                                   \
-                                                        \
+/// A number.
+#define VEKA_NUMBER(Type, Name, Default, Doc) VEKA_NUMBER_AS(Type, Name, Default, Get##Name, Set##Name, Doc)
+#define VEKA_NUMBER_AS(Type, Name, Default, Get, Set, Doc)   \
+    VEKA_DESCRIBE(Name, &VekaSelf::Get, &VekaSelf::Set, Doc) \
+    Type Name = Default;                                     \
+                                                             \
+public:                                                      \
+    Type Get() const noexcept {                              \
+        return Name;                                         \
+    }                                                        \
+    void Set(Type value) noexcept {                          \
+        Name = value;                                        \
+    }                                                        \
+                                                             \
 private:
 
 /// A flag: an int that holds 0 or 1, 0 by default.
-#define VEKA_FLAG(Name, Get, Set) VEKA_NUMBER(int, Name, 0, Get, Set)
+#define VEKA_FLAG(Name, Doc) VEKA_NUMBER(int, Name, 0, Doc)
 
 /// A byte string, empty by default.
-#define VEKA_TEXT(Name, Get, Set)                       \
-    VEKA_DESCRIBE(Name, &VekaSelf::Get, &VekaSelf::Set) \
-    CString Name;                                       \
-                                                        \
-public:                                                 \
-    CString Get() const {                               \
-        return Name;                                    \
-    }                                                   \
-    void Set(const CString& value) {                    \
-        Name = value;                                   \
-    }                                                   \
-                                                        \
+#define VEKA_TEXT(Name, Doc) VEKA_TEXT_AS(Name, Get##Name, Set##Name, Doc)
+#define VEKA_TEXT_AS(Name, Get, Set, Doc)                    \
+    VEKA_DESCRIBE(Name, &VekaSelf::Get, &VekaSelf::Set, Doc) \
+    CString Name;                                            \
+                                                             \
+public:                                                      \
+    CString Get() const {                                    \
+        return Name;                                         \
+    }                                                        \
+    void Set(const CString& value) {                         \
+        Name = value;                                        \
+    }                                                        \
+                                                             \
 private:
 
-/// A sub-record or an array. The getter hands out the one that the record holds; the setter copies into it,
-/// and raises `CInvalidArgException` for null.
-#define VEKA_OWNED(Class, Name, Get, Set)               \
-    VEKA_DESCRIBE(Name, &VekaSelf::Get, &VekaSelf::Set) \
-    Owned<Class> Name;                                  \
-                                                        \
-public:                                                 \
-    Class* Get() const noexcept {                       \
-        return Name;                                    \
-    }                                                   \
-    void Set(const Class* value) {                      \
-        if (!value) AfxThrowInvalidArgException();      \
-        *Name = *value;                                 \
-    }                                                   \
-                                                        \
+/// A sub-record or an array. The getter gives the one that the record holds. The setter copies into it, and
+/// raises `CInvalidArgException` for null.
+#define VEKA_OWNED(Class, Name, Doc) VEKA_OWNED_AS(Class, Name, Get##Name, Set##Name, Doc)
+#define VEKA_OWNED_AS(Class, Name, Get, Set, Doc)            \
+    VEKA_DESCRIBE(Name, &VekaSelf::Get, &VekaSelf::Set, Doc) \
+    Owned<Class> Name;                                       \
+                                                             \
+public:                                                      \
+    Class* Get() const noexcept {                            \
+        return Name;                                         \
+    }                                                        \
+    void Set(const Class* value) {                           \
+        if (!value) AfxThrowInvalidArgException();           \
+        *Name = *value;                                      \
+    }                                                        \
+                                                             \
 private:
 
-/// A list of strings. The getter fills the list given to it; the setter replaces the field's list.
-#define VEKA_LIST(Name, Get, Set)                       \
-    VEKA_DESCRIBE(Name, &VekaSelf::Get, &VekaSelf::Set) \
-    CStringArray Name;                                  \
-                                                        \
-public:                                                 \
-    void Get(CStringArray& list) const {                \
-        list.Copy(Name);                                \
-    }                                                   \
-    void Set(const CStringArray& list) {                \
-        Name.Copy(list);                                \
-    }                                                   \
-                                                        \
+/// A list of strings. The getter fills the list that it is given; the setter replaces the field's list.
+#define VEKA_LIST(Name, Doc) VEKA_LIST_AS(Name, Get##Name, Set##Name, Doc)
+#define VEKA_LIST_AS(Name, Get, Set, Doc)                    \
+    VEKA_DESCRIBE(Name, &VekaSelf::Get, &VekaSelf::Set, Doc) \
+    CStringArray Name;                                       \
+                                                             \
+public:                                                      \
+    void Get(CStringArray& list) const {                     \
+        list.Copy(Name);                                     \
+    }                                                        \
+    void Set(const CStringArray& list) {                     \
+        Name.Copy(list);                                     \
+    }                                                        \
+                                                             \
 private:
 
-/// The setter of a list that appends one string.
+/// A second setter of a list, which appends one string.
 #define VEKA_LIST_APPEND(Name, Append)  \
 public:                                 \
     void Append(const CString& value) { \
@@ -296,18 +275,11 @@ public:                                 \
                                         \
 private:
 
-/// A field that is used directly, without accessors: a number, a text, a list or a sub-record.
-#define VEKA_PUBLIC_NUMBER(Type, Name, Default) \
-    VEKA_DESCRIBE(Name, nullptr, nullptr)       \
-public:                                         \
+/// A public field of any type, without accessors.
+#define VEKA_PUBLIC(Type, Name, Default, Doc)  \
+    VEKA_DESCRIBE(Name, nullptr, nullptr, Doc) \
+public:                                        \
     Type Name = Default;
-#define VEKA_PUBLIC_TEXT(Name) VEKA_PUBLIC_FIELD(CString, Name)
-#define VEKA_PUBLIC_LIST(Name) VEKA_PUBLIC_FIELD(CStringArray, Name)
-#define VEKA_PUBLIC_OWNED(Class, Name) VEKA_PUBLIC_FIELD(Owned<Class>, Name)
-#define VEKA_PUBLIC_FIELD(Type, Name)     \
-    VEKA_DESCRIBE(Name, nullptr, nullptr) \
-public:                                   \
-    Type Name;
 
 /// The whole class of an owning array of records.
 #define VEKA_ARRAY(Array, Element)                                  \
@@ -326,7 +298,7 @@ public:                                                                         
     Array(Array&& other) noexcept {                                                                \
         Swap(other);                                                                               \
         RemoveNullElement();                                                                       \
-        ::veka::Lose(*this);                                                                       \
+        ::veka::BecomeACopy(*this);                                                                \
     }                                                                                              \
     ~Array() override = default;                                                                   \
     virtual Array& operator=(const Array& other) {                                                 \
@@ -350,7 +322,7 @@ public:                                                                         
             DeleteAll();                                                                           \
             Swap(other);                                                                           \
             RemoveNullElement();                                                                   \
-            ::veka::Lose(*this);                                                                   \
+            ::veka::BecomeACopy(*this);                                                            \
         }                                                                                          \
         return *this;                                                                              \
     }                                                                                              \

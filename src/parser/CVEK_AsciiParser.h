@@ -66,9 +66,6 @@ class CVEKA_3DObject;
 class CVEKA_3DObjectArray;
 class CVEKA_3DOJ_AxisPivot;
 class CVEKA_3DOJ_RotMirror;
-#define VEKA_FORWARD(Level, Method, Class) class Class;
-VEKA_OBJECT_KINDS(VEKA_FORWARD)
-#undef VEKA_FORWARD
 
 /// Reads a file into the model, and holds the model.
 ///
@@ -168,7 +165,7 @@ public:
     /// The object of a level, by the level's name; null for an unknown one.
     CVEKA_3DObject* ObjectParser(CECadClsLvl* level);
     // One method for each kind, whatever the level is called: `CUBOIDObjectParser` and so on.
-#define VEKA_DECLARE(Level, Method, Class) Class* Method(CECadClsLvl* level);
+#define VEKA_DECLARE(Level, Number, Class, Method) Class* Method(CECadClsLvl* level);
     VEKA_OBJECT_KINDS(VEKA_DECLARE)
 #undef VEKA_DECLARE
 

@@ -36,7 +36,7 @@ struct KindEntry {
 };
 
 constexpr std::array kKinds{
-#define VEKA_ENTRY(Level, Method, Class) \
+#define VEKA_ENTRY(Level, Number, Class, Method) \
     KindEntry{Level, [](CVEK_AsciiParser& parser, CECadClsLvl* level) -> CVEKA_3DObject* { return AsElement(parser.Method(level)); }},
     VEKA_OBJECT_KINDS(VEKA_ENTRY)
 #undef VEKA_ENTRY
@@ -230,7 +230,7 @@ CVEKA_3DOJ_USERDEFINED* CVEK_AsciiParser::KindParser<CVEKA_3DOJ_USERDEFINED>(CEC
     });
 }
 
-#define VEKA_DEFINE(Level, Method, Class) \
+#define VEKA_DEFINE(Level, Number, Class, Method) \
     Class* CVEK_AsciiParser::Method(CECadClsLvl* level) { return KindParser<Class>(level); }
 VEKA_OBJECT_KINDS(VEKA_DEFINE)
 #undef VEKA_DEFINE

@@ -94,7 +94,7 @@ TEST(Description, EveryKindOfObjectIsItsOwnClass) {
         EXPECT_EQ(view.record, &object);
         ++count;
     };
-#define CHECK_KIND(Level, Method, Class) check(Class(), std::string(#Class).substr(11));
+#define CHECK_KIND(Level, Number, Class, Method) check(Class(), std::string(#Class).substr(11));
     VEKA_OBJECT_KINDS(CHECK_KIND)
     check(CVEKA_3DOJ_METAKMASKSHAPE(), "METAKMASKSHAPE");
     check(CVEKA_3DObject(), "3DObject");

@@ -4,6 +4,7 @@
 
 #include "model/CVEKA_Comment.h"
 #include "model/CVEKA_Type.h"
+#include "model/objects/LeadObjects.h"
 #include "model/part/CVEKA_PartGeneral.h"
 
 namespace {
@@ -24,6 +25,32 @@ TEST(Record, DescribesItsFieldsInOrder) {
               "Unit Manufacturer MPN CPN Preference ProductFamily FunctionalType PackageType PartDescription "
               "Layout "
               "NumberOfPins BOM History CommentArr ReferenceURLArr ");
+}
+
+template <class Record>
+std::string Descriptions() {
+    std::string descriptions;
+    Record record;
+    veka::ForEachField(record, [&](const auto& row, const auto&) {
+        descriptions += std::string(row.name) + ": " + row.doc + "\n";
+    });
+    return descriptions;
+}
+
+TEST(Record, DescribesTheMeaningOfEachField) {
+    EXPECT_EQ(Descriptions<CVEKA_BOM>(), "Unit: currency of the cost\nCost: price of one piece\n");
+    EXPECT_EQ(Descriptions<CVEKA_3DOJ_BAR>(),
+              "Type: number of the kind; -1 for none\n"
+              "Color: display colour\n"
+              "Point: reference point of the object\n"
+              "Rotation: rotation about X, Y and Z in degrees\n"
+              "Mirror: mirror word as the file writes it\n"
+              "Z: dimension Z of the form\n"
+              "H: dimension H of the form\n"
+              "T: dimension T of the form\n"
+              "CLINCH: true if the end of the lead is clinched\n"
+              "CLINCHLENGTH: length of the clinched end\n"
+              "CLINCHROTATE: rotation of the clinched end in degrees\n");
 }
 
 TEST(Record, HasItsVirtualOperationsInOrder) {

@@ -43,7 +43,7 @@ void ExpectColor(const CVEKA_Color* color, int red, int green, int blue) {
 
 TEST(ObjectParser, EveryLevelNameHasItsParser) {
     int count = 0;
-#define CHECK_KIND(Level, Method, Class)                                                \
+#define CHECK_KIND(Level, Number, Class, Method)                                        \
     {                                                                                   \
         const auto direct = test::Parse(&CVEK_AsciiParser::Method, "(ANYTHING)");       \
         EXPECT_EQ(ClassOf(*direct), typeid(Class)) << Level;                            \

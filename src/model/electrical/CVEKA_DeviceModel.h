@@ -5,8 +5,8 @@
 /// A simulation model file.
 class VEKA_API CVEKA_DeviceModel {
     VEKA_RECORD(CVEKA_DeviceModel)
-    VEKA_TEXT(ModelType, GetModelType, SetModelType)
-    VEKA_TEXT(FilePath, GetFilePath, SetFilePath)
+    VEKA_TEXT(ModelType, "kind of the model")
+    VEKA_TEXT(FilePath, "path of the model's file")
 };
 
 /// The simulation models of a part.
@@ -15,5 +15,5 @@ VEKA_ARRAY(CVEKA_DeviceModelArray, CVEKA_DeviceModel)
 /// Simulation models in a record of their own. No parser method makes one; it is for the model's users.
 class VEKA_API CVEKA_DeviceModels {
     VEKA_RECORD(CVEKA_DeviceModels)
-    VEKA_OWNED(CVEKA_DeviceModelArray, ModelArr, GetModelArr, SetModelArr)
+    VEKA_OWNED(CVEKA_DeviceModelArray, ModelArr, "the simulation models")
 };

@@ -10,10 +10,10 @@
 /// A part as a circuit element.
 class VEKA_API CVEKA_Electrical {
     VEKA_RECORD(CVEKA_Electrical)
-    VEKA_OWNED(CVEKA_DeviceModelArray, DeviceModels, GetDeviceModels, SetDeviceModels)
-    VEKA_OWNED(CVEKA_PowerRailArray, PowerRails, GetPowerRails, SetPowerRails)
-    VEKA_OWNED(CVEKA_PassiveValue, PassiveValue, GetPassiveValue, SetPassiveValue)
-    VEKA_OWNED(CVEKA_PinMappingMode, PinMappingMode, GetPinMappingMode, SetPinMappingMode)
-    VEKA_OWNED(CVEKA_ElectricalPinArray, ElectricalPins, GetElectricalPins, SetElectricalPins)
-    VEKA_OWNED(CVEKA_PinGroupArray, PinGroups, GetPinGroups, SetPinGroups)
+    VEKA_OWNED(CVEKA_DeviceModelArray, DeviceModels, "simulation models of the part")
+    VEKA_OWNED(CVEKA_PowerRailArray, PowerRails, "supply nets of the part")
+    VEKA_OWNED(CVEKA_PassiveValue, PassiveValue, "value of a passive part")
+    VEKA_OWNED(CVEKA_PinMappingMode, PinMappingMode, "whether pins are mapped")
+    VEKA_OWNED(CVEKA_ElectricalPinArray, ElectricalPins, "pins as the circuit sees them")
+    VEKA_OWNED(CVEKA_PinGroupArray, PinGroups, "named groups of pins")
 };

@@ -5,8 +5,8 @@
 /// A named group of pins.
 class VEKA_API CVEKA_PinGroup {
     VEKA_RECORD(CVEKA_PinGroup)
-    VEKA_TEXT(GroupName, GetGroupName, SetGroupName)
-    VEKA_LIST(Name, GetName, SetName)  /// names of the pins
+    VEKA_TEXT(GroupName, "name of the group")
+    VEKA_LIST(Name, "names of the pins in the group")
 };
 
 /// The pin groups of a part.

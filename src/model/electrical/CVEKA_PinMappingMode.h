@@ -5,5 +5,5 @@
 /// Whether pins are mapped.
 class VEKA_API CVEKA_PinMappingMode {
     VEKA_RECORD(CVEKA_PinMappingMode)
-    VEKA_FLAG(Mode, GetMode, SetMode)
+    VEKA_FLAG(Mode, "1 if pins are mapped")
 };

@@ -5,8 +5,8 @@
 /// A colour by its number.
 class VEKA_API CVEKA_ColorTable {
     VEKA_RECORD(CVEKA_ColorTable)
-    VEKA_NUMBER(int, Index, 0, GetIndex, SetIndex)
-    VEKA_OWNED(CVEKA_Color, Color, GetColor, SetColor)
+    VEKA_NUMBER(int, Index, 0, "number of the colour")
+    VEKA_OWNED(CVEKA_Color, Color, "the colour")
 };
 
 /// The colours of a library in file order, whatever their numbers.

@@ -5,14 +5,14 @@
 /// A font by its number.
 class VEKA_API CVEKA_Font {
     VEKA_RECORD(CVEKA_Font)
-    VEKA_NUMBER(int, FontID, 0, GetFontID, SetFontID)
-    VEKA_NUMBER(double, CharWidth, 1.0, GetCharWidthA, SetCharWidth)
-    VEKA_NUMBER(double, CharHeight, 1.0, GetCharHeight, SetCharHeight)
-    VEKA_NUMBER(double, CharSpace, 0, GetCharSpace, SetCharSpace)
-    VEKA_NUMBER(double, LineSpace, 0, GetLineSpace, SetLineSpace)
-    VEKA_NUMBER(double, PenWidth, 0.1, GetPenWidth, SetPenWidth)
-    VEKA_TEXT(WindowFontName, GetWindowFontName, SetWindowFontName)
-    VEKA_NUMBER(int, WindowFontSize, 0, GetWindowFontSize, SetWindowFontSize)
+    VEKA_NUMBER(int, FontID, 0, "number of the font, which texts refer to")
+    VEKA_NUMBER_AS(double, CharWidth, 1.0, GetCharWidthA, SetCharWidth, "width of a character")
+    VEKA_NUMBER(double, CharHeight, 1.0, "height of a character")
+    VEKA_NUMBER(double, CharSpace, 0, "space between characters")
+    VEKA_NUMBER(double, LineSpace, 0, "space between lines")
+    VEKA_NUMBER(double, PenWidth, 0.1, "width of the pen")
+    VEKA_TEXT(WindowFontName, "name of the system's font")
+    VEKA_NUMBER(int, WindowFontSize, 0, "size of the system's font")
 };
 
 /// The fonts of a library in file order.

@@ -1,31 +1,21 @@
 #pragma once
 
 #include "model/Record.h"
-#include "model/library/DistinctNames.h"
+#include "model/library/PadNames.h"
 
 class CVEKA_Pad;
 
 /// The pads of a padstack on one class of layers, by their names.
 class VEKA_API CVEKA_Padstack_LayerInfo {
     VEKA_RECORD(CVEKA_Padstack_LayerInfo)
-    VEKA_TEXT(Con, GetCon, SetCon)
-    VEKA_TEXT(UnCon, GetUnCon, SetUnCon)
-    VEKA_TEXT(Anti, GetAnti, SetAnti)
-    VEKA_TEXT(Thermal, GetThermal, SetThermal)
-    VEKA_FLAG(TearDrop, GetTearDrop, SetTearDrop)
-    VEKA_TEXT(Solder, GetSolder, SetSolder)
-    VEKA_TEXT(Metal, GetMetal, SetMetal)
-    VEKA_DESCRIBE(StandardizationPadNames, &VekaSelf::GetStandardizationPadNames, nullptr)
-    DistinctNames StandardizationPadNames;
-
-public:
-    /// The distinct names used here, in the order of their first appearance.
-    void GetStandardizationPadNames(CStringArray& names) const {
-        names.Copy(StandardizationPadNames.Names());
-    }
-    /// Adds a name that is not there yet.
-    // NOLINTNEXTLINE(performance-unnecessary-value-param): by value for every host that calls it
-    void AddStandardizationPadName(CString name) { StandardizationPadNames.Add(name); }
+    VEKA_TEXT(Con, "name of the pad where the pin is connected")
+    VEKA_TEXT(UnCon, "name of the pad where the pin is not connected")
+    VEKA_TEXT(Anti, "name of the antipad, which keeps copper away")
+    VEKA_TEXT(Thermal, "name of the thermal relief")
+    VEKA_FLAG(TearDrop, "1 if the pad gets a teardrop")
+    VEKA_TEXT(Solder, "name of the solder mask's pad")
+    VEKA_TEXT(Metal, "name of the metal mask's pad")
+    VEKA_PAD_NAMES_ROW("distinct names that the fields above were given")
 
 private:
     friend class CVEKA_PadStack;
@@ -34,26 +24,18 @@ private:
 /// What a pin looks like through the layers of a board. Footprint pins refer to it by its name.
 class VEKA_API CVEKA_PadStack {
     VEKA_RECORD(CVEKA_PadStack)
-    VEKA_TEXT(PadstackName, GetPadstackName, SetPadstackName)
-    VEKA_TEXT(Type, GetType, SetType)
-    VEKA_TEXT(Drill_ShapeName, GetDrill_ShapeName, SetDrill_ShapeName)
-    VEKA_FLAG(Drill_Plating, GetDrill_Plating, SetDrill_Plating)
-    VEKA_NUMBER(double, Drill_PlateThickness, 0, GetDrill_PlateThickness, SetDrill_PlateThickness)
-    VEKA_OWNED(CVEKA_Padstack_LayerInfo, Top, GetTop, SetTop)
-    VEKA_OWNED(CVEKA_Padstack_LayerInfo, InnerSignal, GetInnerSignal, SetInnerSignal)
-    VEKA_OWNED(CVEKA_Padstack_LayerInfo, InnerPlane, GetInnerPlane, SetInnerPlane)
-    VEKA_OWNED(CVEKA_Padstack_LayerInfo, Bottom, GetBottom, SetBottom)
-    VEKA_DESCRIBE(StandardizationPadNames, &VekaSelf::GetStandardizationPadNames, nullptr)
-    DistinctNames StandardizationPadNames;
+    VEKA_TEXT(PadstackName, "name of the padstack")
+    VEKA_TEXT(Type, "kind of the padstack, a word of the file")
+    VEKA_TEXT(Drill_ShapeName, "name of the shape of the drill")
+    VEKA_FLAG(Drill_Plating, "1 if the drilled hole is plated")
+    VEKA_NUMBER(double, Drill_PlateThickness, 0, "thickness of the plating")
+    VEKA_OWNED(CVEKA_Padstack_LayerInfo, Top, "pads on the top layer")
+    VEKA_OWNED(CVEKA_Padstack_LayerInfo, InnerSignal, "pads on the inner signal layers")
+    VEKA_OWNED(CVEKA_Padstack_LayerInfo, InnerPlane, "pads on the inner plane layers")
+    VEKA_OWNED(CVEKA_Padstack_LayerInfo, Bottom, "pads on the bottom layer")
+    VEKA_PAD_NAMES_ROW("distinct names of the padstack and of its pads")
 
 public:
-    /// The distinct names used here, in the order of their first appearance.
-    void GetStandardizationPadNames(CStringArray& names) const {
-        names.Copy(StandardizationPadNames.Names());
-    }
-    /// Adds a name that is not there yet.
-    // NOLINTNEXTLINE(performance-unnecessary-value-param): by value for every host that calls it
-    void AddStandardizationPadName(CString name) { StandardizationPadNames.Add(name); }
     /// Adds the names of a layer, in their order. Null raises `CInvalidArgException`.
     void AddStandardizationPadName(CVEKA_Padstack_LayerInfo* layer);
 
@@ -77,10 +59,6 @@ public:
 
     const CRuntimeClass* GetRuntimeClass() const override;
 
-    /// The distinct names used here, in the order of their first appearance.
-    void GetStandardizationPadNames(CStringArray& names) const {
-        names.Copy(StandardizationPadNames.Names());
-    }
     /// Adds the names of a padstack, in their order. Null raises `CInvalidArgException`.
     void AddStandardizationPadName(CVEKA_PadStack* padStack);
     /// Adds the name of a pad. Null raises `CInvalidArgException`.
@@ -90,6 +68,5 @@ protected:
     /// Deletes all elements and empties the list.
     void Init();
 
-private:
-    DistinctNames StandardizationPadNames;
+    VEKA_PAD_NAMES
 };

@@ -6,9 +6,9 @@
 /// One pin of a part, as its symbols see it.
 class VEKA_API CVEKA_LogicPin {
     VEKA_RECORD(CVEKA_LogicPin)
-    VEKA_NUMBER(int, LogicPinNo, 0, GetLogicPinNo, SetLogicPinNo)
-    VEKA_TEXT(LogicPinName, GetLogicPinName, SetLogicPinName)
-    VEKA_FLAG(UsedPin, GetUsedPin, SetUsedPin)
+    VEKA_NUMBER(int, LogicPinNo, 0, "number of the logic pin")
+    VEKA_TEXT(LogicPinName, "name of the logic pin")
+    VEKA_FLAG(UsedPin, "1 if the pin is used")
 };
 
 /// The logic pins of a part.
@@ -17,10 +17,10 @@ VEKA_ARRAY(CVEKA_LogicPinArray, CVEKA_LogicPin)
 /// A symbol of a part.
 class VEKA_API CVEKA_Symbol {
     VEKA_RECORD(CVEKA_Symbol)
-    VEKA_TEXT(SymbolName, GetSymbolName, SetSymbolName)
-    VEKA_OWNED(CVEKA_USGKeyArray, USGKeys, GetUSGKeys, SetUSGKeys)
-    VEKA_OWNED(CVEKA_PartitionArray, Partitions, GetPartitions, SetPartitions)
-    VEKA_OWNED(CVEKA_CommentArray, CommentArr, GetCommentArr, SetCommentArr)
+    VEKA_TEXT(SymbolName, "name of the symbol")
+    VEKA_OWNED(CVEKA_USGKeyArray, USGKeys, "search keys of the symbol")
+    VEKA_OWNED(CVEKA_PartitionArray, Partitions, "partitions that make up the symbol")
+    VEKA_OWNED(CVEKA_CommentArray, CommentArr, "comments on the symbol")
 };
 
 /// The symbols of a part.
@@ -29,7 +29,7 @@ VEKA_ARRAY(CVEKA_SymbolArray, CVEKA_Symbol)
 /// The schematic view of a part.
 class VEKA_API CVEKA_LogicSymbols {
     VEKA_RECORD(CVEKA_LogicSymbols)
-    VEKA_TEXT(DefaultSymbolName, GetDefaultSymbolName, SetDefaultSymbolName)
-    VEKA_OWNED(CVEKA_LogicPinArray, LogicPinLibs, GetLogicPinLibs, SetLogicPinLibs)
-    VEKA_OWNED(CVEKA_SymbolArray, Symbol, GetSymbol, SetSymbol)
+    VEKA_TEXT(DefaultSymbolName, "name of the symbol to use by default")
+    VEKA_OWNED(CVEKA_LogicPinArray, LogicPinLibs, "logic pins of the part")
+    VEKA_OWNED(CVEKA_SymbolArray, Symbol, "symbols of the part")
 };

@@ -5,13 +5,13 @@
 /// Where and how a property is written.
 class VEKA_API CVEKA_PropertyLabel {
     VEKA_RECORD(CVEKA_PropertyLabel)
-    VEKA_TEXT(Property, GetProperty, SetProperty)
-    VEKA_OWNED(CVEKA_Coordinate, Point, GetPoint, SetPoint)
-    VEKA_FLAG(Visible, GetVisible, SetVisible)
-    VEKA_NUMBER(double, Rotation, 0, GetRotation, SetRotation)
-    VEKA_NUMBER(int, FID, 0, GetFID, SetFID)  /// number of a font
-    VEKA_NUMBER(int, Justify, 0, GetJustify, SetJustify)
-    VEKA_TEXT(Mirror, GetMirror, SetMirror)
+    VEKA_TEXT(Property, "name of the property")
+    VEKA_OWNED(CVEKA_Coordinate, Point, "place of the text")
+    VEKA_FLAG(Visible, "1 if the text is visible")
+    VEKA_NUMBER(double, Rotation, 0, "rotation of the text in degrees")
+    VEKA_NUMBER(int, FID, 0, "number of the font")
+    VEKA_NUMBER(int, Justify, 0, "code of the justification")
+    VEKA_TEXT(Mirror, "mirror word as the file writes it")
 };
 
 /// Labels in file order.

@@ -4,11 +4,11 @@
 
 /// Base of the solids: a body with directions, turned about a pivot.
 class VEKA_API CVEKA_3DOJ_AxisPivot : public CVEKA_3DObject {
-    VEKA_OBJECT(CVEKA_3DOJ_AxisPivot, CVEKA_3DObject, -1)
-    VEKA_OWNED(CVEKA_Coordinate, Front, GetFront, SetFront)
-    VEKA_OWNED(CVEKA_Coordinate, Up, GetUp, SetUp)
-    VEKA_OWNED(CVEKA_Coordinate, Pivot, GetPivot, SetPivot)
-    VEKA_DESCRIBE(Rotate, nullptr, nullptr)
+    VEKA_OBJECT(CVEKA_3DOJ_AxisPivot, CVEKA_3DObject)
+    VEKA_OWNED(CVEKA_Coordinate, Front, "direction of the body's front; 0, 0, 0 if not given")
+    VEKA_OWNED(CVEKA_Coordinate, Up, "direction of the body's top; 0, 0, 0 if not given")
+    VEKA_OWNED(CVEKA_Coordinate, Pivot, "point that the body is turned about")
+    VEKA_DESCRIBE(Rotate, nullptr, nullptr, "rotation about X, Y and Z in degrees")
     Owned<CVEKA_Coordinate> Rotate;
 
 public:

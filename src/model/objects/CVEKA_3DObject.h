@@ -53,9 +53,9 @@ private:
     };
 
     VEKA_FIELDS_OF(CVEKA_3DObject, void)
-    VEKA_DESCRIBE(Type, nullptr, nullptr)
+    VEKA_DESCRIBE(Type, nullptr, nullptr, "number of the kind; -1 for none")
     int Type = -1;
     Holds m_holds;
-    VEKA_OWNED(CVEKA_Color, Color, GetColor, SetColor)
-    VEKA_OWNED(CVEKA_Coordinate, Point, GetPoint, SetPoint)
+    VEKA_OWNED(CVEKA_Color, Color, "display colour")
+    VEKA_OWNED(CVEKA_Coordinate, Point, "reference point of the object")
 };

@@ -6,7 +6,7 @@ CVEKA_3DObjectArray::CVEKA_3DObjectArray(const CVEKA_3DObjectArray& other) : CEx
 
 CVEKA_3DObjectArray::CVEKA_3DObjectArray(CVEKA_3DObjectArray&& other) noexcept {
     Swap(other);
-    VekaLose();
+    BecomeACopy();
 }
 
 CVEKA_3DObjectArray::~CVEKA_3DObjectArray() = default;
@@ -43,7 +43,7 @@ CVEKA_3DObjectArray& CVEKA_3DObjectArray::operator=(CVEKA_3DObjectArray&& other)
     if (this == &other) return *this;
     DeleteAll();
     Swap(other);
-    VekaLose();
+    BecomeACopy();
     return *this;
 }
 
@@ -56,7 +56,7 @@ void CVEKA_3DObjectArray::Init() {
     DeleteAll();
 }
 
-void CVEKA_3DObjectArray::VekaLose() noexcept {
+void CVEKA_3DObjectArray::BecomeACopy() noexcept {
     RemoveNullElement();
     for (CVEKA_3DObject* object : *this)
         if (object->m_holds.dropNulls) object->m_holds.dropNulls(*object);

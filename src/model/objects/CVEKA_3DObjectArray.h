@@ -27,8 +27,8 @@ public:
 
     const CRuntimeClass* GetRuntimeClass() const override;
 
-    /// What a copy loses: the null elements, at all depths.
-    void VekaLose() noexcept;
+    /// Removes the null elements, also those of the lists that the objects hold: a copy has none.
+    void BecomeACopy() noexcept;
 
 protected:
     /// Deletes all elements.
@@ -39,7 +39,7 @@ template <class Kind>
 Owned<CVEKA_3DObjectArray> CVEKA_3DObject::Holding() {
     m_holds.dropNulls = [](CVEKA_3DObject& object) noexcept {
         veka::FieldAccess::ForEachOwn(static_cast<Kind&>(object), [](const auto&, auto& field) {
-            if constexpr (std::is_same_v<decltype(field), Owned<CVEKA_3DObjectArray>&>) field->VekaLose();
+            if constexpr (std::is_same_v<decltype(field), Owned<CVEKA_3DObjectArray>&>) field->BecomeACopy();
         });
     };
     return {};

@@ -6,59 +6,59 @@
 
 /// A line in space.
 class CVEKA_3DOJ_3DLINE : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DLINE, CVEKA_3DOJ_RotMirror, 8)
-    VEKA_PLACED_POINT(StartPoint, 0)
-    VEKA_PLACED_POINT(EndPoint, 1)
-    VEKA_REAL(LW)
+    VEKA_OBJECT(CVEKA_3DOJ_3DLINE, CVEKA_3DOJ_RotMirror)
+    VEKA_PLACED_POINT(StartPoint, 0, "start of the line")
+    VEKA_PLACED_POINT(EndPoint, 1, "end of the line")
+    VEKA_REAL(LW, "width of the line")
 };
 
 /// An arc in space.
 class CVEKA_3DOJ_3DARC : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DARC, CVEKA_3DOJ_RotMirror, 9)
-    VEKA_PLACED_POINT(StartPoint, 0)
-    VEKA_PLACED_POINT(EndPoint, 1)
-    VEKA_PLACED_POINT(CenterPoint, 2)
-    VEKA_REAL(R)
-    VEKA_REAL(LW)
-    VEKA_STRING(DIR)
+    VEKA_OBJECT(CVEKA_3DOJ_3DARC, CVEKA_3DOJ_RotMirror)
+    VEKA_PLACED_POINT(StartPoint, 0, "start of the arc")
+    VEKA_PLACED_POINT(EndPoint, 1, "end of the arc")
+    VEKA_PLACED_POINT(CenterPoint, 2, "centre of the arc")
+    VEKA_REAL(R, "radius of the arc")
+    VEKA_REAL(LW, "width of the line")
+    VEKA_STRING(DIR, "direction of the arc: CCW, or clockwise for any other word")
 };
 
 /// A circle in space.
 class CVEKA_3DOJ_3DCIRCLE : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DCIRCLE, CVEKA_3DOJ_RotMirror, 10)
-    VEKA_REAL(D)
-    VEKA_REAL(LW)
-    VEKA_POINT(PT)
+    VEKA_OBJECT(CVEKA_3DOJ_3DCIRCLE, CVEKA_3DOJ_RotMirror)
+    VEKA_REAL(D, "diameter")
+    VEKA_REAL(LW, "width of the line")
+    VEKA_POINT(PT, "centre of the circle")
 };
 
 /// A filled circle in space.
 class CVEKA_3DOJ_3DFILLCIRCLE : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DFILLCIRCLE, CVEKA_3DOJ_RotMirror, 11)
-    VEKA_REAL(D)
-    VEKA_POINT(PT)
+    VEKA_OBJECT(CVEKA_3DOJ_3DFILLCIRCLE, CVEKA_3DOJ_RotMirror)
+    VEKA_REAL(D, "diameter")
+    VEKA_POINT(PT, "centre of the circle")
 };
 
 /// A filled rectangle in space. Its rotation is one number; the three of the base stay 0.
 class CVEKA_3DOJ_3DFILLRECT : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DFILLRECT, CVEKA_3DOJ_RotMirror, 12)
-    VEKA_REAL(W)
-    VEKA_REAL(H)
-    VEKA_POINT(PT)
-    VEKA_REAL(ROTATION)
-    VEKA_POINT(OFFSET)
+    VEKA_OBJECT(CVEKA_3DOJ_3DFILLRECT, CVEKA_3DOJ_RotMirror)
+    VEKA_REAL(W, "width")
+    VEKA_REAL(H, "height")
+    VEKA_POINT(PT, "place of the rectangle")
+    VEKA_REAL(ROTATION, "rotation in degrees")
+    VEKA_POINT(OFFSET, "offset from the place")
 };
 
 /// An oblong in space. Its rotation is one number; the three of the base stay 0.
 class CVEKA_3DOJ_3DOBLONG : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DOBLONG, CVEKA_3DOJ_RotMirror, 13)
-    VEKA_REAL(W)
-    VEKA_REAL(H)
-    VEKA_REAL(ROTATION)
-    VEKA_POINT(PT)
+    VEKA_OBJECT(CVEKA_3DOJ_3DOBLONG, CVEKA_3DOJ_RotMirror)
+    VEKA_REAL(W, "width")
+    VEKA_REAL(H, "height")
+    VEKA_REAL(ROTATION, "rotation in degrees")
+    VEKA_POINT(PT, "place of the oblong")
 };
 
 /// A polygon in space, without voids and colour.
 class CVEKA_3DOJ_3DPOLYGON : public CVEKA_3DObject {
-    VEKA_OBJECT(CVEKA_3DOJ_3DPOLYGON, CVEKA_3DObject, 14)
-    VEKA_OBJECT_LIST(BOUNDARY, Elements{})  ///< may hold null
+    VEKA_OBJECT(CVEKA_3DOJ_3DPOLYGON, CVEKA_3DObject)
+    VEKA_OBJECT_LIST(BOUNDARY, Elements{}, "lines and arcs of the outline; null for an unknown object")
 };

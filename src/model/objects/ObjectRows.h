@@ -1,47 +1,49 @@
 #pragma once
 
 #include "model/objects/CVEKA_3DObjectArray.h"
+#include "model/objects/ObjectKinds.h"
 
-/// The rows of the object kinds: an object kind is written as the table of its fields, and a row tells
-/// besides the field how the parser fills it. A field is public and bears the name of its keyword.
+/// The rows of the object kinds. An object kind is written as the table of its fields, and each row also says
+/// how the parser fills the field. A field is public and has the name of its keyword.
 ///
 ///     /// A ring.
 ///     class CVEKA_3DOJ_DONUT : public CVEKA_3DOJ_AxisPivot {
-///         VEKA_OBJECT(CVEKA_3DOJ_DONUT, CVEKA_3DOJ_AxisPivot, 3)
-///         VEKA_REAL(OUTERDIAM)
-///         VEKA_REAL(INNERDIAM)
-///         VEKA_REAL(THICKNESS)
+///         VEKA_OBJECT(CVEKA_3DOJ_DONUT, CVEKA_3DOJ_AxisPivot)
+///         VEKA_REAL(OUTERDIAM, "outer diameter")
+///         VEKA_REAL(INNERDIAM, "inner diameter")
+///         VEKA_REAL(THICKNESS, "size along Z")
 ///     };
 ///
-/// The parser tries the rows of the class in their order, then the keywords of its base.
+/// The number of the kind is in `ObjectKinds.h`. The parser tries the rows of the class in their order, and
+/// then the keywords of its base.
 
 namespace veka::form {
 
-/// The keyword is the field's name; the last value counts, and a point or list is replaced.
+/// The keyword is the field's name. The last value counts; a point or a list is replaced.
 struct Keyword {};
-/// As `Keyword`, and under a second keyword too; the later level in the file counts.
+/// As `Keyword`, with a second keyword for the same field. The later level in the file counts.
 struct KeywordOr {
     const char* other;
 };
-/// A number: true exactly for 1.
+/// A number, true only for 1.
 struct NumberFlag {};
-/// "TRUE" or not, for each value; the last one decides.
+/// A flag, set by the word "TRUE". The last value counts.
 struct WordFlag {};
-/// Cleared by "FALSE" under the keyword, and by nothing else; never set.
+/// A flag that the word "FALSE" clears and no word sets.
 struct ClearedBy {
     const char* keyword;
 };
-/// A "PT" level that stands at this place among all children of the object, counted from 0.
+/// A "PT" level at this position among all children of the object, counted from 0.
 struct Place {
     int place;
 };
-/// The children of the keyword's level are appended, unknown ones as null.
+/// The children of the keyword's level are appended, an unknown child as null.
 struct Elements {};
-/// Every child that no other row takes is appended, an unknown one as null.
+/// Every child that no other row takes is appended, an unknown child as null.
 struct OtherChildren {};
-/// Every child is a list of objects that replaces the field.
+/// Every child is a list of objects, which replaces the field.
 struct EveryChildAsList {};
-/// Filled by no row.
+/// No keyword fills the field.
 struct None {};
 
 }  // namespace veka::form
@@ -52,6 +54,7 @@ namespace veka {
 template <class Member, class Form>
 struct ObjectField {
     const char* name;
+    const char* doc;  ///< meaning and unit
     Member member;
     Form form;
     std::nullptr_t getter = nullptr;
@@ -59,15 +62,16 @@ struct ObjectField {
 };
 
 template <class Member, class Form>
-constexpr ObjectField<Member, Form> DescribeObjectField(const char* name, Member member, Form form) {
-    return {name, member, form};
+constexpr ObjectField<Member, Form> DescribeObjectField(const char* name, const char* doc, Member member,
+                                                        Form form) {
+    return {name, doc, member, form};
 }
 
 }  // namespace veka
 
-/// The operations of an object kind: all copies are whole, and a new object has its number.
-#define VEKA_OBJECT(Class, Base, Number)                   \
-    VEKA_OBJECT_OPERATIONS(Class, Base, Number)            \
+/// The operations of an object kind. All copies are whole, and a new object has the number of its kind.
+#define VEKA_OBJECT(Class, Base)                           \
+    VEKA_OBJECT_OPERATIONS(Class, Base)                    \
 protected:                                                 \
     /** Sets the number and every field to the default. */ \
     void Init() {                                          \
@@ -76,43 +80,43 @@ protected:                                                 \
                                                            \
 public:
 
-#define VEKA_OBJECT_OPERATIONS(Class, Base, Number)   \
-public:                                               \
-    Class() {                                         \
-        CVEKA_3DObject::SetType(Number);              \
-    }                                                 \
-    Class(const Class&) = default;                    \
-    Class(Class&&) = default;                         \
-    ~Class() override = default;                      \
-    virtual Class& operator=(const Class&) = default; \
-    Class& operator=(Class&&) = default;              \
-    Class* Clone() const override {                   \
-        return new Class(*this);                      \
-    }                                                 \
-                                                      \
-    VEKA_FIELDS_OF(Class, Base)                       \
+/// The operations of an object kind but for `Init`.
+#define VEKA_OBJECT_OPERATIONS(Class, Base)                  \
+public:                                                      \
+    Class() {                                                \
+        CVEKA_3DObject::SetType(::veka::kKindNumber<Class>); \
+    }                                                        \
+    Class(const Class&) = default;                           \
+    Class(Class&&) = default;                                \
+    ~Class() override = default;                             \
+    virtual Class& operator=(const Class&) = default;        \
+    Class& operator=(Class&&) = default;                     \
+    Class* Clone() const override {                          \
+        return new Class(*this);                             \
+    }                                                        \
+                                                             \
+    VEKA_FIELDS_OF(Class, Base)                              \
 public:
 
-#define VEKA_OBJECT_FIELD(Type, Name, Form, ...)                                                    \
-    VEKA_DESCRIBE_AS(Name, ::veka::DescribeObjectField(#Name, &VekaSelf::Name, ::veka::form::Form)) \
-public:                                                                                             \
-    Type Name __VA_ARGS__;
+/// A field of any type, with its default, the form in which the parser reads it, and its description.
+#define VEKA_OBJECT_FIELD(Type, Name, Default, Form, Doc)                                          \
+    VEKA_DESCRIBE_AS(Name, Doc,                                                                    \
+                     ::veka::DescribeObjectField(#Name, Doc, &VekaSelf::Name, ::veka::form::Form)) \
+public:                                                                                            \
+    Type Name = Default;
 
-#define VEKA_REAL(Name) VEKA_OBJECT_FIELD(double, Name, Keyword{}, = 0)
-#define VEKA_INTEGER(Name) VEKA_OBJECT_FIELD(int, Name, Keyword{}, = 0)
-#define VEKA_STRING(Name) VEKA_OBJECT_FIELD(CString, Name, Keyword{})
-#define VEKA_POINT(Name) VEKA_OBJECT_FIELD(Owned<CVEKA_Coordinate>, Name, Keyword{})
-/// A flag that a number sets: true exactly for 1.
-#define VEKA_NUMBER_FLAG(Name) VEKA_OBJECT_FIELD(bool, Name, NumberFlag{}, = false)
-/// A point that is told by the place of its "PT" level among the children.
-#define VEKA_PLACED_POINT(Name, At) VEKA_OBJECT_FIELD(Owned<CVEKA_Coordinate>, Name, Place{At})
-/// Objects in a level of their own, which replace what the field held.
-#define VEKA_OBJECTS(Name) VEKA_OBJECT_LIST(Name, Keyword{})
-#define VEKA_OBJECT_LIST(Name, Form) \
-    VEKA_OBJECT_FIELD(Owned<CVEKA_3DObjectArray>, Name, Form, = Holding<VekaSelf>())
+#define VEKA_REAL(Name, Doc) VEKA_OBJECT_FIELD(double, Name, 0, Keyword{}, Doc)
+#define VEKA_INTEGER(Name, Doc) VEKA_OBJECT_FIELD(int, Name, 0, Keyword{}, Doc)
+#define VEKA_STRING(Name, Doc) VEKA_OBJECT_FIELD(CString, Name, {}, Keyword{}, Doc)
+#define VEKA_POINT(Name, Doc) VEKA_OBJECT_FIELD(Owned<CVEKA_Coordinate>, Name, {}, Keyword{}, Doc)
+/// A point that the position of its "PT" level among the children selects.
+#define VEKA_PLACED_POINT(Name, At, Doc) VEKA_OBJECT_FIELD(Owned<CVEKA_Coordinate>, Name, {}, Place{At}, Doc)
+/// A list of objects.
+#define VEKA_OBJECT_LIST(Name, Form, Doc) \
+    VEKA_OBJECT_FIELD(Owned<CVEKA_3DObjectArray>, Name, Holding<VekaSelf>(), Form, Doc)
 
 /// The group that leads with a clinched end share.
-#define VEKA_CLINCH_GROUP    \
-    VEKA_NUMBER_FLAG(CLINCH) \
-    VEKA_REAL(CLINCHLENGTH)  \
-    VEKA_REAL(CLINCHROTATE)
+#define VEKA_CLINCH_GROUP                                                                           \
+    VEKA_OBJECT_FIELD(bool, CLINCH, false, NumberFlag{}, "true if the end of the lead is clinched") \
+    VEKA_REAL(CLINCHLENGTH, "length of the clinched end")                                           \
+    VEKA_REAL(CLINCHROTATE, "rotation of the clinched end in degrees")

@@ -4,12 +4,12 @@
 
 /// A lead of free form: a main shape, a lead shape and metal mask shapes.
 class VEKA_API CVEKA_3DOJ_USERDEFINED : public CVEKA_3DObject {
-    VEKA_OBJECT(CVEKA_3DOJ_USERDEFINED, CVEKA_3DObject, 35)
-    VEKA_OBJECT_FIELD(long long, Reserved1, None{}, = 0)
-    VEKA_OBJECT_FIELD(long long, Reserved2, None{}, = 0)
-    VEKA_OBJECT_LIST(DrawObj, None{})          ///< the main shape
-    VEKA_OBJECT_LIST(Lead, None{})             ///< the lead shape
-    VEKA_OBJECT_LIST(MetalMaskShapes, None{})  ///< metal mask records
+    VEKA_OBJECT(CVEKA_3DOJ_USERDEFINED, CVEKA_3DObject)
+    VEKA_OBJECT_FIELD(long long, Reserved1, 0, None{}, "reserved; nothing fills it")
+    VEKA_OBJECT_FIELD(long long, Reserved2, 0, None{}, "reserved; nothing fills it")
+    VEKA_OBJECT_LIST(DrawObj, None{}, "objects of the main shape")
+    VEKA_OBJECT_LIST(Lead, None{}, "objects of the lead shape")
+    VEKA_OBJECT_LIST(MetalMaskShapes, None{}, "metal mask shapes, each of class CVEKA_3DOJ_METAKMASKSHAPE")
 
     /// Copies the objects in; null raises `CInvalidArgException`.
     void SetDrawObj(const CVEKA_3DObjectArray* objects) { Assign(DrawObj, objects); }
@@ -28,16 +28,15 @@ private:
 
 /// One metal mask shape of a user-defined lead.
 class VEKA_API CVEKA_3DOJ_METAKMASKSHAPE : public CVEKA_3DObject {
-    VEKA_OBJECT(CVEKA_3DOJ_METAKMASKSHAPE, CVEKA_3DObject, 55)
-    VEKA_OBJECT_FIELD(CString, LAYER, Keyword{},
-                      = "TOP")  ///< the one text of the objects that is not empty by default
-    VEKA_REAL(WIDTH)
-    VEKA_REAL(LENGTH)
-    VEKA_REAL(ROTATION)
-    VEKA_POINT(PT)
-    VEKA_REAL(THICKNESS)
-    VEKA_OBJECT_FIELD(int, HIGHLIGHT, WordFlag{}, = 0)
-    VEKA_OBJECT_LIST(Shapes, OtherChildren{})  ///< may hold null
+    VEKA_OBJECT(CVEKA_3DOJ_METAKMASKSHAPE, CVEKA_3DObject)
+    VEKA_OBJECT_FIELD(CString, LAYER, "TOP", Keyword{}, "name of the layer; TOP by default")
+    VEKA_REAL(WIDTH, "width")
+    VEKA_REAL(LENGTH, "length")
+    VEKA_REAL(ROTATION, "rotation in degrees")
+    VEKA_POINT(PT, "place of the shape")
+    VEKA_REAL(THICKNESS, "thickness")
+    VEKA_OBJECT_FIELD(int, HIGHLIGHT, 0, WordFlag{}, "1 if the shape is highlighted")
+    VEKA_OBJECT_LIST(Shapes, OtherChildren{}, "further objects; null for an unknown one")
 
     /// Copies into `PT`; the base's point is left alone. Null raises `CInvalidArgException`.
     void SetPoint(const CVEKA_Coordinate* point) {

@@ -5,7 +5,7 @@
 /// A footprint that fits a package, by its name in the footprint database.
 class VEKA_API CVEKA_Footprint {
     VEKA_RECORD(CVEKA_Footprint)
-    VEKA_TEXT(LibraryFootprintName, GetLibraryFootprintName, SetLibraryFootprintName)
+    VEKA_TEXT(LibraryFootprintName, "name of the footprint in the library")
 };
 
 /// The footprints that fit a package.

@@ -5,11 +5,11 @@
 /// A named part of a package that is no pin of the circuit.
 class VEKA_API CVEKA_MechanicalPin {
     VEKA_RECORD(CVEKA_MechanicalPin)
-    VEKA_TEXT(Name, GetName, SetName)
-    VEKA_OWNED(CVEKA_Coordinate, Point, GetPoint, SetPoint)
-    VEKA_NUMBER(double, Rotation, 0, GetRotation, SetRotation)
-    VEKA_TEXT(StepFileName, GetStepFileName, SetStepFileName)
-    VEKA_OWNED(CVEKA_3DObjectArray, Lead, GetLead, SetLead)
+    VEKA_TEXT(Name, "name of the pin")
+    VEKA_OWNED(CVEKA_Coordinate, Point, "place of the pin")
+    VEKA_NUMBER(double, Rotation, 0, "rotation of the pin in degrees")
+    VEKA_TEXT(StepFileName, "file of the pin's solid model")
+    VEKA_OWNED(CVEKA_3DObjectArray, Lead, "objects that draw the lead")
 };
 
 /// The mechanical pins of a package.

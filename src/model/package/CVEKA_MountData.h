@@ -6,8 +6,8 @@
 /// What a mount check tests.
 class VEKA_API CVEKA_MountCheckType {
     VEKA_RECORD(CVEKA_MountCheckType)
-    VEKA_NUMBER(int, Type, 0, GetType, SetType)
-    VEKA_FLAG(AllowReverse, GetAllowReverse, SetAllowReverse)
+    VEKA_NUMBER(int, Type, 0, "code of the check")
+    VEKA_FLAG(AllowReverse, "1 if the part may be mounted reversed")
 };
 
 /// One mounted pin. A copy takes nothing over: assigning, copying and cloning give a blank pin. That is
@@ -20,15 +20,15 @@ public:
     virtual CVEKA_MountPin* Clone() const { return new CVEKA_MountPin(*this); }
 
     VEKA_FIELDS_OF(CVEKA_MountPin, void)
-    VEKA_NUMBER(int, No, 0, GetNo, SetNo)
-    VEKA_TEXT(PinName, GetPinName, SetPinName)
-    VEKA_NUMBER(int, Direction, 0, GetDirection, SetDirection)
-    VEKA_FLAG(Skip, GetSkip, SetSkip)
-    VEKA_TEXT(LeadType, GetLeadType, SetLeadType)
+    VEKA_NUMBER(int, No, 0, "number of the pin")
+    VEKA_TEXT(PinName, "name of the pin")
+    VEKA_NUMBER(int, Direction, 0, "code of the direction")
+    VEKA_FLAG(Skip, "1 if the check skips the pin")
+    VEKA_TEXT(LeadType, "word for the form of the lead")
 
 public:
-    /// What a copy loses.
-    void VekaLose() { Init(); }
+    /// Gives the pin its defaults, as each copy has them.
+    void BecomeACopy() { Init(); }
 };
 
 /// The mounted pins of a package. Copies keep their number and nothing else.
@@ -37,25 +37,25 @@ VEKA_ARRAY(CVEKA_MountPinArray, CVEKA_MountPin)
 /// Size of a body.
 class VEKA_API CVEKA_BodySize {
     VEKA_RECORD(CVEKA_BodySize)
-    VEKA_OWNED(CVEKA_Coordinate, Mold, GetMold, SetMold)
-    VEKA_OWNED(CVEKA_Coordinate, OverAll, GetOverAll, SetOverAll)
-    VEKA_FLAG(Checking, GetChecking, SetChecking)
+    VEKA_OWNED(CVEKA_Coordinate, Mold, "size of the moulded body; Z is never read")
+    VEKA_OWNED(CVEKA_Coordinate, OverAll, "size over all; Z is never read")
+    VEKA_FLAG(Checking, "1 if the size is checked")
 };
 
 /// Height of a body.
 class VEKA_API CVEKA_BodyHeight {
     VEKA_RECORD(CVEKA_BodyHeight)
-    VEKA_NUMBER(double, Height, 0, GetHeight, SetHeight)
-    VEKA_FLAG(Checking, GetChecking, SetChecking)
+    VEKA_NUMBER(double, Height, 0, "height of the body")
+    VEKA_FLAG(Checking, "1 if the height is checked")
 };
 
 /// How a package goes onto a board.
 class VEKA_API CVEKA_MountData {
     VEKA_RECORD(CVEKA_MountData)
-    VEKA_TEXT(MountFileName, GetMountFileName, SetMountFileName)
-    VEKA_OWNED(CVEKA_Packing, Packing, GetPacking, SetPacking)
-    VEKA_OWNED(CVEKA_MountCheckType, MountCheckType, GetMountCheckType, SetMountCheckType)
-    VEKA_OWNED(CVEKA_MountPinArray, MountPins, GetMountPins, SetMountPins)
-    VEKA_OWNED(CVEKA_BodySize, BodySize, GetBodySize, SetBodySize)
-    VEKA_OWNED(CVEKA_BodyHeight, BodyHeight, GetBodyHeight, SetBodyHeight)
+    VEKA_TEXT(MountFileName, "file of the mount data")
+    VEKA_OWNED(CVEKA_Packing, Packing, "how the parts are delivered")
+    VEKA_OWNED(CVEKA_MountCheckType, MountCheckType, "what the mount check tests")
+    VEKA_OWNED(CVEKA_MountPinArray, MountPins, "mounted pins")
+    VEKA_OWNED(CVEKA_BodySize, BodySize, "size of the body")
+    VEKA_OWNED(CVEKA_BodyHeight, BodyHeight, "height of the body")
 };

@@ -9,30 +9,30 @@
 /// The body of a package.
 class VEKA_API CVEKA_BodyGeometry {
     VEKA_RECORD(CVEKA_BodyGeometry)
-    VEKA_TEXT(StepFileName, GetStepFileName, SetStepFileName)
-    VEKA_OWNED(CVEKA_3DObjectArray, Objects3D, Get3DObjects, Set3DObjects)
+    VEKA_TEXT(StepFileName, "file of the body's solid model")
+    VEKA_OWNED_AS(CVEKA_3DObjectArray, Objects3D, Get3DObjects, Set3DObjects, "objects that make up the body")
 };
 
 /// The marking on a package.
 class VEKA_API CVEKA_MarkingGeometries {
     VEKA_RECORD(CVEKA_MarkingGeometries)
-    VEKA_FLAG(Visible, GetVisible, SetVisible)
-    VEKA_OWNED(CVEKA_3DObjectArray, Objects3D, Get3DObjects, Set3DObjects)
+    VEKA_FLAG(Visible, "1 if the marking is visible")
+    VEKA_OWNED_AS(CVEKA_3DObjectArray, Objects3D, Get3DObjects, Set3DObjects, "objects that draw the marking")
 };
 
 /// One physical package of a part.
 class VEKA_API CVEKA_Package {
     VEKA_RECORD(CVEKA_Package)
-    VEKA_TEXT(Name, GetName, SetName)
-    VEKA_TEXT(DefaultFootprintName, GetDefaultFootprintName, SetDefaultFootprintName)
-    VEKA_TEXT(StepFileName, GetStepFileName, SetStepFileName)  /// solid model of the whole package
-    VEKA_OWNED(CVEKA_USGKeyArray, USGKeys, GetUSGKeys, SetUSGKeys)
-    VEKA_OWNED(CVEKA_MountData, MountData, GetMountData, SetMountData)
-    VEKA_OWNED(CVEKA_BodyGeometry, BodyGeometry, GetBodyGeometry, SetBodyGeometry)
-    VEKA_OWNED(CVEKA_MarkingGeometries, MarkingGeometries, GetMarkingGeometries, SetMarkingGeometries)
-    VEKA_OWNED(CVEKA_PackagePinArray, PKGPins, GetPKGPins, SetPKGPins)
-    VEKA_OWNED(CVEKA_MechanicalPinArray, MechanicalPins, GetMechanicalPins, SetMechanicalPins)
-    VEKA_OWNED(CVEKA_FootprintArray, Footprints, GetFootprints, SetFootprints)
+    VEKA_TEXT(Name, "name of the package")
+    VEKA_TEXT(DefaultFootprintName, "name of the footprint to use by default")
+    VEKA_TEXT(StepFileName, "file of the whole package's solid model")
+    VEKA_OWNED(CVEKA_USGKeyArray, USGKeys, "search keys of the package")
+    VEKA_OWNED(CVEKA_MountData, MountData, "how the package is mounted")
+    VEKA_OWNED(CVEKA_BodyGeometry, BodyGeometry, "body of the package")
+    VEKA_OWNED(CVEKA_MarkingGeometries, MarkingGeometries, "marking on the package")
+    VEKA_OWNED(CVEKA_PackagePinArray, PKGPins, "pins of the package")
+    VEKA_OWNED(CVEKA_MechanicalPinArray, MechanicalPins, "mechanical pins of the package")
+    VEKA_OWNED(CVEKA_FootprintArray, Footprints, "footprints that fit the package")
 };
 
 /// The packages of a part, in file order.

@@ -8,13 +8,13 @@
 /// Every package of a part, and what they share.
 class VEKA_API CVEKA_Packages {
     VEKA_RECORD(CVEKA_Packages)
-    VEKA_TEXT(DefaultPackageName, GetDefaultPackageName, SetDefaultPackageName)
-    VEKA_TEXT(BodyMaterialName, GetBodyMaterialName, SetBodyMaterialName)
-    VEKA_NUMBER(double, Weight, 0, GetWeight, SetWeight)
-    VEKA_NUMBER(double, DefaultPartHeight, 0, GetDefaultPartHeight, SetDefaultPartHeight)
-    VEKA_NUMBER(double, DefaultMountHeight, 0, GetDefaultMountHeight, SetDefaultMountHeight)
-    VEKA_OWNED(CVEKA_Thermal, Thermal, GetThermal, SetThermal)
-    VEKA_OWNED(CVEKA_PKG_Color, Color, GetColor, SetColor)
-    VEKA_OWNED(CVEKA_FootprintSpec, FootprintSpec, GetFootprintSpec, SetFootprintSpec)
-    VEKA_OWNED(CVEKA_PackageArray, PackageArr, GetPackageArr, SetPackageArr)
+    VEKA_TEXT(DefaultPackageName, "name of the package to use by default")
+    VEKA_TEXT(BodyMaterialName, "name of the body's material")
+    VEKA_NUMBER(double, Weight, 0, "weight of the part; the format fixes no unit")
+    VEKA_NUMBER(double, DefaultPartHeight, 0, "height of the part by default")
+    VEKA_NUMBER(double, DefaultMountHeight, 0, "mounting height by default")
+    VEKA_OWNED(CVEKA_Thermal, Thermal, "thermal data")
+    VEKA_OWNED(CVEKA_PKG_Color, Color, "display colours")
+    VEKA_OWNED(CVEKA_FootprintSpec, FootprintSpec, "tolerances for footprints")
+    VEKA_OWNED(CVEKA_PackageArray, PackageArr, "packages of the part")
 };

@@ -12,58 +12,58 @@ public:
     virtual CVEKA_Packing_ReelInfo* Clone() const { return new CVEKA_Packing_ReelInfo(*this); }
 
     VEKA_FIELDS_OF(CVEKA_Packing_ReelInfo, void)
-    VEKA_TEXT(TapeType, GetTapeType, SetTapeType)
-    VEKA_NUMBER(int, NoofPartsCount, 0, GetNoofPartsCount, SetNoofPartsCount)
-    VEKA_NUMBER(double, P, 0, GetP, SetP)
-    VEKA_NUMBER(double, A, 0, GetA, SetA)
-    VEKA_NUMBER(double, B, 0, GetB, SetB)
-    VEKA_NUMBER(double, W, 0, GetW, SetW)
-    VEKA_NUMBER(double, T1, 0, GetT1, SetT1)
-    VEKA_NUMBER(double, T2, 0, GetT2, SetT2)
+    VEKA_TEXT(TapeType, "kind of the tape")
+    VEKA_NUMBER(int, NoofPartsCount, 0, "number of parts on the reel")
+    VEKA_NUMBER(double, P, 0, "dimension P of the tape")
+    VEKA_NUMBER(double, A, 0, "dimension A of the tape")
+    VEKA_NUMBER(double, B, 0, "dimension B of the tape")
+    VEKA_NUMBER(double, W, 0, "dimension W of the tape")
+    VEKA_NUMBER(double, T1, 0, "dimension T1 of the tape; T2 in every copy")
+    VEKA_NUMBER(double, T2, 0, "dimension T2 of the tape")
 
 public:
-    /// What a copy loses.
-    void VekaLose() noexcept { T1 = T2; }
+    /// Sets `T1` to `T2`, as each copy has it.
+    void BecomeACopy() noexcept { T1 = T2; }
 };
 
 /// Delivery on a reel.
 class VEKA_API CVEKA_Packing_Reel {
     VEKA_RECORD(CVEKA_Packing_Reel)
-    VEKA_NUMBER(int, Type, 0, GetType, SetType)
-    VEKA_NUMBER(double, Angle, 0, GetAngle, SetAngle)
-    VEKA_OWNED(CVEKA_Packing_ReelInfo, ReelInfo, GetReelInfo, SetReelInfo)
+    VEKA_NUMBER(int, Type, 0, "code of the kind of reel")
+    VEKA_NUMBER(double, Angle, 0, "angle of the part on the tape, in degrees")
+    VEKA_OWNED(CVEKA_Packing_ReelInfo, ReelInfo, "the tape")
 };
 
 /// The layout of a tray.
 class VEKA_API CVEKA_Packing_TrayInfo {
     VEKA_RECORD(CVEKA_Packing_TrayInfo)
-    VEKA_NUMBER(int, NoofPartXCount, 0, GetNoofPartXCount, SetNoofPartXCount)
-    VEKA_NUMBER(int, NoofPartYCount, 0, GetNoofPartYCount, SetNoofPartYCount)
-    VEKA_NUMBER(double, A, 0, GetA, SetA)
-    VEKA_NUMBER(double, B, 0, GetB, SetB)
-    VEKA_NUMBER(double, C, 0, GetC, SetC)
-    VEKA_NUMBER(double, D, 0, GetD, SetD)
-    VEKA_NUMBER(double, E, 0, GetE, SetE)
-    VEKA_NUMBER(double, E1, 0, GetE1, SetE1)
-    VEKA_NUMBER(double, F, 0, GetF, SetF)
-    VEKA_NUMBER(double, G, 0, GetG, SetG)
-    VEKA_NUMBER(double, Gap, 0, GetGap, SetGap)
+    VEKA_NUMBER(int, NoofPartXCount, 0, "number of parts along X")
+    VEKA_NUMBER(int, NoofPartYCount, 0, "number of parts along Y")
+    VEKA_NUMBER(double, A, 0, "dimension A of the tray")
+    VEKA_NUMBER(double, B, 0, "dimension B of the tray")
+    VEKA_NUMBER(double, C, 0, "dimension C of the tray")
+    VEKA_NUMBER(double, D, 0, "dimension D of the tray")
+    VEKA_NUMBER(double, E, 0, "dimension E of the tray")
+    VEKA_NUMBER(double, E1, 0, "dimension E1 of the tray")
+    VEKA_NUMBER(double, F, 0, "dimension F of the tray")
+    VEKA_NUMBER(double, G, 0, "dimension G of the tray")
+    VEKA_NUMBER(double, Gap, 0, "dimension GAP of the tray")
 };
 
 /// Delivery in a tray.
 class VEKA_API CVEKA_Packing_Tray {
     VEKA_RECORD(CVEKA_Packing_Tray)
-    VEKA_NUMBER(int, Type, 0, GetType, SetType)
-    VEKA_NUMBER(double, Angle, 0, GetAngle, SetAngle)
-    VEKA_OWNED(CVEKA_Packing_TrayInfo, TrayInfo, GetTrayInfo, SetTrayInfo)
+    VEKA_NUMBER(int, Type, 0, "code of the kind of tray")
+    VEKA_NUMBER(double, Angle, 0, "angle of the part in the tray, in degrees")
+    VEKA_OWNED(CVEKA_Packing_TrayInfo, TrayInfo, "layout of the tray")
 };
 
 /// How parts are delivered.
 class VEKA_API CVEKA_Packing {
     VEKA_RECORD(CVEKA_Packing)
-    VEKA_TEXT(PDFFileName, GetPDFFileName, SetPDFFileName)
-    VEKA_NUMBER(int, PageNumber, 0, GetPageNumber, SetPageNumber)
-    VEKA_NUMBER(int, PackingType, -1, GetPackingType, SetPackingType)  /// -1: the file sets none
-    VEKA_OWNED(CVEKA_Packing_Reel, Reel, GetReel, SetReel)
-    VEKA_OWNED(CVEKA_Packing_Tray, Tray, GetTray, SetTray)
+    VEKA_TEXT(PDFFileName, "file of the packing document")
+    VEKA_NUMBER(int, PageNumber, 0, "page of the packing document")
+    VEKA_NUMBER(int, PackingType, -1, "code of the packing; -1 if the file gives none")
+    VEKA_OWNED(CVEKA_Packing_Reel, Reel, "delivery on a reel")
+    VEKA_OWNED(CVEKA_Packing_Tray, Tray, "delivery in a tray")
 };

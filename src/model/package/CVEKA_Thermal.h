@@ -6,16 +6,15 @@
 /// second value comes first: that crossing is required. The fields are used directly.
 class VEKA_API CVEKA_OperatingTemperature {
     VEKA_RECORD(CVEKA_OperatingTemperature)
-    VEKA_PUBLIC_NUMBER(double, SecondValue, 0)
-    VEKA_PUBLIC_NUMBER(double, FirstValue, 0)
+    VEKA_PUBLIC(double, SecondValue, 0, "second value of the level; the format fixes no unit")
+    VEKA_PUBLIC(double, FirstValue, 0, "first value of the level; the format fixes no unit")
 };
 
 /// Thermal data of a part.
 class VEKA_API CVEKA_Thermal {
     VEKA_RECORD(CVEKA_Thermal)
-    VEKA_NUMBER(double, MaxPower, 0, GetMaxPower, SetMaxPower)
-    VEKA_OWNED(CVEKA_OperatingTemperature, OperatingTemperature, GetOperatingTemperature,
-               SetOperatingTemperature)
-    VEKA_NUMBER(double, RadiationEmissivity, 0, GetRadiationEmissivity, SetRadiationEmissivity)
-    VEKA_OWNED(CVEKA_ThermalModel, Model, GetModel, SetModel)
+    VEKA_NUMBER(double, MaxPower, 0, "maximum power")
+    VEKA_OWNED(CVEKA_OperatingTemperature, OperatingTemperature, "operating temperatures")
+    VEKA_NUMBER(double, RadiationEmissivity, 0, "emissivity of the surface for heat radiation")
+    VEKA_OWNED(CVEKA_ThermalModel, Model, "thermal models")
 };

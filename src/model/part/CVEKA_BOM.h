@@ -5,6 +5,6 @@
 /// A part in the bill of materials.
 class VEKA_API CVEKA_BOM {
     VEKA_RECORD(CVEKA_BOM)
-    VEKA_TEXT(Unit, GetUnit, SetUnit)  ///< currency of the cost
-    VEKA_NUMBER(double, Cost, 0, GetCost, SetCost)
+    VEKA_TEXT(Unit, "currency of the cost")
+    VEKA_NUMBER(double, Cost, 0, "price of one piece")
 };

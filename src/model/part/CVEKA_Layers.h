@@ -6,14 +6,14 @@
 /// One drawing layer of a part.
 class VEKA_API CVEKA_Layer {
     VEKA_RECORD(CVEKA_Layer)
-    VEKA_NUMBER(int, ARNNumber, 0, GetARNNumber, SetARNNumber)  /// artwork layer number
-    VEKA_TEXT(Name, GetName, SetName)
-    VEKA_TEXT(ECadLayerName, GetECadLayerName, SetECadLayerName)
-    VEKA_TEXT(VisibleType, GetVisibleType, SetVisibleType)
-    VEKA_OWNED(CVEKA_Color, Color, GetColor, SetColor)
-    VEKA_NUMBER(int, Depth, 0, GetDepth, SetDepth)
-    VEKA_NUMBER(int, FilmType, 0, GetFilmType, SetFilmType)
-    VEKA_OWNED(CVEKA_Comment, Comment, GetComment, SetComment)  /// a file fills its text alone
+    VEKA_NUMBER(int, ARNNumber, 0, "artwork number of the layer")
+    VEKA_TEXT(Name, "name of the layer")
+    VEKA_TEXT(ECadLayerName, "name of the layer in the ECAD system")
+    VEKA_TEXT(VisibleType, "word for the visibility")
+    VEKA_OWNED(CVEKA_Color, Color, "display colour")
+    VEKA_NUMBER(int, Depth, 0, "depth number; the format fixes no meaning")
+    VEKA_NUMBER(int, FilmType, 0, "code of the film")
+    VEKA_OWNED(CVEKA_Comment, Comment, "remark; a file fills only its text")
 };
 
 /// The layers in file order.
@@ -22,6 +22,6 @@ VEKA_ARRAY(CVEKA_LayerArray, CVEKA_Layer)
 /// The drawing layers of a part.
 class VEKA_API CVEKA_Layers {
     VEKA_RECORD(CVEKA_Layers)
-    VEKA_TEXT(DefaultPath, GetDefaultPath, SetDefaultPath)
-    VEKA_OWNED(CVEKA_LayerArray, LayerArr, GetLayerArr, SetLayerArr)
+    VEKA_TEXT(DefaultPath, "text of the DEFAULT level")
+    VEKA_OWNED(CVEKA_LayerArray, LayerArr, "layers of the part")
 };

@@ -5,6 +5,6 @@
 /// How a part is mounted, and its compliance.
 class VEKA_API CVEKA_Manufacturing {
     VEKA_RECORD(CVEKA_Manufacturing)
-    VEKA_TEXT(MountType, GetMountType, SetMountType)
-    VEKA_TEXT(ROHS_CompLianceType, GetROHS_CompLianceType, SetROHS_CompLianceType)
+    VEKA_TEXT(MountType, "word for the way of mounting")
+    VEKA_TEXT(ROHS_CompLianceType, "word for the RoHS compliance")
 };

@@ -5,6 +5,6 @@
 /// The company's preference for a part.
 class VEKA_API CVEKA_Preference {
     VEKA_RECORD(CVEKA_Preference)
-    VEKA_TEXT(TempCPN, GetTempCPN, SetTempCPN)  ///< temporary company part number
-    VEKA_TEXT(Status, GetStatus, SetStatus)
+    VEKA_TEXT(TempCPN, "temporary company part number")
+    VEKA_TEXT(Status, "word for the status")
 };

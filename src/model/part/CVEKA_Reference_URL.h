@@ -5,8 +5,8 @@
 /// A named reference.
 class VEKA_API CVEKA_Reference_URL {
     VEKA_RECORD(CVEKA_Reference_URL)
-    VEKA_TEXT(Title, GetTitle, SetTitle)
-    VEKA_TEXT(FileName, GetFileName, SetFileName)
+    VEKA_TEXT(Title, "title of the reference")
+    VEKA_TEXT(FileName, "file or address of the reference")
 };
 
 /// The references of a part.

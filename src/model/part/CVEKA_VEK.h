@@ -10,10 +10,10 @@
 /// The one part that a file describes, by its sections.
 class VEKA_API CVEKA_VEK {
     VEKA_RECORD(CVEKA_VEK)
-    VEKA_OWNED(CVEKA_PartGeneral, PartGeneral, GetPartGeneral, SetPartGeneral)
-    VEKA_OWNED(CVEKA_Layers, Layers, GetLayers, SetLayers)
-    VEKA_OWNED(CVEKA_Electrical, Electrical, GetElectrical, SetElectrical)
-    VEKA_OWNED(CVEKA_Packages, Packages, GetPackages, SetPackages)
-    VEKA_OWNED(CVEKA_Manufacturing, Manufacturing, GetManufacturing, SetManufacturing)
-    VEKA_OWNED(CVEKA_LogicSymbols, LogicSymbols, GetLogicSymbols, SetLogicSymbols)
+    VEKA_OWNED(CVEKA_PartGeneral, PartGeneral, "identity and general data")
+    VEKA_OWNED(CVEKA_Layers, Layers, "drawing layers")
+    VEKA_OWNED(CVEKA_Electrical, Electrical, "the part as a circuit element")
+    VEKA_OWNED(CVEKA_Packages, Packages, "packages")
+    VEKA_OWNED(CVEKA_Manufacturing, Manufacturing, "mounting and compliance")
+    VEKA_OWNED(CVEKA_LogicSymbols, LogicSymbols, "schematic symbols")
 };

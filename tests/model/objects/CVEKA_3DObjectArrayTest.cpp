@@ -112,7 +112,7 @@ TEST(CVEKA_3DObjectArray, EveryKindThatHoldsObjectsLosesItsNullsInAMove) {
             }
         });
     };
-#define CHECK_KIND(Level, Method, Class) check(Class());
+#define CHECK_KIND(Level, Number, Class, Method) check(Class());
     VEKA_OBJECT_KINDS(CHECK_KIND)
     check(CVEKA_3DOJ_METAKMASKSHAPE());
 }

@@ -37,7 +37,7 @@ TEST(CVEKA_3DObject, KnowsTheNamesOfAllNumbers) {
 
 TEST(CVEKA_3DObject, EveryKindHasItsNumber) {
     const std::map<std::string, int> others = {{"3DSHAPE", 0}, {"STEP", 54}, {"PTEXT", 60}};
-#define CHECK_NUMBER(Level, Method, Class)                                                                  \
+#define CHECK_NUMBER(Level, Number, Class, Method)                                                          \
     {                                                                                                       \
         const Class object;                                                                                 \
         const auto other = others.find(Level);                                                              \
