@@ -1,24 +1,39 @@
 #include "host/CommandLine.h"
 
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <utility>
+
 namespace host {
 
 const char* const kUsage =
-    "usage: veka-host [FILE] [--library DIR] [--overwrite yes|no|ask] [--print [json]]\n"
-    "                 [--step FILE] [--gltf FILE] [--ui qt|win32|console]\n"
+    "usage: veka-host [FILE...] [--library DIR] [--overwrite yes|no|ask] [--print [json]] [--pins [csv]]\n"
+    "                 [--step FILE] [--gltf FILE] [--quiet] [--ui qt|win32|console]\n"
+    "       veka-host --open [FILE...]\n"
+    "       veka-host --undo [PART...] --library DIR\n"
     "\n"
-    "Imports a part data file and stores the part in a library.\n"
-    "With FILE the import runs unattended; without, a dialog asks for file and directory: in a window where\n"
-    "there is a display, on the terminal where there is none. Qt's window imports one part after another.\n"
+    "Shows part data files and stores their parts in a library. FILE - is standard input.\n"
+    "Without FILE a dialog asks for the file and the library: in a window if there is a display, and\n"
+    "otherwise on the terminal.\n"
     "\n"
-    "  --library DIR       directory that parts are stored in\n"
-    "  --overwrite HOW     what to do about a part that is there already (ask)\n"
-    "  --print             print every record as an outline; the library is then not needed\n"
-    "  --print json        print every record as JSON\n"
-    "  --step FILE         write the solids of the packages as a STEP file; no library needed either\n"
-    "  --gltf FILE         write them as a binary glTF file\n"
-    "  --ui HOW            ask in windows (qt or win32) or on the terminal (console), with FILE too\n"
-    "  --help              show this text\n"
+    "  --library DIR       store each part in this directory\n"
+    "  --overwrite HOW     what to do with a part that the library already has (ask)\n"
+    "  --print             print every record as an outline\n"
+    "  --print json        print every record as JSON, one line for each file\n"
+    "  --pins              print the pins as a table\n"
+    "  --pins csv          print the pins as comma-separated values\n"
+    "  --step FILE         write the solids of the packages to a STEP file\n"
+    "  --gltf FILE         write the solids of the packages to a binary glTF file\n"
+    "  --quiet, -q         print no summary\n"
+    "  --undo              exchange a part with the one that was replaced last\n"
+    "  --wait SECONDS      how long to wait for a library that another program writes (60)\n"
+    "  --open              show the files in the window and store nothing\n"
+    "  --ui HOW            ask in windows (qt or win32) or on the terminal (console)\n"
+    "  --help, -h          show this text\n"
+    "  --version           show the version\n"
     "\n"
+    "An option and its value can be one argument: --library=DIR.\n"
     "exit code: 0 imported, 1 refused by the user or a check, 2 wrong usage, 3 failed\n";
 
 namespace {
@@ -36,51 +51,137 @@ Value OneOf(const std::string& option, const std::string& word,
     throw UsageError(option + " takes " + words + ", not \"" + word + "\"");
 }
 
+/// The arguments, one option after another.
+class Arguments {
+public:
+    explicit Arguments(const std::vector<std::string>& arguments) : m_arguments(arguments) {}
+
+    /// Takes the next argument; false at the end. An option is taken without the value after its "=".
+    bool Next() {
+        if (m_value) throw UsageError(m_option + " takes no value");
+        if (m_next == m_arguments.size()) return false;
+        m_option = m_arguments[m_next++];
+        m_isOption = !m_optionsOver && m_option.size() > 1 && m_option[0] == '-';
+        const size_t equals = m_option.find('=');
+        if (m_isOption && m_option.starts_with("--") && equals != std::string::npos) {
+            m_value = m_option.substr(equals + 1);
+            m_option.resize(equals);
+        }
+        return true;
+    }
+    bool IsOption() const { return m_isOption; }
+    const std::string& Option() const { return m_option; }
+    void EndOptions() { m_optionsOver = true; }
+
+    /// The value of the option.
+    std::string Value() {
+        if (m_value) return *std::exchange(m_value, std::nullopt);
+        if (m_next == m_arguments.size()) throw UsageError(m_option + " needs a value");
+        return m_arguments[m_next++];
+    }
+    /// The value of the option that is a path.
+    std::string Path() {
+        std::string path = Value();
+        if (path.empty()) throw UsageError(m_option + " needs a value");
+        return path;
+    }
+    /// True if the option has the one value that it may have.
+    bool HasWord(const std::string& word) {
+        if (m_value) {
+            OneOf<int>(m_option, *m_value, {{word.c_str(), 0}});
+            m_value.reset();
+            return true;
+        }
+        if (m_next == m_arguments.size() || m_arguments[m_next] != word) return false;
+        ++m_next;
+        return true;
+    }
+
+private:
+    const std::vector<std::string>& m_arguments;
+    size_t m_next = 0;
+    std::string m_option;
+    std::optional<std::string> m_value;  // the part of the argument after its "="
+    bool m_isOption = false;
+    bool m_optionsOver = false;
+};
+
+std::chrono::seconds Seconds(const std::string& option, const std::string& text) {
+    unsigned seconds = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+    if (error != std::errc() || end != text.data() + text.size() || seconds > 1'000'000)
+        throw UsageError(option + " takes a number of seconds, not \"" + text + "\"");
+    return std::chrono::seconds(seconds);
+}
+
+void Check(const CommandLine& line) {
+    if (line.help || line.version) return;
+    const bool standardInput = std::find(line.files.begin(), line.files.end(), kStandardInput) != line.files.end();
+    if (line.undo) {
+        if (line.library.empty()) throw UsageError("--undo needs --library DIR");
+        return;
+    }
+    if (line.Attended() && standardInput) throw UsageError("a window cannot read standard input");
+    if (line.Attended() && line.files.size() > 1 && (line.Shown() || line.windows == Windows::Console))
+        throw UsageError("only one file can be imported here");
+    if (line.open && line.Shown()) throw UsageError("--open only shows files in the window");
+    if (line.files.size() > 1 && standardInput) throw UsageError("standard input can only be imported by itself");
+    if (line.files.size() > 1 && !(line.step.empty() && line.gltf.empty()))
+        throw UsageError("--step and --gltf take one file");
+    if (!line.step.empty() && line.step == line.gltf) throw UsageError("--step and --gltf name the same file");
+}
+
 }  // namespace
 
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     CommandLine line;
-    bool optionsOver = false;
-    for (size_t i = 0; i < arguments.size(); ++i) {
-        std::string argument = arguments[i];
-        const bool option = !optionsOver && argument.size() > 1 && argument[0] == '-';
-        const auto value = [&] {
-            if (i + 1 == arguments.size()) throw UsageError(argument + " needs a value");
-            return arguments[++i];
-        };
-        if (!option) {
-            if (argument.empty()) throw UsageError("the file name is empty");
-            if (!line.file.empty()) throw UsageError("only one file can be imported");
-            line.file = argument;
-        } else if (argument == "--") {
-            optionsOver = true;
-        } else if (argument == "--help" || argument == "-h") {
+    bool quiet = false;
+    const auto print = [&](Print what) {
+        if (line.print != Print::Summary) throw UsageError("--print and --pins can be given once");
+        line.print = what;
+    };
+    for (Arguments next(arguments); next.Next();) {
+        const std::string& option = next.Option();
+        if (!next.IsOption()) {
+            if (option.empty()) throw UsageError("the file name is empty");
+            line.files.push_back(option);
+        } else if (option == "--") {
+            next.EndOptions();
+        } else if (option == "--help" || option == "-h") {
             line.help = true;
-        } else if (argument == "--library") {
-            line.library = value();
-        } else if (argument == "--step") {
-            line.step = value();
-        } else if (argument == "--gltf") {
-            line.gltf = value();
-        } else if (argument == "--print") {
-            line.print = Print::Outline;
-            if (i + 1 < arguments.size() && arguments[i + 1] == "json") {
-                line.print = Print::Json;
-                ++i;
-            }
-        } else if (argument == "--overwrite") {
+        } else if (option == "--version") {
+            line.version = true;
+        } else if (option == "--quiet" || option == "-q") {
+            quiet = true;
+        } else if (option == "--undo") {
+            line.undo = true;
+        } else if (option == "--open") {
+            line.open = true;
+        } else if (option == "--library") {
+            line.library = next.Path();
+        } else if (option == "--step") {
+            line.step = next.Path();
+        } else if (option == "--gltf") {
+            line.gltf = next.Path();
+        } else if (option == "--wait") {
+            line.wait = Seconds(option, next.Value());
+        } else if (option == "--print") {
+            print(next.HasWord("json") ? Print::Json : Print::Outline);
+        } else if (option == "--pins") {
+            print(next.HasWord("csv") ? Print::PinsCsv : Print::Pins);
+        } else if (option == "--overwrite") {
             line.overwrite = OneOf<Overwrite>(
-                argument, value(), {{"yes", Overwrite::Yes}, {"no", Overwrite::No}, {"ask", Overwrite::Ask}});
-        } else if (argument == "--ui") {
+                option, next.Value(), {{"yes", Overwrite::Yes}, {"no", Overwrite::No}, {"ask", Overwrite::Ask}});
+        } else if (option == "--ui") {
             line.windows = OneOf<Windows>(
-                argument, value(),
+                option, next.Value(),
                 {{"qt", Windows::Qt}, {"win32", Windows::Win32}, {"console", Windows::Console}});
         } else {
-            throw UsageError("unknown option " + argument);
+            throw UsageError("unknown option " + option);
         }
     }
-    if (!line.help && !line.Attended() && line.library.empty() && !line.Shown())
-        throw UsageError("--library DIR is needed with a file");
+    if (quiet && line.print == Print::Summary) line.print = Print::Nothing;
+    Check(line);
     return line;
 }
 

@@ -1,40 +1,50 @@
 #pragma once
 
+#include <chrono>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace host {
 
-/// What to do about a part that is in the library already.
+/// What to do with a part that the library already has.
 enum class Overwrite { Yes, No, Ask };
 
-/// What to show of an imported part.
-enum class Print { Summary, Outline, Json };
+/// What to print of an imported part.
+enum class Print { Summary, Outline, Json, Pins, PinsCsv, Nothing };
 
 /// How the program asks its user.
 enum class Windows {
-    Automatic,  ///< in windows where there is a display; with a file not at all
+    Automatic,  ///< in windows where there is a display, but not at all if a file is given
     Qt,         ///< in windows by Qt
     Win32,      ///< in windows of Windows itself
     Console     ///< on the terminal
 };
 
+/// The file name that means standard input.
+inline constexpr const char* kStandardInput = "-";
+
 /// What the program was asked to do.
 struct CommandLine {
     bool help = false;
-    std::string file;     ///< empty: the user names it in the dialog
-    std::string library;  ///< directory that parts are stored in
+    bool version = false;
+    bool undo = false;               ///< restore replaced parts, whose part numbers are in `files`
+    bool open = false;               ///< show the files in the window
+    std::vector<std::string> files;  ///< empty: the user names a file in the dialog
+    std::string library;             ///< directory that parts are stored in; empty: nothing is stored
     Overwrite overwrite = Overwrite::Ask;
     Print print = Print::Summary;
     std::string step;  ///< file to write the solids to; empty: none
     std::string gltf;
     Windows windows = Windows::Automatic;
+    std::chrono::seconds wait{60};  ///< how long to wait for a library that another program writes
 
-    /// True if the dialog is to be shown, and not answered by the program itself.
-    bool Attended() const { return file.empty() || windows != Windows::Automatic; }
-    /// True if the part is to be shown or written, besides being stored.
-    bool Shown() const { return print != Print::Summary || !step.empty() || !gltf.empty(); }
+    /// True if the user is asked in the dialog.
+    bool Attended() const { return !undo && (files.empty() || open || windows != Windows::Automatic); }
+    /// True if something is to be printed or written besides the library.
+    bool Shown() const {
+        return (print != Print::Summary && print != Print::Nothing) || !step.empty() || !gltf.empty();
+    }
 };
 
 /// A command line that cannot be understood.
@@ -44,7 +54,7 @@ struct UsageError : std::runtime_error {
 
 extern const char* const kUsage;
 
-/// Reads the arguments behind the program's name; raises `UsageError`.
+/// Reads the arguments that follow the program's name; raises `UsageError`.
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 
 }  // namespace host

@@ -5,27 +5,37 @@
 #include "host/CommandLine.h"
 #include "host/Desktop.h"
 #include "host/ImportedPart.h"
-#include "host/PartLibrary.h"
+#include "host/OutputFile.h"
 #include "host/Solids.h"
 
 namespace host {
 
 Failure CurrentFailure(const std::string& file) {
+    const std::string subject = file.empty() ? "the file" : file == kStandardInput ? "standard input" : '"' + file + '"';
     try {
         throw;
     } catch (const UsageError& error) {
         return {kWrongUsage, std::string(error.what()) + " (--help tells more)"};
-    } catch (const NoPartNumber& error) {
+    } catch (const NoPart& error) {
         return {kRefused, error.what()};
+    } catch (const NothingToUndo& error) {
+        return {kRefused, error.what()};
+    } catch (const NoSuchFile& error) {
+        return {kRefused, error.what()};
+    } catch (const SourceError& error) {
+        return {kFailed, error.what()};
     } catch (const StoreError& error) {
-        return {kFailed, std::string("the part could not be stored: ") + error.what()};
+        return {kFailed, subject + " could not be stored: " + error.what()};
     } catch (const SolidsError& error) {
-        return {kFailed, std::string("no solids were written: ") + error.what()};
+        return {kFailed, "no solids of " + subject + " were written: " + error.what()};
+    } catch (const RefusedOutput& error) {
+        return {kRefused, error.what()};
+    } catch (const OutputError& error) {
+        return {kFailed, error.what()};
     } catch (const NoWindows& error) {
         return {kFailed, error.what()};
     } catch (const std::exception& error) {
-        return {kFailed,
-                (file.empty() ? "the file" : '"' + file + '"') + " could not be imported: " + error.what()};
+        return {kFailed, subject + " could not be imported: " + error.what()};
     }
 }
 

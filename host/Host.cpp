@@ -1,111 +1,275 @@
 #include "host/Host.h"
 
+#include <algorithm>
+#include <istream>
+#include <map>
 #include <ostream>
+#include <sstream>
 
+#include "console/ConsoleUserInterface.h"
+#include "files/Paths.h"
 #include "host/CommandLine.h"
 #include "host/Desktop.h"
 #include "host/Failure.h"
-#include "host/ImportedPart.h"
+#include "host/ImportDialog.h"
 #include "host/Installed.h"
+#include "host/Messages.h"
+#include "host/OutputFile.h"
+#include "host/PinTable.h"
 #include "host/Solids.h"
-#include "host/UnattendedUserInterface.h"
+#include "host/Summary.h"
 #include "inspect/Json.h"
 #include "inspect/Outline.h"
+#include "platform/Printable.h"
+#include "platform/Version.h"
+#include "window/AfxMessageBox.h"
 #include "window/SBUtility.h"
 
 namespace host {
 
 namespace {
 
-void Show(const CommandLine& line, const CVEKA_Manager& part, std::ostream& out, std::ostream& err) {
-    switch (line.print) {
-        case Print::Summary:
-            out << "Part " << veka::Printable(part.GetVEK()->GetPartGeneral()->GetMPN().View()) << '\n';
-            veka::Outline(out).Write(part);
-            break;
-        case Print::Outline:
-            veka::Outline(out, true).Write(part);
-            break;
-        case Print::Json:
-            veka::Json(out).Write(part);
-            break;
+std::string Quoted(std::string_view text) {
+    return '"' + std::string(text) + '"';
+}
+
+/// One run of the program.
+class Program {
+public:
+    Program(const CommandLine& line, const Streams& streams) : m_line(line), m_streams(streams), m_messages(streams.err) {}
+
+    /// Imports the files without a dialog.
+    int ImportFiles() {
+        int worst = kImported;
+        for (const std::string& file : m_line.files) worst = std::max<int>(worst, ImportFile(file));
+        if (m_line.files.size() > 1 && m_line.print == Print::Summary) WriteTotal();
+        return worst;
     }
-    if (!line.step.empty() || !line.gltf.empty()) WriteSolids(part, line.step, line.gltf, err);
-}
-
-/// Reads and shows a part without a library, and so without the dialog.
-int ShowOnly(const CommandLine& line, std::ostream& out, std::ostream& err) {
-    const CString file(line.file);
-    if (!SBUtility::GetInstance().DoesFileOrDirExist(file, __FILE__, __LINE__)) {
-        err << "veka-host: there is no file \"" << line.file << "\"\n";
-        return kRefused;
+    /// Imports one part through the dialog that the installed user interface shows.
+    int ImportByDialog() {
+        const std::optional<DialogChoice> choice =
+            RunImportDialog(CString(m_line.files.empty() ? "" : m_line.files[0]), CString(m_line.library));
+        if (!choice) return kRefused;
+        const ImportedPart& part = choice->part;
+        m_library = choice->library;
+        return Deliver(part, choice->existing, [&] {
+            return AfxMessageBox(Question(part), MB_YESNO) == IDYES;
+        });
     }
-    CVEK_AsciiParser parser;
-    parser.SetVEKAsciiFilePath(file);
-    parser.Parser();
-    Show(line, *parser.GetCVEKA_Manager(), out, err);
-    return kImported;
-}
+    /// Puts replaced parts back.
+    int Undo() {
+        PartLibrary library(veka::ToPath(CString(m_line.library)), WaitingFor(m_line.library));
+        std::vector<std::string> numbers = m_line.files;
+        if (numbers.empty()) numbers.emplace_back();
+        int worst = kImported;
+        for (const std::string& number : numbers) try {
+                const CString name = SBUtility::GetInstance().EncodeEntityCode(CString(number));
+                const std::string restored = library.Undo(std::string(name.View()));
+                if (m_line.print == Print::Summary)
+                    m_streams.out << veka::Printable("Restored " + restored + " in " + m_line.library) << '\n';
+            } catch (const NothingToUndo& error) {
+                m_messages.Say(error.what());
+                worst = std::max<int>(worst, kRefused);
+            } catch (const StoreError& error) {
+                m_messages.Say("no part was restored: " + std::string(error.what()));
+                worst = kFailed;
+            }
+        return worst;
+    }
 
-/// Imports one part through the dialog, which the installed user interface shows.
-int ImportOne(const CommandLine& line, std::ostream& out, std::ostream& err) {
-    const std::optional<ImportedPart> part = RunImportDialog(CString(line.file), CString(line.library));
-    if (!part) return kRefused;
-    RequirePartNumber(*part);
-    Show(line, part->Model(), out, err);
-    const CString name = Store(*part);
-    if (line.print == Print::Summary)
-        out << "Stored as " << name.View() << " in " << part->library.View() << '\n';
-    return kImported;
-}
+private:
+    /// Does something, and tells its failure; returns the exit code.
+    template <class Deed>
+    int Reported(const std::string& file, Deed deed) {
+        try {
+            return deed();
+        } catch (...) {
+            const Failure failure = CurrentFailure(file);
+            m_messages.Say(failure.sentence);
+            return failure.code;
+        }
+    }
 
-int ImportUnattended(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err) {
-    UnattendedUserInterface unattended(in, out, err, line.overwrite);
-    const Installed installed(unattended);
-    if (line.library.empty()) return ShowOnly(line, out, err);
-    const int code = ImportOne(line, out, err);
-    if (unattended.SaidNo()) err << "veka-host: the part is in the library already and was left alone\n";
-    return code;
-}
+    int ImportFile(const std::string& file) {
+        m_library = CString(m_line.library);
+        const int code = Reported(file, [&] {
+            const ImportedPart part = file == kStandardInput ? ReadPart(m_streams.in) : ReadPart(CString(file));
+            return Deliver(part, m_line.overwrite == Overwrite::Yes ? Existing::Replace : Existing::Keep,
+                           [&] { return MayReplace(part); });
+        });
+        if (code == kRefused) ++m_total["refused"];
+        if (code == kFailed) ++m_total["failed"];
+        return code;
+    }
 
-int ImportInWindows(const CommandLine& line, std::ostream& out, std::ostream& err, Desktop& desktop) {
+    /// Shows a part, stores it and writes its solids. Each is done even if another fails. `ask` tells whether a part
+    /// that is there may be replaced.
+    template <class Ask>
+    int Deliver(const ImportedPart& part, Existing existing, Ask ask) {
+        const std::string file(part.file.View());
+        for (const std::string* output : {&m_line.step, &m_line.gltf})
+            RequireOutsideOf(*output, file, std::string(m_library.View()), part.Name());
+        RequireSections(part);
+        for (const std::string& fault : part.faults) m_messages.Say(Quoted(file) + ": " + fault);
+        if (!part.hasPart && m_library.IsEmpty()) m_messages.Say(Quoted(file) + " holds no part");
+        Show(part);
+        int code = kImported;
+        if (!m_library.IsEmpty())
+            code = Reported(file, [&] {
+                Outcome outcome = Store(part, m_library, existing, WaitingFor(std::string(m_library.View())));
+                if (outcome == Outcome::Kept && ask())
+                    outcome = Store(part, m_library, Existing::Replace, WaitingFor(std::string(m_library.View())));
+                return Tell(part, outcome);
+            });
+        if (!m_line.step.empty() || !m_line.gltf.empty())
+            code = std::max(code, Reported(file, [&] { return WriteSolidFiles(part); }));
+        return code;
+    }
+
+    void Show(const ImportedPart& part) {
+        std::ostream& out = m_streams.out;
+        const bool several = m_line.files.size() > 1;
+        if (several && (m_line.print == Print::Outline || m_line.print == Print::Pins))
+            out << "File " << veka::Printable(part.file.View()) << '\n';
+        switch (m_line.print) {
+            case Print::Nothing:
+                break;
+            case Print::Summary:
+                if (!part.hasPart) break;
+                if (!several) WriteSummary(out, part.Model());
+                else if (m_library.IsEmpty())
+                    out << veka::Printable(part.file.View()) << ": part " << veka::Printable(part.Mpn().View()) << '\n';
+                break;
+            case Print::Outline:
+                veka::Outline(out, true).Write(part.Model());
+                break;
+            case Print::Json:
+                veka::Json(out).Write(part.Model());
+                break;
+            case Print::Pins:
+                WritePins(out, part.Model());
+                break;
+            case Print::PinsCsv:
+                WritePinsCsv(out, part.Model());
+                break;
+        }
+    }
+
+    /// Tells what became of a part; returns the exit code.
+    int Tell(const ImportedPart& part, Outcome outcome) {
+        const std::string name = part.Name(), library(m_library.View());
+        if (outcome == Outcome::Kept) {
+            m_messages.Say(Quoted(name) + " is in the library already and was left alone" +
+                           (m_line.overwrite == Overwrite::Ask && !m_streams.terminal && !m_line.Attended()
+                                ? "; --overwrite yes replaces it"
+                                : ""));
+            return kRefused;
+        }
+        ++m_total[outcome == Outcome::New ? "stored" : "replaced"];
+        if (outcome == Outcome::Replaced && !part.faults.empty())
+            m_messages.Say(Quoted(name) + " was replaced although the file is faulty");
+        if (m_line.print != Print::Summary) return kImported;
+        if (m_line.files.size() > 1) m_streams.out << veka::Printable(part.file.View()) << ": ";
+        m_streams.out << veka::Printable("Stored as " + name + " in " + library) << '\n';
+        if (outcome == Outcome::Replaced && m_line.files.size() <= 1)
+            m_streams.out << "The part that was there is kept; --undo restores it.\n";
+        return kImported;
+    }
+    void WriteTotal() {
+        std::string total;
+        for (const auto& [what, count] : m_total)
+            total += (total.empty() ? "" : ", ") + std::to_string(count) + ' ' + what;
+        if (!total.empty()) m_streams.out << m_line.files.size() << " files: " << total << '\n';
+    }
+
+    CString Question(const ImportedPart& part) const {
+        return "\"" + CString(part.Name()) + "\" is in the library \"" + m_library + "\" already. Replace it?";
+    }
+    /// Asks at a terminal whether a part may be replaced.
+    bool MayReplace(const ImportedPart& part) {
+        if (m_line.overwrite != Overwrite::Ask || !m_streams.terminal || part.file == kStandardInput) return false;
+        return veka::ConsoleUserInterface(m_streams.in, m_streams.err).AskYesNo(Question(part));
+    }
+
+    int WriteSolidFiles(const ImportedPart& part) {
+        OutputFile step(m_line.step), gltf(m_line.gltf);
+        std::stringstream reasons;
+        WriteSolids(part.Model(), step.TemporaryPath(), gltf.TemporaryPath(), reasons);
+        for (std::string reason; std::getline(reasons, reason);) m_messages.Say(reason);
+        step.Commit();
+        gltf.Commit();
+        return kImported;
+    }
+
+    /// Says after a second whom the program waits for, and gives up after the time that the user set.
+    Waiting WaitingFor(const std::string& library) {
+        return [this, library, told = false](std::chrono::milliseconds waited, const std::string& holder) mutable {
+            if (waited >= m_line.wait) return false;
+            if (!told && waited >= std::chrono::seconds(1)) {
+                m_messages.Say("waiting for the library " + Quoted(library) + ", which " +
+                               (holder.empty() ? "another program" : holder) + " writes");
+                told = true;
+            }
+            return true;
+        };
+    }
+
+    const CommandLine& m_line;
+    const Streams& m_streams;
+    Messages m_messages;
+    CString m_library;
+    std::map<std::string, int> m_total;
+};
+
+int ImportInWindows(const CommandLine& line, const Streams& streams, Desktop& desktop) {
     const std::unique_ptr<veka::UserInterface> windows = desktop.MakeUserInterface();
     const Installed installed(*windows);
-    return line.Shown() ? ImportOne(line, out, err) : desktop.RunApplication(line);
+    return line.Shown() ? Program(line, streams).ImportByDialog() : desktop.RunApplication(line);
 }
 
-int Import(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err,
-           Desktop* desktop) {
-    if (!line.Attended()) return ImportUnattended(line, in, out, err);
-    const bool wanted = line.windows == Windows::Qt || line.windows == Windows::Win32;
-    if (wanted && !(desktop && desktop->Kind() == line.windows))
-        throw NoWindows(line.windows == Windows::Qt ? "this program was built without Qt"
-                                                    : "this program was not built for Windows");
+int Run(const CommandLine& line, const Streams& streams, Desktop* desktop) {
+    if (line.help) {
+        streams.out << kUsage;
+        return kImported;
+    }
+    if (line.version) {
+        streams.out << "veka-host " << veka::Version() << '\n';
+        return kImported;
+    }
+    if (line.undo) return Program(line, streams).Undo();
+    if (!line.Attended()) return Program(line, streams).ImportFiles();
+    const bool wanted = line.open || line.windows == Windows::Qt || line.windows == Windows::Win32;
+    const Windows kind = line.open ? Windows::Qt : line.windows;
+    if (wanted && !(desktop && desktop->Kind() == kind))
+        throw NoWindows(kind == Windows::Qt ? "this program was built without Qt"
+                                            : "this program was not built for Windows");
     if (line.windows != Windows::Console && desktop && desktop->HasDisplay())
-        return ImportInWindows(line, out, err, *desktop);
+        return ImportInWindows(line, streams, *desktop);
     if (wanted) throw NoWindows("there is no display to show windows on");
-    veka::ConsoleUserInterface console(in, out);
+    veka::ConsoleUserInterface console(streams.in, streams.err);
     const Installed installed(console);
-    return ImportOne(line, out, err);
+    return Program(line, streams).ImportByDialog();
 }
 
 }  // namespace
 
-int RunHost(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err,
-            Desktop* desktop) {
+int RunHost(const std::vector<std::string>& arguments, const Streams& streams, Desktop* desktop) {
     CommandLine line;
+    Messages messages(streams.err);
+    int code = kImported;
     try {
         line = ParseCommandLine(arguments);
-        if (line.help) {
-            out << kUsage;
-            return kImported;
-        }
-        return Import(line, in, out, err, desktop);
+        code = Run(line, streams, desktop);
     } catch (...) {
-        const Failure failure = CurrentFailure(line.file);
-        err << "veka-host: " << failure.sentence << '\n';
-        return failure.code;
+        const Failure failure = CurrentFailure(line.files.size() == 1 ? line.files[0] : "");
+        messages.Say(failure.sentence);
+        code = failure.code;
     }
+    if (!streams.out.flush()) {
+        messages.Say("standard output cannot be written");
+        code = kFailed;
+    }
+    return streams.err.flush() ? code : kFailed;
 }
 
 }  // namespace host

@@ -1,39 +1,133 @@
 #include "host/ImportedPart.h"
 
-#include "dialog/CVEK_AsciiFile_Import_Dlg.h"
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <istream>
+#include <random>
+
 #include "files/Paths.h"
-#include "host/PartLibrary.h"
+#include "host/CommandLine.h"
+#include "leveltree/CECadCls.h"
+#include "parser/CVEK_AsciiParser.h"
+#include "platform/Exceptions.h"
 #include "window/SBUtility.h"
 
 namespace host {
 
-std::optional<ImportedPart> RunImportDialog(const CString& file, const CString& library, CWnd* parent) {
-    CVEK_AsciiFile_Import_Dlg dialog(parent);
-    dialog.SetVEKAsciiFilePath(file);
-    dialog.SetDefaultPartLibDir(library);
-    if (dialog.DoModal() != IDOK) return std::nullopt;
-    ImportedPart part{std::unique_ptr<CVEK_AsciiParser>(dialog.GetParser()), dialog.GetVEKAsciiFilePath(),
-                      dialog.GetDefaultPartLibDir()};
-    dialog.SetParser(nullptr);
-    // A field that the user emptied is empty by now; the parser knows the file that was read.
-    part.file = part.parser->GetVEKAsciiFilePath();
+namespace {
+
+constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
+
+std::string Quoted(const CString& text) {
+    return '"' + std::string(text.View()) + '"';
+}
+
+/// A file that holds some bytes while this lives.
+class TemporaryCopy {
+public:
+    explicit TemporaryCopy(const std::string& bytes) {
+        std::random_device random;
+        m_path = std::filesystem::temp_directory_path() / ("veka-import-" + std::to_string(random()));
+        std::ofstream(m_path, std::ios::binary) << bytes;
+    }
+    ~TemporaryCopy() {
+        std::error_code error;
+        std::filesystem::remove(m_path, error);
+    }
+    CString Path() const { return veka::FromPath(m_path); }
+
+private:
+    std::filesystem::path m_path;
+};
+
+/// Names of the top-level sections that the import reads.
+constexpr std::array<std::string_view, 8> kSections{"FONTS",     "VEK",        "COLORTABLE", "PADS",
+                                                    "PADSTACKS", "FOOTPRINTS", "NSHAPE",     "PARTITIONS"};
+
+std::string InLine(int line) {
+    return "line " + std::to_string(line);
+}
+
+ImportedPart Import(const CString& file, FileContent content) {
+    ImportedPart part{file, std::move(content), nullptr, {}, false, false};
+    int parts = 0;
+    std::vector<std::string> unknown;
+    const TemporaryCopy copy(part.content.bytes);
+    CECadCls tree;
+    tree.m_strFilePath = copy.Path();
+    const int read = tree.ReadTopLevels(0, [&](const CECadClsLvl* level) {
+        const std::string_view name = level->m_strName.View();
+        if (name == "VEK") ++parts;
+        if (std::find(kSections.begin(), kSections.end(), name) != kSections.end()) part.hasSections = true;
+        else if (unknown.size() < 3) unknown.push_back("nothing reads the section " + Quoted(level->m_strName));
+    });
+    if (read != 0) part.faults.push_back("its levels are unbalanced in " + InLine(tree.m_nLineCount));
+    part.hasPart = parts > 0;
+    part.faults.insert(part.faults.end(), unknown.begin(), unknown.end());
+    if (parts > 1) part.faults.push_back("of " + std::to_string(parts) + " parts in the file the last one was kept");
+
+    CVEK_AsciiParser parser;
+    parser.SetVEKAsciiFilePath(copy.Path());
+    parser.Parser();
+    part.model.reset(parser.GetCVEKA_Manager());
+    parser.SetCVEKA_Manager(nullptr);
     return part;
 }
 
-void RequirePartNumber(const ImportedPart& part) {
-    if (part.Mpn().IsEmpty())
-        throw NoPartNumber("\"" + std::string(part.file.View()) +
-                           "\" holds no part with a part number, nothing was stored");
+}  // namespace
+
+std::string ImportedPart::Name() const {
+    return std::string(SBUtility::GetInstance().EncodeEntityCode(Mpn()).View());
 }
 
-CString Store(const ImportedPart& part) {
+ImportedPart ReadPart(const CString& file) {
+    return Import(file, ReadRegularFile(veka::ToPath(file), kLargestFile));
+}
+
+ImportedPart ReadPart(std::istream& in) {
+    FileContent content;
+    constexpr size_t kBlock = 1 << 18;
+    while (in) {
+        const size_t size = content.bytes.size();
+        content.bytes.resize(size + kBlock);
+        in.read(content.bytes.data() + size, kBlock);
+        content.bytes.resize(size + static_cast<size_t>(in.gcount()));
+        if (content.bytes.size() > kLargestFile)
+            throw SourceError("standard input is larger than " + std::to_string(kLargestFile >> 20) + " MB");
+    }
+    if (in.bad()) throw SourceError("cannot read standard input");
+    return Import(kStandardInput, std::move(content));
+}
+
+void RequireSections(const ImportedPart& part) {
+    if (!part.hasSections) throw NoPart(Quoted(part.file) + " holds no part");
+}
+
+void RequirePartNumber(const ImportedPart& part) {
+    if (!part.hasPart) throw NoPart(Quoted(part.file) + " holds no part");
+    if (part.Mpn().IsEmpty()) throw NoPart(Quoted(part.file) + " holds no part with a part number");
+}
+
+Outcome Store(const ImportedPart& part, const CString& library, Existing existing, const Waiting& waiting) {
     RequirePartNumber(part);
-    CString name = SBUtility::GetInstance().EncodeEntityCode(part.Mpn());
-    const std::filesystem::path file = veka::ToPath(part.file);
-    PartLibrary(veka::ToPath(part.library))
-        .Store(std::string(name.View()), std::string(veka::FromPath(file.filename()).View()),
-               ReadRegularFile(file, 1 << 28), Existing::Replace);
-    return name;
+    const std::string name = part.Name();
+    const std::string fileName = part.file == kStandardInput
+                                     ? name + ".veka"
+                                     : std::string(veka::FromPath(veka::ToPath(part.file).filename()).View());
+    return PartLibrary(veka::ToPath(library), waiting).Store(name, fileName, part.content, existing);
+}
+
+bool HasPart(const CString& library, const std::string& name) {
+    const SBUtility& utility = SBUtility::GetInstance();
+    return utility.DoesFileOrDirExist(utility.SBPathCombine(library, CString(name), __FILE__, __LINE__), __FILE__,
+                                      __LINE__);
+}
+
+std::string FaultSentence(const ImportedPart& part) {
+    std::string sentence;
+    for (const std::string& fault : part.faults) sentence += (sentence.empty() ? "" : "; ") + fault;
+    return sentence;
 }
 
 }  // namespace host

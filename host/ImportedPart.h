@@ -1,40 +1,52 @@
 #pragma once
 
+#include <iosfwd>
 #include <memory>
-#include <optional>
-#include <stdexcept>
+#include <string>
+#include <vector>
 
+#include "host/PartLibrary.h"
 #include "model/CVEKA_Manager.h"
-#include "parser/CVEK_AsciiParser.h"
-
-class CWnd;
 
 namespace host {
 
-/// A part that the import dialog has read.
+/// A part data file, read once: its bytes and what the import made of them.
 struct ImportedPart {
-    std::unique_ptr<CVEK_AsciiParser> parser;
-    CString file;
-    CString library;  ///< directory that the user wants it stored in
+    CString file;         ///< as the user named it
+    FileContent content;  ///< what is stored
+    std::unique_ptr<CVEKA_Manager> model;
+    std::vector<std::string> faults;  ///< a sentence for each thing that is wrong with the file as a whole
+    bool hasSections = false;         ///< the file has a section that the import reads
+    bool hasPart = false;             ///< the file has the section of a part
 
-    const CVEKA_Manager& Model() const { return *parser->GetCVEKA_Manager(); }
+    const CVEKA_Manager& Model() const { return *model; }
     CString Mpn() const { return Model().GetVEK()->GetPartGeneral()->GetMPN(); }
+    /// The name of the part in a library; empty for a part without a part number.
+    std::string Name() const;
 };
 
-/// A file whose part has no number: its place in a library would be the library itself.
-struct NoPartNumber : std::runtime_error {
+/// A file that has no part, or a part without a part number.
+struct NoPart : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
-/// Runs the import dialog with what its fields are opened with; nothing where it ends with Cancel.
-std::optional<ImportedPart> RunImportDialog(const CString& file, const CString& library,
-                                            CWnd* parent = nullptr);
+/// Reads and imports a part data file. Raises `SourceError`, and what the import raises.
+ImportedPart ReadPart(const CString& file);
+/// Reads and imports a part data file from standard input.
+ImportedPart ReadPart(std::istream& in);
 
-/// Raises `NoPartNumber` where a part cannot have a place in a library.
+/// Raises `NoPart` where a file has nothing that the import reads.
+void RequireSections(const ImportedPart& part);
+/// Raises `NoPart` where a part cannot have a place in a library.
 void RequirePartNumber(const ImportedPart& part);
 
-/// Stores a copy of the part's file in its library and returns the name that the part has there. Raises
-/// `NoPartNumber` and `StoreError`.
-CString Store(const ImportedPart& part);
+/// Stores the bytes of a part's file in a library. Raises `NoPart` and `StoreError`.
+Outcome Store(const ImportedPart& part, const CString& library, Existing existing, const Waiting& waiting = nullptr);
+
+/// True if the library has a part of this name.
+bool HasPart(const CString& library, const std::string& name);
+
+/// The faults of a part's file as one sentence.
+std::string FaultSentence(const ImportedPart& part);
 
 }  // namespace host

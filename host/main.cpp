@@ -1,5 +1,13 @@
 #include <iostream>
 
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#else
+#include <signal.h>
+#include <unistd.h>
+#endif
+
 #include "host/Host.h"
 
 #if defined(VEKA_WITH_QT)
@@ -21,10 +29,14 @@ int main([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
     desktop = &windows;
 #endif
 #ifdef _WIN32
-    const host::Utf8Terminal terminal;
+    const host::Utf8Terminal utf8;
     const std::vector<std::string> arguments = host::ProgramArguments();
+    const bool terminal = _isatty(0) != 0;
+    if (!terminal) _setmode(0, _O_BINARY);  // a part data file may come from there
 #else
     const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const bool terminal = isatty(0) != 0;
+    signal(SIGPIPE, SIG_IGN);  // output that nobody reads is reported, and stops no store
 #endif
-    return host::RunHost(arguments, std::cin, std::cout, std::cerr, desktop);
+    return host::RunHost(arguments, {std::cin, std::cout, std::cerr, terminal}, desktop);
 }

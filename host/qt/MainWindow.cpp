@@ -1,22 +1,30 @@
 #include "host/qt/MainWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QBoxLayout>
+#include <QDockWidget>
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
+#include <QProgressDialog>
 #include <QSettings>
-#include <QStatusBar>
+#include <QTabWidget>
 #include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QUrl>
+#include <QWindow>
 
+#include "files/Paths.h"
 #include "host/Failure.h"
-#include "host/Installed.h"
-#include "host/PressedWindow.h"
+#include "host/qt/FindBar.h"
+#include "host/qt/Pickers.h"
+#include "host/qt/PinView.h"
+#include "host/qt/RecordTree.h"
 #include "qt/QtUserInterface.h"
 #include "qt/Text.h"
 #include "window/AfxMessageBox.h"
@@ -28,29 +36,13 @@ namespace {
 
 constexpr const char* kLastFile = "lastFile";
 constexpr const char* kLastLibrary = "lastLibrary";
-constexpr int kNodeRole = Qt::UserRole;
+constexpr const char* kRecentFiles = "recentFiles";
+constexpr const char* kRecentLibraries = "recentLibraries";
+constexpr qsizetype kMostRecent = 10;
 
-/// The user interface that is installed, but for the dialog: that is not shown, OK is pressed in it.
-class PressOk : public veka::UserInterface {
-public:
-    void ShowMessage(const CString& text) override { m_other.ShowMessage(text); }
-    bool AskYesNo(const CString& text) override { return m_other.AskYesNo(text); }
-    CString PickFile(const CString& description, const CString& extension, const CString& current,
-                     void* parent) override {
-        return m_other.PickFile(description, extension, current, parent);
-    }
-    CString PickDirectory(const CString& title, const CString& current, void* owner) override {
-        return m_other.PickDirectory(title, current, owner);
-    }
-    std::unique_ptr<veka::DialogWindow> MakeDialogWindow(const veka::DialogTemplate&,
-                                                         veka::DialogEvents& events, void*) override {
-        return MakePressedWindow(events);
-    }
-
-private:
-    veka::UserInterface& m_other = *veka::InstalledUserInterface();
-    Installed m_installed{*this};
-};
+bool Exists(const CString& path) {
+    return SBUtility::GetInstance().DoesFileOrDirExist(path, __FILE__, __LINE__);
+}
 
 /// A file that was dropped, byte for byte, if it is a part data file.
 std::optional<CString> PartDataFile(const QUrl& url) {
@@ -67,78 +59,222 @@ std::vector<CString> PartDataFiles(const QMimeData* data) {
     return files;
 }
 
-QTreeWidgetItem* MakeItem(const veka::TreeNode& node) {
-    auto* item =
-        new QTreeWidgetItem({veka::ToQString(CString(node.name)), veka::ToQString(CString(node.value))});
-    item->setData(0, kNodeRole, QVariant::fromValue<const void*>(&node));
-    if (!node.children.empty()) item->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
-    return item;
+/// Takes a drag of part data files as a copy: a source that moved them would remove them.
+bool AcceptAsCopy(QDropEvent* event) {
+    if (!event->possibleActions().testFlag(Qt::CopyAction) || PartDataFiles(event->mimeData()).empty()) return false;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    return true;
 }
 
-/// Makes the items below one, the first time that it is opened.
-void Populate(QTreeWidgetItem* item) {
-    if (item->childCount() > 0) return;
-    const auto* node = static_cast<const veka::TreeNode*>(item->data(0, kNodeRole).value<const void*>());
-    for (const veka::TreeNode& child : node->children) item->addChild(MakeItem(child));
+QByteArray Bytes(const CString& text) {
+    return {text.GetString(), text.GetLength()};
+}
+
+QLabel* MakeLabel(const char* name) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    label->setWordWrap(true);
+    return label;
+}
+
+CString Counted(size_t count, const char* what) {
+    return CString(std::to_string(count) + ' ' + what);
 }
 
 }  // namespace
 
+/// Imports several files, one after another, and asks each kind of question once for all where the user wants that.
+class MainWindow::Queue {
+public:
+    Queue(MainWindow& window, const std::vector<CString>& files, CString library)
+        : m_window(window),
+          m_files(files),
+          m_library(std::move(library)),
+          m_progress("Importing", "Cancel", 0, static_cast<int>(files.size()), &window) {
+        m_progress.setWindowModality(Qt::WindowModal);
+        m_progress.setMinimumDuration(500);
+    }
+
+    void Run() {
+        for (const CString& file : m_files) {
+            m_progress.setLabelText(veka::ToQString(file));
+            m_progress.setValue(static_cast<int>(m_done));
+            if (m_cancelled || m_progress.wasCanceled()) break;
+            const CString state = ImportOne(file);
+            if (m_cancelled) break;
+            m_window.List(file, state);
+            ++m_done;
+        }
+        m_progress.reset();
+        m_window.ShowState(Total());
+    }
+
+private:
+    enum class Answer { None, Yes, No };
+
+    /// Imports a file; returns what became of it.
+    CString ImportOne(const CString& file) {
+        try {
+            ImportedPart part = ReadPart(file);
+            RequirePartNumber(part);
+            Outcome outcome = Store(part, m_library, Existing::Keep, m_window.WaitingBox(m_library));
+            m_window.Show(std::move(part));
+            m_window.AddRecent(kRecentFiles, file);
+            if (outcome == Outcome::Kept && MayReplace(*m_window.m_part))
+                outcome = Store(*m_window.m_part, m_library, Existing::Replace, m_window.WaitingBox(m_library));
+            if (outcome == Outcome::Kept) return ++m_kept, "left alone: the library has the part already";
+            return outcome == Outcome::New ? (++m_stored, "stored") : (++m_replaced, "stored, and the part that was there is kept");
+        } catch (...) {
+            ++m_failed;
+            return CString(CurrentFailure(std::string(file.View())).sentence);
+        }
+    }
+    bool MayReplace(const ImportedPart& part) {
+        // An answer for all sound files is none for a faulty one.
+        Answer& forAll = m_forAll[part.faults.empty() ? 0 : 1];
+        if (forAll != Answer::None) return forAll == Answer::Yes;
+        QString text = veka::ToQString("\"" + CString(part.Name()) + "\" is in the library \"" + m_library + "\" already. Replace it?");
+        if (!part.faults.empty()) text += "\n\n" + veka::ToQString("The file is faulty: " + CString(FaultSentence(part)));
+        QMessageBox box(QMessageBox::Question, QApplication::applicationDisplayName(), text, QMessageBox::NoButton, &m_window);
+        box.setTextFormat(Qt::PlainText);
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::YesToAll | QMessageBox::No | QMessageBox::NoToAll |
+                               QMessageBox::Cancel);
+        box.setDefaultButton(QMessageBox::No);
+        const int answer = box.exec();
+        if (answer == QMessageBox::YesToAll) forAll = Answer::Yes;
+        if (answer == QMessageBox::NoToAll) forAll = Answer::No;
+        m_cancelled = answer == QMessageBox::Cancel;
+        return answer == QMessageBox::Yes || answer == QMessageBox::YesToAll;
+    }
+    CString Total() const {
+        CString total = Counted(m_files.size(), "files: ") + Counted(m_stored, "stored");
+        if (m_replaced) total += CString(", ") + Counted(m_replaced, "replaced");
+        if (m_kept) total += CString(", ") + Counted(m_kept, "left alone");
+        if (m_failed) total += CString(", ") + Counted(m_failed, "failed");
+        if (m_done < m_files.size()) total += CString(", ") + Counted(m_files.size() - m_done, "not imported");
+        return total;
+    }
+
+    MainWindow& m_window;
+    const std::vector<CString>& m_files;
+    CString m_library;
+    QProgressDialog m_progress;
+    Answer m_forAll[2] = {Answer::None, Answer::None};
+    size_t m_done = 0, m_stored = 0, m_replaced = 0, m_kept = 0, m_failed = 0;
+    bool m_cancelled = false;
+};
+
 MainWindow::MainWindow(QSettings& settings) : m_settings(settings) {
     setWindowTitle("veka-host");
     setAcceptDrops(true);
-    resize(760, 560);
-
-    m_number = new QLabel("No part");
-    m_number->setObjectName("number");
-    QFont large = m_number->font();
-    large.setPointSizeF(large.pointSizeF() * 1.6);
-    large.setBold(true);
-    m_number->setFont(large);
-    m_identity = new QLabel("Import a part data file, or drop one here.");
-    m_identity->setObjectName("identity");
-    m_file = new QLabel;
-    m_file->setObjectName("file");
-    for (QLabel* label : {m_number, m_identity, m_file}) {
-        label->setTextFormat(Qt::PlainText);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    }
-
-    m_tree = new QTreeWidget;
-    m_tree->setObjectName("records");
-    m_tree->setHeaderLabels({"Field", "Value"});
-    m_tree->setAlternatingRowColors(true);
-    m_tree->header()->resizeSection(0, 300);
-    connect(m_tree, &QTreeWidget::itemExpanded, this, Populate);
-
-    auto* content = new QWidget;
-    auto* layout = new QVBoxLayout(content);
-    layout->addWidget(m_number);
-    layout->addWidget(m_identity);
-    layout->addWidget(m_file);
-    layout->addWidget(m_tree);
-    setCentralWidget(content);
+    resize(820, 620);
+    MakeContent();
     MakeActions();
-    statusBar();
 }
 
 MainWindow::~MainWindow() = default;
 
+void MainWindow::MakeContent() {
+    m_number = MakeLabel("number");
+    m_number->setText("No part");
+    QFont large = m_number->font();
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    large.setBold(true);
+    m_number->setFont(large);
+    m_identity = MakeLabel("identity");
+    m_identity->setText("Open or import a part data file, or drop one here to import it.");
+    m_pinCount = MakeLabel("pinCount");
+    m_file = MakeLabel("file");
+    m_faults = MakeLabel("faults");
+    m_faults->hide();
+    m_state = MakeLabel("state");
+    QFont bold = m_state->font();
+    bold.setBold(true);
+    m_state->setFont(bold);
+    m_faults->setFont(bold);
+
+    m_records = new RecordTree;
+    m_pins = new PinView;
+    m_tabs = new QTabWidget;
+    m_tabs->setObjectName("tabs");
+    m_tabs->addTab(m_records, "&Records");
+    m_tabs->addTab(m_pins, "&Pins");
+    m_find = new FindBar([this](const QString& text, bool backward) {
+        return m_tabs->currentWidget() == m_pins ? m_pins->FindNext(text, backward)
+                                                 : m_records->FindNext(text, backward);
+    });
+
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
+    for (QLabel* label : {m_number, m_identity, m_pinCount, m_file, m_faults, m_state}) layout->addWidget(label);
+    layout->addWidget(m_tabs, 1);
+    layout->addWidget(m_find);
+    setCentralWidget(content);
+
+    auto* dock = new QDockWidget("Files");
+    dock->setObjectName("filesDock");
+    m_files = new QTreeWidget;
+    m_files->setObjectName("files");
+    m_files->setRootIsDecorated(false);
+    m_files->setHeaderLabels({"File", "State"});
+    m_files->header()->resizeSection(0, 420);
+    dock->setWidget(m_files);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    dock->hide();
+    m_filesDock = dock;
+    connect(m_files, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
+        const auto found = m_listed.find(item->text(0));
+        if (found != m_listed.end()) Open({found->second});
+    });
+}
+
 void MainWindow::MakeActions() {
+    const auto add = [this](QMenu* menu, const char* text, const QKeySequence& keys, const char* name, auto deed) {
+        QAction* action = menu->addAction(text, this, deed);
+        action->setShortcut(keys);
+        action->setObjectName(name);
+        return action;
+    };
     QMenu* file = menuBar()->addMenu("&File");
-    QAction* import = file->addAction("&Import...", QKeySequence::Open, this, [this] { Import(); });
-    import->setObjectName("import");
+    QAction* open = add(file, "&Open...", QKeySequence::Open, "open", [this] {
+        const std::vector<CString> files = PickPartFiles(Remembered(kLastFile), this);
+        if (!files.empty()) Open(files);
+    });
+    QMenu* recentFiles = file->addMenu("Open &Recent");
+    recentFiles->setObjectName("recentFiles");
+    connect(recentFiles, &QMenu::aboutToShow, this, [this, recentFiles] {
+        FillRecent(recentFiles, kRecentFiles, [this](const CString& path) { Open({path}); });
+    });
     file->addSeparator();
-    file->addAction("&Quit", QKeySequence::Quit, this, [this] { close(); });
+    QAction* import = add(file, "&Import...", QKeySequence("Ctrl+I"), "import", [this] { Import(); });
+    m_store = add(file, "&Store in Library", QKeySequence::Save, "store", [this] { StorePart(); });
+    m_store->setEnabled(false);
+    QMenu* libraries = file->addMenu("Store in Recent &Library");
+    libraries->setObjectName("recentLibraries");
+    connect(libraries, &QMenu::aboutToShow, this, [this, libraries] {
+        FillRecent(libraries, kRecentLibraries, [this](const CString& path) {
+            if (m_part) StoreIn(path, Existing::Keep);
+        });
+    });
+    add(file, "Restore Re&placed Part", QKeySequence(), "undo", [this] { Undo(); });
+    file->addSeparator();
+    add(file, "&Quit", QKeySequence::Quit, "quit", [this] { close(); });
+
     QMenu* view = menuBar()->addMenu("&View");
-    m_showAll = view->addAction("&Empty Fields", this, [this] { ShowPart(); });
-    m_showAll->setObjectName("showAll");
+    add(view, "&Find...", QKeySequence::Find, "find", [this] { m_find->Open(); });
+    add(view, "Find &Next", QKeySequence::FindNext, "findNext", [this] { m_find->FindNext(false); });
+    add(view, "Find &Previous", QKeySequence::FindPrevious, "findPrevious", [this] { m_find->FindNext(true); });
+    view->addSeparator();
+    m_showAll = add(view, "&Empty Fields", QKeySequence(), "showAll", [this] { ShowPart(true); });
     m_showAll->setCheckable(true);
+
     QToolBar* bar = addToolBar("Import");
     bar->setMovable(false);
-    bar->addAction(import);
-    bar->addAction(m_showAll);
+    bar->addActions({open, import, m_store, m_showAll});
 }
 
 void MainWindow::Suggest(const CString& file, const CString& library) {
@@ -146,51 +282,189 @@ void MainWindow::Suggest(const CString& file, const CString& library) {
     if (!library.IsEmpty()) Remember(kLastLibrary, library);
 }
 
+void MainWindow::WhenShown(std::function<void()> call) {
+    m_whenShown = std::move(call);
+    if (windowHandle()) windowHandle()->installEventFilter(this);
+}
+
+bool MainWindow::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::Expose && m_whenShown && windowHandle()->isExposed())
+        QTimer::singleShot(0, this, std::exchange(m_whenShown, nullptr));
+    return QMainWindow::eventFilter(object, event);
+}
+
 void MainWindow::Import() {
-    Run(Remembered(kLastFile), Remembered(kLastLibrary));
+    RunDialog(Remembered(kLastFile), Remembered(kLastLibrary));
 }
 
-void MainWindow::ImportFile(const CString& file) {
-    const CString library = Remembered(kLastLibrary);
-    if (!SBUtility::GetInstance().DoesFileOrDirExist(library, __FILE__, __LINE__)) return Run(file, library);
-    const PressOk pressed;
-    Run(file, library);
+void MainWindow::Open(const std::vector<CString>& files) {
+    for (const CString& file : files)
+        Guarded(file, [&] {
+            ImportedPart part = ReadPart(file);
+            RequireSections(part);
+            Remember(kLastFile, file);
+            AddRecent(kRecentFiles, file);
+            Show(std::move(part));
+            ShowState("Not stored");
+            if (files.size() > 1) List(file, "opened");
+        });
 }
 
-void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!PartDataFiles(event->mimeData()).empty()) event->acceptProposedAction();
+void MainWindow::ImportFiles(const std::vector<CString>& files) {
+    if (files.empty()) return;
+    if (files.size() == 1 && !Exists(Remembered(kLastLibrary))) return RunDialog(files[0], Remembered(kLastLibrary));
+    if (files.size() == 1)
+        return Guarded(files[0], [&] {
+            ImportedPart part = ReadPart(files[0]);
+            RequirePartNumber(part);
+            AddRecent(kRecentFiles, files[0]);
+            Show(std::move(part));
+            StoreIn(Remembered(kLastLibrary), Existing::Keep);
+        });
+    const CString library = LibraryOrAsk();
+    if (!library.IsEmpty()) Queue(*this, files, library).Run();
 }
 
-void MainWindow::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
-    // Where the files come from waits until this is over, and the import may ask the user.
-    QTimer::singleShot(0, this, [this, files = PartDataFiles(event->mimeData())] {
-        for (const CString& file : files) ImportFile(file);
+void MainWindow::StorePart() {
+    if (!m_part) return;
+    const CString library = LibraryOrAsk();
+    if (!library.IsEmpty()) StoreIn(library, Existing::Keep);
+}
+
+CString MainWindow::LibraryOrAsk() {
+    CString library = Remembered(kLastLibrary);
+    if (Exists(library)) return library;
+    return SBUtility::GetInstance().GetDirectoryFromUser("Part Library Directory", library, this);
+}
+
+void MainWindow::Undo() {
+    const CString library = LibraryOrAsk();
+    if (library.IsEmpty()) return;
+    Guarded("", [&] {
+        CString name;
+        try {
+            name = CString(PartLibrary(veka::ToPath(library), WaitingBox(library)).Undo());
+        } catch (const StoreError& error) {
+            throw SourceError(std::string("no part was restored: ") + error.what());
+        }
+        const std::filesystem::path restored = veka::ToPath(SBUtility::GetInstance().SBPathCombine(library, name, "", 0));
+        for (const auto& entry : std::filesystem::directory_iterator(restored))
+            if (entry.is_regular_file()) Open({veka::FromPath(entry.path())});
+        ShowState("Restored " + name + " in " + library);
     });
 }
 
-void MainWindow::Run(const CString& file, const CString& library) {
-    statusBar()->clearMessage();
-    CString known = file;
-    try {
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    AcceptAsCopy(event);
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    if (!AcceptAsCopy(event)) return;
+    // The program that the files come from waits until the drop is over, and the import may ask the user.
+    QTimer::singleShot(0, this, [this, files = PartDataFiles(event->mimeData())] { ImportFiles(files); });
+}
+
+void MainWindow::RunDialog(const CString& file, const CString& library) {
+    Guarded(file, [&] {
         veka::QtWnd parent(this);
-        std::optional<ImportedPart> part = RunImportDialog(file, library, &parent);
-        if (!part) return;
-        m_part = std::move(part);
-        known = m_part->file;
-        Remember(kLastFile, m_part->file);
-        Remember(kLastLibrary, m_part->library);
-        ShowPart();
-        const CString name = Store(*m_part);
-        statusBar()->showMessage(veka::ToQString("Stored as " + name + " in " + m_part->library));
+        std::optional<DialogChoice> choice = RunImportDialog(file, library, &parent);
+        if (!choice) return;
+        Remember(kLastFile, choice->part.file);
+        AddRecent(kRecentFiles, choice->part.file);
+        Show(std::move(choice->part));
+        StoreIn(choice->library, choice->existing);
+    });
+}
+
+void MainWindow::Guarded(const CString& file, const std::function<void()>& deed) {
+    try {
+        deed();
     } catch (...) {
         // An exception must not reach the event loop.
-        AfxMessageBox(CString(CurrentFailure(std::string(known.View())).sentence));
+        const CString sentence(CurrentFailure(std::string(file.View())).sentence);
+        ShowState(sentence);
+        AfxMessageBox(sentence);
     }
 }
 
+void MainWindow::StoreIn(const CString& library, Existing existing) {
+    ShowState("Not stored");
+    Guarded(m_part->file, [&] {
+        Outcome outcome = Store(*m_part, library, existing, WaitingBox(library));
+        if (outcome == Outcome::Kept && MayReplace(*m_part))
+            outcome = Store(*m_part, library, Existing::Replace, WaitingBox(library));
+        if (outcome == Outcome::Kept) return ShowState("Not stored: the library has the part already");
+        Remember(kLastLibrary, library);
+        AddRecent(kRecentLibraries, library);
+        ShowState("Stored as " + CString(m_part->Name()) + " in " + library +
+                  (outcome == Outcome::Replaced ? "; the part that was there can be restored" : ""));
+    });
+}
+
+bool MainWindow::MayReplace(const ImportedPart& part) {
+    CString text = "\"" + CString(part.Name()) + "\" is in the library already. Replace it?";
+    if (!part.faults.empty()) text += "\n\nThe file is faulty: " + CString(FaultSentence(part));
+    return AfxMessageBox(text, MB_YESNO) == IDYES;
+}
+
+/// Shows a box with a button to give up, after a second.
+Waiting MainWindow::WaitingBox(const CString& library) {
+    const auto box = std::make_shared<std::unique_ptr<QProgressDialog>>();
+    return [this, library, box](std::chrono::milliseconds waited, const std::string& holder) {
+        if (waited < std::chrono::seconds(1)) return true;
+        if (!*box) {
+            *box = std::make_unique<QProgressDialog>(
+                veka::ToQString("Waiting for the library \"" + library + "\", which " +
+                                CString(holder.empty() ? "another program" : holder) + " writes"),
+                "Give Up", 0, 0, this);
+            (*box)->setWindowModality(Qt::WindowModal);
+            (*box)->show();
+        }
+        QCoreApplication::processEvents();
+        return !(*box)->wasCanceled();
+    };
+}
+
+void MainWindow::Show(ImportedPart part) {
+    m_part = std::move(part);
+    ShowPart(false);
+}
+
+void MainWindow::ShowPart(bool keep) {
+    if (!m_part) return;
+    const CVEKA_PartGeneral& general = *m_part->Model().GetVEK()->GetPartGeneral();
+    const QString number = veka::ToQString(general.GetMPN());
+    QStringList identity;
+    for (const CString& text : {general.GetManufacturer(), general.GetPartDescription()})
+        if (!text.IsEmpty()) identity += veka::ToQString(text);
+    m_number->setText(number.isEmpty() ? "No part number" : number);
+    m_identity->setText(identity.join(", "));
+    m_identity->setVisible(!identity.isEmpty());
+    m_pinCount->setText(QString::number(general.GetNumberOfPins()) + " pins");
+    m_file->setText(veka::ToQString(m_part->file));
+    m_faults->setText(veka::ToQString("Faulty: " + CString(FaultSentence(*m_part))));
+    m_faults->setVisible(!m_part->faults.empty());
+    m_store->setEnabled(true);
+    m_records->ShowPart(m_part->Model(), m_showAll->isChecked(), keep);
+    m_pins->ShowPart(m_part->Model());
+}
+
+void MainWindow::ShowState(const CString& state) {
+    m_state->setText(veka::ToQString(state));
+}
+
+void MainWindow::List(const CString& file, const CString& state) {
+    const QString name = veka::ToQString(file);
+    m_listed[name] = file;
+    const QList<QTreeWidgetItem*> found = m_files->findItems(name, Qt::MatchExactly);
+    QTreeWidgetItem* item = found.isEmpty() ? new QTreeWidgetItem(m_files, {name}) : found[0];
+    item->setText(1, veka::ToQString(state));
+    item->setToolTip(1, item->text(1));
+    m_filesDock->show();
+}
+
 void MainWindow::Remember(const char* key, const CString& path) {
-    m_settings.setValue(key, QByteArray(path.GetString(), path.GetLength()));
+    m_settings.setValue(key, Bytes(path));
     m_settings.sync();
 }
 
@@ -198,26 +472,28 @@ CString MainWindow::Remembered(const char* key) const {
     return CString(m_settings.value(key).toByteArray().toStdString());
 }
 
-void MainWindow::ShowPart() {
-    if (!m_part) return;
-    const CVEKA_PartGeneral& general = *m_part->Model().GetVEK()->GetPartGeneral();
-    const QString number = veka::ToQString(general.GetMPN());
-    QStringList identity;
-    for (const CString& text : {general.GetManufacturer(), general.GetPartDescription()})
-        if (!text.IsEmpty()) identity += veka::ToQString(text);
-    identity += QString::number(general.GetNumberOfPins()) + " pins";
-    m_number->setText(number.isEmpty() ? "No part number" : number);
-    m_identity->setText(identity.join(", "));
-    m_file->setText(veka::ToQString(m_part->file));
+void MainWindow::AddRecent(const char* key, const CString& path) {
+    QVariantList recent = m_settings.value(key).toList();
+    recent.removeAll(Bytes(path));
+    recent.prepend(Bytes(path));
+    while (recent.size() > kMostRecent) recent.removeLast();
+    m_settings.setValue(key, recent);
+}
 
-    m_tree->clear();  // its items refer to the root
-    m_root = veka::Tree(m_showAll->isChecked()).Make("", m_part->Model());
-    for (const veka::TreeNode& node : m_root.children) {
-        QTreeWidgetItem* item = MakeItem(node);
-        m_tree->addTopLevelItem(item);
-        item->setExpanded(true);
-        for (int i = 0; i < item->childCount(); ++i) item->child(i)->setExpanded(true);
+std::vector<CString> MainWindow::Recent(const char* key) const {
+    std::vector<CString> paths;
+    for (const QVariant& path : m_settings.value(key).toList()) paths.emplace_back(path.toByteArray().toStdString());
+    return paths;
+}
+
+void MainWindow::FillRecent(QMenu* menu, const char* key, const std::function<void(const CString&)>& choose) {
+    menu->clear();
+    for (const CString& path : Recent(key)) {
+        // An "&" would mark a letter.
+        QString text = veka::ToQString(path);
+        menu->addAction(text.replace('&', "&&"), this, [choose, path] { choose(path); });
     }
+    if (menu->isEmpty()) menu->addAction("None")->setEnabled(false);
 }
 
 }  // namespace host

@@ -1,24 +1,30 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
+#include <map>
 #include <optional>
 
-#include "host/ImportedPart.h"
-#include "inspect/Tree.h"
+#include "host/ImportDialog.h"
 
 class QAction;
 class QLabel;
+class QMenu;
 class QSettings;
+class QTabWidget;
 class QTreeWidget;
-class QTreeWidgetItem;
 
 namespace host {
 
-/// The application's window: imports parts one after another, by the dialog or as files dropped on it, and
-/// shows the last one, its identity on top and its records as a tree.
+class FindBar;
+class PinView;
+class RecordTree;
+
+/// The application's window. It opens parts to look at them, imports them by the dialog or as files dropped on it, and
+/// shows the last one: its identity at the top, and below it the records as a tree and the pins as a table.
 class MainWindow : public QMainWindow {
 public:
-    /// `settings` keep the last file and directory, and outlive the window.
+    /// `settings` keep the last files and libraries, and outlive the window.
     explicit MainWindow(QSettings& settings);
     ~MainWindow() override;
 
@@ -26,30 +32,68 @@ public:
     void Suggest(const CString& file, const CString& library);
     /// Opens the dialog; imports, shows and stores the part that the user chooses.
     void Import();
-    /// Imports a file into the last library without asking for more; without one the dialog opens.
-    void ImportFile(const CString& file);
+    /// Reads files, shows the last one and stores nothing.
+    void Open(const std::vector<CString>& files);
+    /// Imports files into the last library. Without one the dialog opens for a single file, and for several the user
+    /// chooses a directory.
+    void ImportFiles(const std::vector<CString>& files);
+    /// Stores the part that is shown in the last library, or in one that the user chooses.
+    void StorePart();
+    /// Restores the part of the last library that was replaced last.
+    void Undo();
 
     bool HasPart() const { return m_part.has_value(); }
+    /// Calls a function once the window is on the screen.
+    void WhenShown(std::function<void()> call);
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    class Queue;
+
+    void MakeContent();
     void MakeActions();
-    void Run(const CString& file, const CString& library);
+    void RunDialog(const CString& file, const CString& library);
+    CString LibraryOrAsk();
+    /// Does something; a failure is shown in a message and in the window. `file` is the one concerned.
+    void Guarded(const CString& file, const std::function<void()>& deed);
+    /// Stores a part and shows what became of it.
+    void StoreIn(const CString& library, Existing existing);
+    void Show(ImportedPart part);
+    void ShowPart(bool keep);
+    void ShowState(const CString& state);
+    /// Adds a file to the list of files, or changes what the list says about it.
+    void List(const CString& file, const CString& state);
+    bool MayReplace(const ImportedPart& part);
+    Waiting WaitingBox(const CString& library);
+
     void Remember(const char* key, const CString& path);
     CString Remembered(const char* key) const;
-    void ShowPart();
+    void AddRecent(const char* key, const CString& path);
+    std::vector<CString> Recent(const char* key) const;
+    void FillRecent(QMenu* menu, const char* key, const std::function<void(const CString&)>& choose);
 
     QSettings& m_settings;
     std::optional<ImportedPart> m_part;
-    veka::TreeNode m_root;  // what the tree shows
+    std::function<void()> m_whenShown;
     QLabel* m_number;
     QLabel* m_identity;
+    QLabel* m_pinCount;
     QLabel* m_file;
-    QTreeWidget* m_tree;
+    QLabel* m_state;
+    QLabel* m_faults;
+    QTabWidget* m_tabs;
+    RecordTree* m_records;
+    PinView* m_pins;
+    FindBar* m_find;
+    QWidget* m_filesDock;
+    QTreeWidget* m_files;
     QAction* m_showAll;
+    QAction* m_store;
+    std::map<QString, CString> m_listed;  // files by the text that the list shows
 };
 
 }  // namespace host

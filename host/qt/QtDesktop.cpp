@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QSettings>
-#include <QTimer>
 
 #include "host/ExitCode.h"
 #include "host/qt/MainWindow.h"
@@ -23,11 +22,17 @@ std::unique_ptr<veka::UserInterface> QtDesktop::MakeUserInterface() {
 int QtDesktop::RunApplication(const CommandLine& line) {
     QSettings settings(QSettings::IniFormat, QSettings::UserScope, "veka-host", "veka-host");
     MainWindow window(settings);
-    window.Suggest(CString(line.file), CString(line.library));
+    const std::vector<CString> files(line.files.begin(), line.files.end());
+    window.Suggest(files.empty() ? CString() : files[0], CString(line.library));
     window.show();
-    QTimer::singleShot(0, &window, [&window] { window.Import(); });
+    // A window that opens before this one is on the screen could not stand in its middle.
+    window.WhenShown([&] {
+        if (line.open) window.Open(files);
+        else if (files.size() > 1) window.ImportFiles(files);
+        else window.Import();
+    });
     QApplication::exec();
-    return window.HasPart() ? kImported : kRefused;
+    return window.HasPart() || line.open ? kImported : kRefused;
 }
 
 }  // namespace host

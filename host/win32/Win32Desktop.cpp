@@ -2,11 +2,19 @@
 
 #include "host/ExitCode.h"
 #include "host/Failure.h"
-#include "host/ImportedPart.h"
+#include "host/ImportDialog.h"
 #include "win32/Win32UserInterface.h"
 #include "window/AfxMessageBox.h"
 
 namespace host {
+
+namespace {
+
+Waiting GiveUpAfter(std::chrono::seconds time) {
+    return [time](std::chrono::milliseconds waited, const std::string&) { return waited < time; };
+}
+
+}  // namespace
 
 bool Win32Desktop::HasDisplay() {
     return veka::HasDesktop();
@@ -17,14 +25,20 @@ std::unique_ptr<veka::UserInterface> Win32Desktop::MakeUserInterface() {
 }
 
 int Win32Desktop::RunApplication(const CommandLine& line) {
+    const std::string file = line.files.empty() ? "" : line.files[0];
     try {
-        const std::optional<ImportedPart> part = RunImportDialog(CString(line.file), CString(line.library));
-        if (!part) return kRefused;
-        const CString name = Store(*part);
-        AfxMessageBox("Stored as " + name + " in " + part->library);
+        const std::optional<DialogChoice> choice = RunImportDialog(CString(file), CString(line.library));
+        if (!choice) return kRefused;
+        const CString name(choice->part.Name());
+        Outcome outcome = Store(choice->part, choice->library, choice->existing, GiveUpAfter(line.wait));
+        if (outcome == Outcome::Kept &&
+            AfxMessageBox("\"" + name + "\" is in the library already. Replace it?", MB_YESNO) == IDYES)
+            outcome = Store(choice->part, choice->library, Existing::Replace, GiveUpAfter(line.wait));
+        if (outcome == Outcome::Kept) return kRefused;
+        AfxMessageBox("Stored as " + name + " in " + choice->library);
         return kImported;
     } catch (...) {
-        const Failure failure = CurrentFailure(line.file);
+        const Failure failure = CurrentFailure(file);
         AfxMessageBox(CString(failure.sentence));
         return failure.code;
     }

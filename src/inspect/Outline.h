@@ -2,14 +2,12 @@
 
 #include <ostream>
 #include <string>
-#include <string_view>
 
 #include "inspect/Description.h"
+#include "platform/Printable.h"
 
 namespace veka {
 
-/// A text for a terminal. Control bytes and backslashes are written as \xNN.
-VEKA_API std::string Printable(std::string_view text);
 /// A list of texts as one text, with bars between them.
 VEKA_API std::string Printable(const CStringArray& texts);
 

@@ -5,6 +5,18 @@
 
 namespace veka {
 
+namespace {
+
+/// The name that a record gives itself: its first text that is called a name. Empty where there is none.
+std::string OwnName(const RecordView& record) {
+    for (const FieldDescription& field : record.description->fields)
+        if (field.kind == FieldKind::Text && std::string_view(field.name).ends_with("Name"))
+            return Printable(field.Text(record.record).View());
+    return "";
+}
+
+}  // namespace
+
 TreeNode Tree::Make(const char* name, const RecordView& record) const {
     TreeNode node{name, "", {}};
     for (const FieldDescription& field : record.description->fields) AddField(field, record.record, node);
@@ -26,7 +38,6 @@ void Tree::AddField(const FieldDescription& field, const void* record, TreeNode&
         }
         case FieldKind::Text: {
             const CString& text = field.Text(record);
-            if (node.value.empty()) node.value = Printable(text.View());
             AddValue(field.name, Printable(text.View()), !text.IsEmpty(), node);
             break;
         }
@@ -54,6 +65,8 @@ TreeNode Tree::MakeArray(const char* name, const RecordView& array) const {
         const char* kind = element.description->kind;
         const std::string number = '[' + std::to_string(node.children.size()) + ']';
         node.children.push_back(Make(kind ? kind : number.c_str(), element));
+        const std::string own = kind ? "" : OwnName(element);
+        if (!own.empty()) node.children.back().name += ' ' + own;
     }
     return node;
 }

@@ -9,8 +9,8 @@ namespace veka {
 
 /// A record, an array or a field in a tree that shows a model.
 struct TreeNode {
-    std::string name;
-    std::string value;  ///< of a record the first text in the record, of an array the number of elements
+    std::string name;   ///< of an element of an array its number, followed by its own name
+    std::string value;  ///< of an array the number of elements, of a record empty
     std::vector<TreeNode> children;
 };
 

@@ -1,5 +1,6 @@
 #include "host/CommandLine.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
@@ -7,10 +8,11 @@ namespace {
 using host::Overwrite;
 using host::ParseCommandLine;
 using host::UsageError;
+using testing::ElementsAre;
 
 TEST(CommandLine, NothingMeansTheDialog) {
     const host::CommandLine line = ParseCommandLine({});
-    EXPECT_EQ(line.file, "");
+    EXPECT_TRUE(line.files.empty());
     EXPECT_EQ(line.library, "");
     EXPECT_EQ(line.overwrite, Overwrite::Ask);
     EXPECT_FALSE(line.help);
@@ -19,7 +21,7 @@ TEST(CommandLine, NothingMeansTheDialog) {
 TEST(CommandLine, TakesItsOptionsInAnyOrder) {
     for (const auto& line : {ParseCommandLine({"f", "--library", "l", "--overwrite", "yes"}),
                              ParseCommandLine({"--overwrite", "yes", "--library", "l", "f"})}) {
-        EXPECT_EQ(line.file, "f");
+        EXPECT_THAT(line.files, ElementsAre("f"));
         EXPECT_EQ(line.library, "l");
         EXPECT_EQ(line.overwrite, Overwrite::Yes);
     }
@@ -29,14 +31,16 @@ TEST(CommandLine, TakesItsOptionsInAnyOrder) {
 }
 
 TEST(CommandLine, AFileMayBeginWithAHyphen) {
-    EXPECT_EQ(ParseCommandLine({"--library", "l", "--", "--f"}).file, "--f");
-    EXPECT_EQ(ParseCommandLine({"--library", "l", "-"}).file, "-");
+    EXPECT_THAT(ParseCommandLine({"--library", "l", "--", "--f"}).files, ElementsAre("--f"));
+    EXPECT_THAT(ParseCommandLine({"--library", "l", "-"}).files, ElementsAre("-"));
 }
 
-TEST(CommandLine, WhatOnlyShowsNeedsNoLibrary) {
+TEST(CommandLine, TellsWhatIsToBeShown) {
+    EXPECT_FALSE(ParseCommandLine({"f", "--library", "l"}).Shown());
+    EXPECT_FALSE(ParseCommandLine({"f", "--quiet"}).Shown());
     EXPECT_EQ(ParseCommandLine({"f", "--print"}).print, host::Print::Outline);
     EXPECT_EQ(ParseCommandLine({"--print", "json", "f"}).print, host::Print::Json);
-    EXPECT_EQ(ParseCommandLine({"--print", "f"}).file, "f");
+    EXPECT_THAT(ParseCommandLine({"--print", "f"}).files, ElementsAre("f"));
     EXPECT_EQ(ParseCommandLine({"f", "--step", "s"}).step, "s");
     EXPECT_EQ(ParseCommandLine({"f", "--gltf", "g"}).gltf, "g");
 }
@@ -46,7 +50,9 @@ TEST(CommandLine, AUserInterfaceThatIsNamedAsksWithAFileToo) {
     EXPECT_FALSE(ParseCommandLine({"f", "--library", "l"}).Attended());
     const host::CommandLine line = ParseCommandLine({"f", "--ui", "qt"});
     EXPECT_EQ(line.windows, host::Windows::Qt);
-    EXPECT_TRUE(line.Attended()) << "and so needs no library";
+    EXPECT_TRUE(line.Attended());
+    EXPECT_TRUE(ParseCommandLine({"--open", "f"}).Attended());
+    EXPECT_FALSE(ParseCommandLine({"--undo", "--library", "l"}).Attended());
     EXPECT_EQ(ParseCommandLine({"--ui", "console"}).windows, host::Windows::Console);
 }
 
@@ -64,12 +70,35 @@ TEST(CommandLine, AWrongWordIsAnsweredWithTheRightOnes) {
 }
 
 TEST(CommandLine, RaisesWhatItCannotUnderstand) {
-    EXPECT_THROW(ParseCommandLine({"f"}), UsageError);
     EXPECT_THROW(ParseCommandLine({""}), UsageError);
-    EXPECT_THROW(ParseCommandLine({"f", "g", "--library", "l"}), UsageError);
     EXPECT_THROW(ParseCommandLine({"--library"}), UsageError);
     EXPECT_THROW(ParseCommandLine({"--overwrite", "maybe"}), UsageError);
     EXPECT_THROW(ParseCommandLine({"--what"}), UsageError);
+}
+
+TEST(CommandLine, AnOptionAndItsValueCanBeOneArgument) {
+    const host::CommandLine line = ParseCommandLine({"--library=a=b", "--overwrite=no", "--print=json", "--wait=7", "f=g"});
+    EXPECT_EQ(line.library, "a=b");
+    EXPECT_EQ(line.overwrite, Overwrite::No);
+    EXPECT_EQ(line.print, host::Print::Json);
+    EXPECT_EQ(line.wait, std::chrono::seconds(7));
+    EXPECT_THAT(line.files, ElementsAre("f=g"));
+    EXPECT_EQ(ParseCommandLine({"--pins=csv"}).print, host::Print::PinsCsv);
+    for (const char* argument : {"--help=x", "--quiet=", "--print=xml", "--library=", "--wait=", "--wait=1x", "--wait=-1", "--what=x"})
+        EXPECT_THROW(ParseCommandLine({argument}), UsageError) << argument;
+}
+
+TEST(CommandLine, TakesSeveralFiles) {
+    EXPECT_THAT(ParseCommandLine({"f", "-q", "g", "h"}).files, ElementsAre("f", "g", "h"));
+}
+
+TEST(CommandLine, RaisesWhatDoesNotGoTogether) {
+    using Arguments = std::vector<std::string>;
+    for (const Arguments& arguments :
+         {Arguments{"f", "g", "--step", "s"}, Arguments{"f", "--step", "s", "--gltf", "s"}, Arguments{"-", "f"},
+          Arguments{"-", "--ui", "qt"}, Arguments{"f", "g", "--ui", "console"}, Arguments{"--undo", "A"},
+          Arguments{"f", "--print", "--pins"}, Arguments{"--open", "f", "--print"}})
+        EXPECT_THROW(ParseCommandLine(arguments), UsageError) << testing::PrintToString(arguments);
 }
 
 }  // namespace

@@ -66,7 +66,11 @@ TEST(Outline, WritesObjectsAsTheirOwnClass) {
 }
 
 TEST(Outline, ShowsControlBytesByTheirNumbers) {
-    EXPECT_EQ(veka::Printable("a\nb\\c\x7F\x1B\xC3\xA4"), "a\\x0Ab\\x5Cc\\x7F\\x1B\xC3\xA4");
+    CVEKA_BOM bom;
+    bom.SetUnit("a\nb\x1B");
+    std::ostringstream out;
+    veka::Outline(out).Write(bom);
+    EXPECT_EQ(out.str(), "  Unit                  a\\x0Ab\\x1B\n");
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ TEST(Tree, ARecordHasItsFieldsAsChildren) {
     general.SetNumberOfPins(8);
     general.GetBOM()->SetCost(0.5);
     EXPECT_EQ(Text(veka::Tree().Make("Part", general)),
-              "Part=MM{Unit=MM CPN=A | B NumberOfPins=8 BOM={Cost=0.5}}");
+              "Part={Unit=MM CPN=A | B NumberOfPins=8 BOM={Cost=0.5}}");
 }
 
 TEST(Tree, AnArrayHasItsSizeAndNumbersItsElements) {
@@ -36,6 +36,18 @@ TEST(Tree, AnArrayHasItsSizeAndNumbersItsElements) {
         general.GetCommentArr()->Add(std::move(comment));
     }
     EXPECT_EQ(Text(veka::Tree().Make("Part", general)), "Part={CommentArr=2{[0]={Index=1} [1]={Index=2}}}");
+}
+
+TEST(Tree, AnElementOfAnArrayShowsItsOwnName) {
+    CVEKA_Electrical electrical;
+    for (const char* name : {"1", ""}) {
+        auto pin = std::make_unique<CVEKA_ElectricalPin>();
+        pin->SetType("IN");
+        pin->SetName(name);
+        electrical.GetElectricalPins()->Add(std::move(pin));
+    }
+    EXPECT_EQ(Text(veka::Tree().Make("Electrical", electrical)),
+              "Electrical={ElectricalPins=2{[0] 1={Name=1 Type=IN} [1]={Type=IN}}}");
 }
 
 TEST(Tree, AnObjectHasItsKindAsItsName) {
@@ -54,7 +66,7 @@ TEST(Tree, WhatHoldsNothingIsShownOnDemand) {
 TEST(Tree, ControlBytesAreShownByTheirNumbers) {
     CVEKA_BOM bom;
     bom.SetUnit("a\n");
-    EXPECT_EQ(Text(veka::Tree().Make("BOM", bom)), "BOM=a\\x0A{Unit=a\\x0A}");
+    EXPECT_EQ(Text(veka::Tree().Make("BOM", bom)), "BOM={Unit=a\\x0A}");
 }
 
 }  // namespace

@@ -68,6 +68,7 @@ public:
     void ShowMessage(const CString& text) override { messages.emplace_back(text); }
     bool AskYesNo(const CString& text) override {
         questions.emplace_back(text);
+        if (beforeAnswer) beforeAnswer();
         if (answers.empty()) return false;
         const bool answer = answers.front();
         answers.pop_front();
@@ -90,6 +91,7 @@ public:
     }
 
     std::function<void(ScriptedWindow&)> script = [](ScriptedWindow&) {};
+    std::function<void()> beforeAnswer;
     std::deque<bool> answers;  ///< to questions, in order; then No
     CString picked;            ///< result of every picker
     std::vector<std::string> messages, questions, pickers;

@@ -6,13 +6,14 @@
 #include <ostream>
 #include <string>
 
+#include "platform/Printable.h"
 #include "window/AfxMessageBox.h"
 
 namespace veka {
 
 namespace {
 
-/// The next line of the input without its end; nothing at the end of the input.
+/// The next line of the input without its line end; no value at the end of the input.
 std::optional<std::string> ReadAnswer(std::istream& in) {
     std::string line;
     if (!std::getline(in, line)) return std::nullopt;
@@ -20,18 +21,18 @@ std::optional<std::string> ReadAnswer(std::istream& in) {
     return line;
 }
 
-/// Asks for a text; an empty answer keeps the current one, nothing means the end of the input.
+/// Asks for a text; an empty answer keeps the current text, and no value means the end of the input.
 std::optional<std::string> Ask(std::istream& in, std::ostream& out, std::string_view prompt,
                                std::string_view current) {
-    out << prompt;
-    if (!current.empty()) out << " [" << current << ']';
+    out << Printable(prompt);
+    if (!current.empty()) out << " [" << Printable(current) << ']';
     out << ": " << std::flush;
     std::optional<std::string> answer = ReadAnswer(in);
     if (!answer) out << '\n';
     return answer;
 }
 
-/// A dialog as a form: it asks for each edit field, then presses OK, again and again until it ends.
+/// A dialog as a form: it asks for each edit field and then presses OK, until the dialog ends.
 class ConsoleDialogWindow : public DialogWindow {
 public:
     ConsoleDialogWindow(const DialogTemplate& dialog, DialogEvents& events, std::istream& in,
@@ -43,7 +44,7 @@ public:
     int Run() override {
         m_open = true;
         m_events.WindowReady();
-        if (m_open) m_out << m_caption.View() << '\n';
+        if (m_open) m_out << Printable(m_caption.View()) << '\n';
         while (m_open) {
             const bool filled = FillIn();
             if (m_open) m_events.ButtonClicked(filled ? IDOK : IDCANCEL);
@@ -94,12 +95,12 @@ private:
 }  // namespace
 
 void ConsoleUserInterface::ShowMessage(const CString& text) {
-    m_out << text.View() << '\n';
+    m_out << Printable(text.View()) << '\n';
 }
 
 bool ConsoleUserInterface::AskYesNo(const CString& text) {
     for (;;) {
-        m_out << text.View() << " [y/n]: " << std::flush;
+        m_out << Printable(text.View()) << " [y/n]: " << std::flush;
         const std::optional<std::string> answer = ReadAnswer(m_in);
         if (!answer) {
             m_out << '\n';

@@ -7,13 +7,17 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMenu>
 #include <QMimeData>
 #include <QSettings>
-#include <QStatusBar>
+#include <QTabWidget>
+#include <QTableWidget>
 #include <QTreeWidget>
 #include <QUrl>
+#include <QWindow>
 
 #include "support/Files.h"
+#include "qt/Text.h"
 #include "support/QtScript.h"
 
 namespace {
@@ -32,15 +36,24 @@ protected:
         return test::QtScript::Child<QLabel>(window, label)->text().toStdString();
     }
     QTreeWidget* Records() { return test::QtScript::Child<QTreeWidget>(window, "records"); }
-    void Drop(const std::vector<QUrl>& urls) {
+    /// Drops files, and returns what the program that they come from is told to do with them.
+    Qt::DropAction Drop(const std::vector<QUrl>& urls, Qt::DropActions possible = Qt::CopyAction) {
         QMimeData data;
         data.setUrls(QList<QUrl>(urls.begin(), urls.end()));
-        QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDragEnterEvent enter({10, 10}, possible, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &enter);
-        QDropEvent event({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent event({10, 10}, possible, &data, Qt::LeftButton, Qt::NoModifier);
+        event.ignore();
         QCoreApplication::sendEvent(&window, &event);
         QTest::qWait(50);
+        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
     }
+    /// What the list of files says about a file.
+    std::string State(const CString& path) {
+        const auto found = test::QtScript::Child<QTreeWidget>(window, "files")->findItems(veka::ToQString(path), Qt::MatchExactly);
+        return found.isEmpty() ? "" : found[0]->text(1).toStdString();
+    }
+    void Trigger(const char* action) { test::QtScript::Child<QAction>(window, action)->trigger(); }
     static QUrl Url(const CString& path) {
         QUrl url("file:");
         url.setPath(
@@ -64,10 +77,10 @@ TEST_F(QtMainWindow, ImportsShowsAndStoresAPart) {
     window.Import();
     EXPECT_TRUE(window.HasPart());
     EXPECT_EQ(Text("number"), "A");
-    EXPECT_EQ(Text("identity"), "Maker, A part, 0 pins");
+    EXPECT_EQ(Text("identity"), "Maker, A part");
+    EXPECT_EQ(Text("pinCount"), "0 pins");
     EXPECT_TRUE(Stored("A"));
-    EXPECT_EQ(window.statusBar()->currentMessage().toStdString(),
-              "Stored as A in " + std::string(library.View()));
+    EXPECT_EQ(Text("state"), "Stored as A in " + std::string(library.View()));
 }
 
 TEST_F(QtMainWindow, ShowsTheRecordsAsATree) {
@@ -144,7 +157,8 @@ TEST_F(QtMainWindow, ADroppedFileAsksBeforeAPartIsOverwritten) {
     script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::No); });
     directory.Write("part \xFF.veka", "(VEK (PARTGENERAL (MPN A) (UNIT new)))");
     Drop({Url(file)});
-    EXPECT_EQ(Text("identity"), "Maker, A part, 0 pins") << "No leaves the part that was shown";
+    EXPECT_EQ(Text("identity"), "") << "the part that the question is about is shown";
+    EXPECT_EQ(Text("state"), "Not stored: the library has the part already");
 }
 
 TEST_F(QtMainWindow, WithoutALibraryADroppedFileOpensTheDialog) {
@@ -168,6 +182,179 @@ TEST_F(QtMainWindow, ADragOfPartDataFilesIsWelcome) {
     }
 }
 
+TEST_F(QtMainWindow, ADropIsACopyAndNeverAMove) {
+    window.Suggest("", library);
+    EXPECT_EQ(Drop({Url(file)}, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
+    EXPECT_EQ(Drop({Url(directory.Write("B.veka", "(VEK (PARTGENERAL (MPN B)))"))}, Qt::MoveAction), Qt::IgnoreAction);
+    EXPECT_FALSE(Stored("B"));
+}
+
+/// Files of parts P0, P1 and so on, with a unit that makes their content another one.
+std::vector<CString> WriteParts(const test::TemporaryDirectory& directory, int count, const std::string& unit) {
+    std::vector<CString> files;
+    for (int i = 0; i < count; ++i)
+        files.push_back(directory.Write("p" + std::to_string(i) + ".veka",
+                                        "(VEK (PARTGENERAL (UNIT " + unit + ") (MPN P" + std::to_string(i) + ")))"));
+    return files;
+}
+
+TEST_F(QtMainWindow, ManyFilesAreImportedWithASummary) {
+    window.Suggest("", library);
+    std::vector<CString> files = WriteParts(directory, 5, "MM");
+    files.push_back(directory.Write("none.veka", "(VEK)"));
+    window.ImportFiles(files);
+    EXPECT_EQ(Text("state"), "6 files: 5 stored, 1 failed");
+    EXPECT_EQ(State(files[2]), "stored");
+    EXPECT_THAT(State(files[5]), testing::HasSubstr("holds no part with a part number"));
+    EXPECT_EQ(Text("number"), "P4");
+}
+
+TEST_F(QtMainWindow, OneQuestionIsEnoughForAllFiles) {
+    window.Suggest("", library);
+    window.ImportFiles(WriteParts(directory, 4, "MM"));
+    const std::vector<CString> files = WriteParts(directory, 4, "INCH");
+    script.Then([this](QWidget& question) {
+        EXPECT_EQ(Text("number"), "P0") << "the question is about the part that is shown";
+        test::QtScript::Answer(question, QMessageBox::No);
+    });
+    script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::YesToAll); });
+    window.ImportFiles(files);
+    EXPECT_EQ(Text("state"), "4 files: 0 stored, 3 replaced, 1 left alone");
+    EXPECT_EQ(State(files[0]), "left alone: the library has the part already");
+    EXPECT_THAT(test::ReadFile(directory.Path() / "lib/P0/p0.veka"), testing::HasSubstr("MM"));
+    EXPECT_THAT(test::ReadFile(directory.Path() / "lib/P3/p3.veka"), testing::HasSubstr("INCH"));
+    script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::NoToAll); });
+    window.ImportFiles(files);
+    EXPECT_EQ(Text("state"), "4 files: 0 stored, 4 left alone");
+}
+
+TEST_F(QtMainWindow, CancelEndsTheImportOfAllFiles) {
+    window.Suggest("", library);
+    const std::vector<CString> files = WriteParts(directory, 4, "MM");
+    window.ImportFiles({files[0], files[1]});
+    script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::Cancel); });
+    window.ImportFiles(files);
+    EXPECT_EQ(Text("state"), "4 files: 0 stored, 1 left alone, 4 not imported");
+    EXPECT_FALSE(Stored("P2"));
+}
+
+TEST_F(QtMainWindow, OpenShowsAPartAndStoresNothing) {
+    window.Suggest("", library);
+    window.Open({file});
+    EXPECT_EQ(Text("number"), "A");
+    EXPECT_EQ(Text("state"), "Not stored");
+    EXPECT_FALSE(Stored("A"));
+    Trigger("store");
+    EXPECT_TRUE(Stored("A"));
+    EXPECT_EQ(Text("state"), "Stored as A in " + std::string(library.View()));
+}
+
+TEST_F(QtMainWindow, AReplacedPartIsRestored) {
+    window.Suggest("", library);
+    window.ImportFiles({directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A) (PARTDESC old)))")});
+    directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A) (PARTDESC new)))");
+    script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::Yes); });
+    window.ImportFiles({directory / "part.veka"});
+    EXPECT_EQ(Text("identity"), "new");
+    EXPECT_THAT(Text("state"), testing::EndsWith("; the part that was there can be restored"));
+    Trigger("undo");
+    EXPECT_EQ(Text("identity"), "old");
+    EXPECT_EQ(Text("state"), "Restored A in " + std::string(library.View()));
+    EXPECT_THAT(test::ReadFile(directory.Path() / "lib/A/part.veka"), testing::HasSubstr("old"));
+}
+
+TEST_F(QtMainWindow, RecentFilesAndLibrariesAreOffered) {
+    window.Suggest("", library);
+    window.Open({file});
+    Trigger("store");
+    const CString other = directory.Write("other & more.veka", "(VEK (PARTGENERAL (MPN B)))");
+    window.Open({other});
+    auto* menu = test::QtScript::Child<QMenu>(window, "recentFiles");
+    emit menu->aboutToShow();
+    ASSERT_EQ(menu->actions().size(), 2);
+    menu->actions()[1]->trigger();
+    EXPECT_EQ(Text("number"), "A") << "a name of any bytes";
+    menu->actions()[0]->trigger();
+    EXPECT_EQ(Text("number"), "B");
+    auto* libraries = test::QtScript::Child<QMenu>(window, "recentLibraries");
+    emit libraries->aboutToShow();
+    ASSERT_EQ(libraries->actions().size(), 1);
+    libraries->actions()[0]->trigger();
+    EXPECT_TRUE(Stored("B"));
+}
+
+TEST_F(QtMainWindow, ThePinsAreATable) {
+    window.Open({veka::FromPath(test::ProjectFolder("examples") / "op-amp.veka")});
+    auto* pins = test::QtScript::Child<QTableWidget>(window, "pins");
+    ASSERT_EQ(pins->rowCount(), 8);
+    EXPECT_EQ(pins->horizontalHeaderItem(1)->text(), "Name");
+    EXPECT_EQ(pins->item(3, 1)->text(), "V-");
+    EXPECT_EQ(pins->item(3, 2)->text(), "POWER");
+}
+
+TEST_F(QtMainWindow, FindSelectsTheNextPlaceInTheRecordsOrThePins) {
+    window.Open({veka::FromPath(test::ProjectFolder("examples") / "op-amp.veka")});
+    Trigger("find");
+    auto* text = test::QtScript::Child<QLineEdit>(window, "findText");
+    QTest::keyClicks(text, "inb");
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_EQ(Records()->currentItem()->text(1), "INB+");
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_EQ(Records()->currentItem()->text(1), "INB-");
+    QTest::keyClick(text, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(Records()->currentItem()->text(1), "INB+");
+    QTest::keyClick(text, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(Records()->currentItem()->text(0), "PinBodyShape") << "the last place of all";
+    text->clear();
+    QTest::keyClicks(text, "nowhere");
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_EQ(Text("findAnswer"), "Not found");
+    test::QtScript::Child<QTabWidget>(window, "tabs")->setCurrentIndex(1);
+    text->clear();
+    QTest::keyClicks(text, "outb");
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_EQ(Text("findAnswer"), "");
+    EXPECT_EQ(test::QtScript::Child<QTableWidget>(window, "pins")->currentRow(), 6);
+}
+
+TEST_F(QtMainWindow, EmptyFieldsLeaveOpenWhatWasOpen) {
+    window.Open({veka::FromPath(test::ProjectFolder("examples") / "op-amp.veka")});
+    Trigger("find");
+    auto* text = test::QtScript::Child<QLineEdit>(window, "findText");
+    QTest::keyClicks(text, "R06X15T");
+    QTest::keyClick(text, Qt::Key_Return);
+    const QString name = Records()->currentItem()->text(0);
+    Records()->topLevelItem(0)->setExpanded(false);
+    for (int i = 0; i < 2; ++i) {
+        Trigger("showAll");
+        ASSERT_TRUE(Records()->currentItem());
+        EXPECT_EQ(Records()->currentItem()->text(0), name);
+        EXPECT_TRUE(Records()->currentItem()->text(0).endsWith("R06X15T"));
+        EXPECT_TRUE(Records()->currentItem()->parent()->isExpanded());
+        EXPECT_FALSE(Records()->topLevelItem(0)->isExpanded());
+    }
+}
+
+TEST_F(QtMainWindow, ALibraryThatCannotBeWrittenIsNotRemembered) {
+    window.Suggest(file, directory.Write("no directory", ""));
+    script.Click("1").Then([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    window.Import();
+    EXPECT_THAT(Text("state"), testing::HasSubstr("could not be stored: cannot open the directory"));
+    EXPECT_TRUE(settings.value("recentLibraries").toList().isEmpty());
+}
+
+TEST_F(QtMainWindow, WhatIsToComeOnceItIsShownComesOnce) {
+    host::MainWindow later(settings);
+    int called = 0;
+    later.show();
+    later.WhenShown([&] {
+        EXPECT_TRUE(later.windowHandle()->isExposed());
+        ++called;
+    });
+    QTest::qWait(100);
+    EXPECT_EQ(called, 1);
+}
+
 TEST_F(QtMainWindow, FailuresAreToldInASentence) {
     const auto expect = [&](const std::string& sentence) {
         script.Then([sentence](QWidget& box) {
@@ -176,10 +363,11 @@ TEST_F(QtMainWindow, FailuresAreToldInASentence) {
         });
     };
     window.Suggest(directory.Write("none.veka", "(VEK)"), library);
-    script.Click("1").Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::Yes); });
+    script.Click("1");
     expect("holds no part with a part number");
+    script.Click("2");
     window.Import();
-    EXPECT_EQ(Text("number"), "No part number");
+    EXPECT_EQ(Text("number"), "No part") << "the dialog stayed open";
 
     window.Suggest(
         directory.Write("bad.veka",
@@ -191,7 +379,7 @@ TEST_F(QtMainWindow, FailuresAreToldInASentence) {
 
     window.Suggest(file, directory.Write("no directory", ""));
     script.Click("1");
-    expect("the part could not be stored: ");
+    expect("could not be stored: ");
     window.Import();
     EXPECT_EQ(Text("number"), "A") << "it is shown all the same";
 }

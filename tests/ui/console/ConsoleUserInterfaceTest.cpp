@@ -49,6 +49,15 @@ TEST_F(Console, PicksWhatIsTyped) {
     EXPECT_EQ(Input("").PickDirectory("title", "now", nullptr), "");
 }
 
+TEST_F(Console, NoTextControlsTheTerminal) {
+    const std::string evil = "\x1B[2J\x9B";
+    Input("y\n\n\n").ShowMessage(CString(evil));
+    user.AskYesNo(CString(evil));
+    user.PickFile(CString(evil), "veka", CString(evil), nullptr);
+    user.PickDirectory(CString(evil), CString(evil), nullptr);
+    EXPECT_EQ(out.str().find_first_of("\x1B\x9B"), std::string::npos) << out.str();
+}
+
 TEST_F(Console, RunsTheImportDialog) {
     const test::TemporaryDirectory directory;
     const CString file = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A)))");

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+namespace host {
+
+/// An output that cannot be written, or not where it was asked for.
+struct OutputError : std::runtime_error {
+    using runtime_error::runtime_error;
+};
+
+/// An output that would damage what the program reads or stores.
+struct RefusedOutput : OutputError {
+    using OutputError::OutputError;
+};
+
+/// A file that is written under a temporary name beside its place. It takes its place once it is whole; until then
+/// whatever is there stays.
+class OutputFile {
+public:
+    /// An empty path makes no file. Raises `OutputError` where something is there that is no regular file.
+    explicit OutputFile(const std::string& path);
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    /// Where to write; empty if there is no file to write.
+    const std::string& TemporaryPath() const { return m_temporaryPath; }
+    /// Gives the file its name. Raises `OutputError`.
+    void Commit();
+
+private:
+    std::filesystem::path m_place, m_temporary;
+    std::string m_temporaryPath;
+};
+
+/// Raises `RefusedOutput` where an output is the input file, or lies in the place of a part of the library. An empty
+/// library is none.
+void RequireOutsideOf(const std::string& output, const std::string& input, const std::string& library,
+                      const std::string& partName);
+
+}  // namespace host

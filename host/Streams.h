@@ -1,0 +1,15 @@
+#pragma once
+
+#include <iosfwd>
+
+namespace host {
+
+/// What the program reads from and writes to.
+struct Streams {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;      ///< messages, questions and prompts
+    bool terminal = false;  ///< a user at a terminal answers on `in`
+};
+
+}  // namespace host
