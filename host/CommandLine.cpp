@@ -116,7 +116,8 @@ std::chrono::seconds Seconds(const std::string& option, const std::string& text)
 
 void Check(const CommandLine& line) {
     if (line.help || line.version) return;
-    const bool standardInput = std::find(line.files.begin(), line.files.end(), kStandardInput) != line.files.end();
+    const bool standardInput =
+        std::find(line.files.begin(), line.files.end(), kStandardInput) != line.files.end();
     if (line.undo) {
         if (line.library.empty()) throw UsageError("--undo needs --library DIR");
         return;
@@ -125,10 +126,12 @@ void Check(const CommandLine& line) {
     if (line.Attended() && line.files.size() > 1 && (line.Shown() || line.windows == Windows::Console))
         throw UsageError("only one file can be imported here");
     if (line.open && line.Shown()) throw UsageError("--open only shows files in the window");
-    if (line.files.size() > 1 && standardInput) throw UsageError("standard input can only be imported by itself");
+    if (line.files.size() > 1 && standardInput)
+        throw UsageError("standard input can only be imported by itself");
     if (line.files.size() > 1 && !(line.step.empty() && line.gltf.empty()))
         throw UsageError("--step and --gltf take one file");
-    if (!line.step.empty() && line.step == line.gltf) throw UsageError("--step and --gltf name the same file");
+    if (!line.step.empty() && line.step == line.gltf)
+        throw UsageError("--step and --gltf name the same file");
 }
 
 }  // namespace
@@ -170,8 +173,9 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
         } else if (option == "--pins") {
             print(next.HasWord("csv") ? Print::PinsCsv : Print::Pins);
         } else if (option == "--overwrite") {
-            line.overwrite = OneOf<Overwrite>(
-                option, next.Value(), {{"yes", Overwrite::Yes}, {"no", Overwrite::No}, {"ask", Overwrite::Ask}});
+            line.overwrite =
+                OneOf<Overwrite>(option, next.Value(),
+                                 {{"yes", Overwrite::Yes}, {"no", Overwrite::No}, {"ask", Overwrite::Ask}});
         } else if (option == "--ui") {
             line.windows = OneOf<Windows>(
                 option, next.Value(),

@@ -11,7 +11,9 @@
 namespace host {
 
 Failure CurrentFailure(const std::string& file) {
-    const std::string subject = file.empty() ? "the file" : file == kStandardInput ? "standard input" : '"' + file + '"';
+    const std::string subject = file.empty()             ? "the file"
+                                : file == kStandardInput ? "standard input"
+                                                         : '"' + file + '"';
     try {
         throw;
     } catch (const UsageError& error) {

@@ -12,8 +12,8 @@ struct Failure {
     std::string sentence;
 };
 
-/// Describes the exception that is being handled; to be called in a catch block. `file` is the one being imported,
-/// empty where no name is known.
+/// Describes the exception that is being handled; to be called in a catch block. `file` is the one being
+/// imported, empty where no name is known.
 Failure CurrentFailure(const std::string& file);
 
 }  // namespace host

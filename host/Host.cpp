@@ -36,7 +36,8 @@ std::string Quoted(std::string_view text) {
 /// One run of the program.
 class Program {
 public:
-    Program(const CommandLine& line, const Streams& streams) : m_line(line), m_streams(streams), m_messages(streams.err) {}
+    Program(const CommandLine& line, const Streams& streams)
+        : m_line(line), m_streams(streams), m_messages(streams.err) {}
 
     /// Imports the files without a dialog.
     int ImportFiles() {
@@ -52,9 +53,8 @@ public:
         if (!choice) return kRefused;
         const ImportedPart& part = choice->part;
         m_library = choice->library;
-        return Deliver(part, choice->existing, [&] {
-            return AfxMessageBox(Question(part), MB_YESNO) == IDYES;
-        });
+        return Deliver(part, choice->existing,
+                       [&] { return AfxMessageBox(Question(part), MB_YESNO) == IDYES; });
     }
     /// Puts replaced parts back.
     int Undo() {
@@ -66,7 +66,8 @@ public:
                 const CString name = SBUtility::GetInstance().EncodeEntityCode(CString(number));
                 const std::string restored = library.Undo(std::string(name.View()));
                 if (m_line.print == Print::Summary)
-                    m_streams.out << veka::Printable("Restored " + restored + " in " + m_line.library) << '\n';
+                    m_streams.out << veka::Printable("Restored " + restored + " in " + m_line.library)
+                                  << '\n';
             } catch (const NothingToUndo& error) {
                 m_messages.Say(error.what());
                 worst = std::max<int>(worst, kRefused);
@@ -93,7 +94,8 @@ private:
     int ImportFile(const std::string& file) {
         m_library = CString(m_line.library);
         const int code = Reported(file, [&] {
-            const ImportedPart part = file == kStandardInput ? ReadPart(m_streams.in) : ReadPart(CString(file));
+            const ImportedPart part =
+                file == kStandardInput ? ReadPart(m_streams.in) : ReadPart(CString(file));
             return Deliver(part, m_line.overwrite == Overwrite::Yes ? Existing::Replace : Existing::Keep,
                            [&] { return MayReplace(part); });
         });
@@ -102,8 +104,8 @@ private:
         return code;
     }
 
-    /// Shows a part, stores it and writes its solids. Each is done even if another fails. `ask` tells whether a part
-    /// that is there may be replaced.
+    /// Shows a part, stores it and writes its solids. Each is done even if another fails. `ask` tells whether
+    /// a part that is there may be replaced.
     template <class Ask>
     int Deliver(const ImportedPart& part, Existing existing, Ask ask) {
         const std::string file(part.file.View());
@@ -118,7 +120,8 @@ private:
             code = Reported(file, [&] {
                 Outcome outcome = Store(part, m_library, existing, WaitingFor(std::string(m_library.View())));
                 if (outcome == Outcome::Kept && ask())
-                    outcome = Store(part, m_library, Existing::Replace, WaitingFor(std::string(m_library.View())));
+                    outcome =
+                        Store(part, m_library, Existing::Replace, WaitingFor(std::string(m_library.View())));
                 return Tell(part, outcome);
             });
         if (!m_line.step.empty() || !m_line.gltf.empty())
@@ -136,9 +139,11 @@ private:
                 break;
             case Print::Summary:
                 if (!part.hasPart) break;
-                if (!several) WriteSummary(out, part.Model());
+                if (!several)
+                    WriteSummary(out, part.Model());
                 else if (m_library.IsEmpty())
-                    out << veka::Printable(part.file.View()) << ": part " << veka::Printable(part.Mpn().View()) << '\n';
+                    out << veka::Printable(part.file.View()) << ": part "
+                        << veka::Printable(part.Mpn().View()) << '\n';
                 break;
             case Print::Outline:
                 veka::Outline(out, true).Write(part.Model());
@@ -183,11 +188,13 @@ private:
     }
 
     CString Question(const ImportedPart& part) const {
-        return "\"" + CString(part.Name()) + "\" is in the library \"" + m_library + "\" already. Replace it?";
+        return "\"" + CString(part.Name()) + "\" is in the library \"" + m_library +
+               "\" already. Replace it?";
     }
     /// Asks at a terminal whether a part may be replaced.
     bool MayReplace(const ImportedPart& part) {
-        if (m_line.overwrite != Overwrite::Ask || !m_streams.terminal || part.file == kStandardInput) return false;
+        if (m_line.overwrite != Overwrite::Ask || !m_streams.terminal || part.file == kStandardInput)
+            return false;
         return veka::ConsoleUserInterface(m_streams.in, m_streams.err).AskYesNo(Question(part));
     }
 
@@ -203,7 +210,8 @@ private:
 
     /// Says after a second whom the program waits for, and gives up after the time that the user set.
     Waiting WaitingFor(const std::string& library) {
-        return [this, library, told = false](std::chrono::milliseconds waited, const std::string& holder) mutable {
+        return [this, library, told = false](std::chrono::milliseconds waited,
+                                             const std::string& holder) mutable {
             if (waited >= m_line.wait) return false;
             if (!told && waited >= std::chrono::seconds(1)) {
                 m_messages.Say("waiting for the library " + Quoted(library) + ", which " +

@@ -51,7 +51,8 @@ private:
     /// Offers to make a directory that is missing.
     static bool HasDirectory(const CString& directory) {
         if (directory.IsEmpty() || Exists(directory)) return true;
-        if (AfxMessageBox("There is no directory \"" + directory + "\". Make it?", MB_YESNO) != IDYES) return false;
+        if (AfxMessageBox("There is no directory \"" + directory + "\". Make it?", MB_YESNO) != IDYES)
+            return false;
         std::error_code error;
         std::filesystem::create_directories(veka::ToPath(directory), error);
         if (!error) return true;

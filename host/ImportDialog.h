@@ -17,9 +17,10 @@ struct DialogChoice {
 
 /// Runs the import dialog, opened with a file and a library; nothing where the user cancels.
 ///
-/// The host looks at the file before the dialog does: for a file that cannot be read or holds no part it says so,
-/// and the dialog stays open. It offers to make a library that is missing, and asks before a faulty file replaces
-/// a part.
-std::optional<DialogChoice> RunImportDialog(const CString& file, const CString& library, CWnd* parent = nullptr);
+/// The host looks at the file before the dialog does: for a file that cannot be read or holds no part it says
+/// so, and the dialog stays open. It offers to make a library that is missing, and asks before a faulty file
+/// replaces a part.
+std::optional<DialogChoice> RunImportDialog(const CString& file, const CString& library,
+                                            CWnd* parent = nullptr);
 
 }  // namespace host

@@ -59,13 +59,16 @@ ImportedPart Import(const CString& file, FileContent content) {
     const int read = tree.ReadTopLevels(0, [&](const CECadClsLvl* level) {
         const std::string_view name = level->m_strName.View();
         if (name == "VEK") ++parts;
-        if (std::find(kSections.begin(), kSections.end(), name) != kSections.end()) part.hasSections = true;
-        else if (unknown.size() < 3) unknown.push_back("nothing reads the section " + Quoted(level->m_strName));
+        if (std::find(kSections.begin(), kSections.end(), name) != kSections.end())
+            part.hasSections = true;
+        else if (unknown.size() < 3)
+            unknown.push_back("nothing reads the section " + Quoted(level->m_strName));
     });
     if (read != 0) part.faults.push_back("its levels are unbalanced in " + InLine(tree.m_nLineCount));
     part.hasPart = parts > 0;
     part.faults.insert(part.faults.end(), unknown.begin(), unknown.end());
-    if (parts > 1) part.faults.push_back("of " + std::to_string(parts) + " parts in the file the last one was kept");
+    if (parts > 1)
+        part.faults.push_back("of " + std::to_string(parts) + " parts in the file the last one was kept");
 
     CVEK_AsciiParser parser;
     parser.SetVEKAsciiFilePath(copy.Path());
@@ -120,8 +123,8 @@ Outcome Store(const ImportedPart& part, const CString& library, Existing existin
 
 bool HasPart(const CString& library, const std::string& name) {
     const SBUtility& utility = SBUtility::GetInstance();
-    return utility.DoesFileOrDirExist(utility.SBPathCombine(library, CString(name), __FILE__, __LINE__), __FILE__,
-                                      __LINE__);
+    return utility.DoesFileOrDirExist(utility.SBPathCombine(library, CString(name), __FILE__, __LINE__),
+                                      __FILE__, __LINE__);
 }
 
 std::string FaultSentence(const ImportedPart& part) {

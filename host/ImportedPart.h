@@ -41,7 +41,8 @@ void RequireSections(const ImportedPart& part);
 void RequirePartNumber(const ImportedPart& part);
 
 /// Stores the bytes of a part's file in a library. Raises `NoPart` and `StoreError`.
-Outcome Store(const ImportedPart& part, const CString& library, Existing existing, const Waiting& waiting = nullptr);
+Outcome Store(const ImportedPart& part, const CString& library, Existing existing,
+              const Waiting& waiting = nullptr);
 
 /// True if the library has a part of this name.
 bool HasPart(const CString& library, const std::string& name);

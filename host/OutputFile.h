@@ -16,8 +16,8 @@ struct RefusedOutput : OutputError {
     using OutputError::OutputError;
 };
 
-/// A file that is written under a temporary name beside its place. It takes its place once it is whole; until then
-/// whatever is there stays.
+/// A file that is written under a temporary name beside its place. It takes its place once it is whole; until
+/// then whatever is there stays.
 class OutputFile {
 public:
     /// An empty path makes no file. Raises `OutputError` where something is there that is no regular file.
@@ -36,8 +36,8 @@ private:
     std::string m_temporaryPath;
 };
 
-/// Raises `RefusedOutput` where an output is the input file, or lies in the place of a part of the library. An empty
-/// library is none.
+/// Raises `RefusedOutput` where an output is the input file, or lies in the place of a part of the library.
+/// An empty library is none.
 void RequireOutsideOf(const std::string& output, const std::string& input, const std::string& library,
                       const std::string& partName);
 

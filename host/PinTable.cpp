@@ -53,7 +53,8 @@ void SetPlace(PinRow& row, const CVEKA_Coordinate& point) {
 
 /// The number of characters of a printable text.
 size_t Width(std::string_view text) {
-    return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+    return static_cast<size_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
 /// A field of comma-separated values.
@@ -115,7 +116,8 @@ void WritePins(std::ostream& out, const CVEKA_Manager& part) {
         }
     for (const PinRow& row : rows) {
         std::string line;
-        for (size_t i = 0; i < row.size(); ++i) line += row[i] + std::string(widths[i] - Width(row[i]) + 2, ' ');
+        for (size_t i = 0; i < row.size(); ++i)
+            line += row[i] + std::string(widths[i] - Width(row[i]) + 2, ' ');
         line.resize(line.find_last_not_of(' ') + 1);
         out << line << '\n';
     }

@@ -60,10 +60,14 @@ void WriteSummary(std::ostream& out, const CVEKA_Manager& part) {
     lines.Write("Description", general.GetPartDescription());
     lines.Write("Unit", general.GetUnit());
     lines.Write("Pins", std::to_string(general.GetNumberOfPins()));
-    lines.Write("Packages", Names(*vek.GetPackages()->GetPackageArr(), [](const auto& one) { return one.GetName(); }));
-    lines.Write("Footprints", Names(*part.GetFootprintDBArr(), [](const auto& one) { return one.GetFootprintName(); }));
-    lines.Write("Padstacks", Names(*part.GetPadStackArr(), [](const auto& one) { return one.GetPadstackName(); }));
-    lines.Write("Symbols", Names(*vek.GetLogicSymbols()->GetSymbol(), [](const auto& one) { return one.GetSymbolName(); }));
+    lines.Write("Packages",
+                Names(*vek.GetPackages()->GetPackageArr(), [](const auto& one) { return one.GetName(); }));
+    lines.Write("Footprints",
+                Names(*part.GetFootprintDBArr(), [](const auto& one) { return one.GetFootprintName(); }));
+    lines.Write("Padstacks",
+                Names(*part.GetPadStackArr(), [](const auto& one) { return one.GetPadstackName(); }));
+    lines.Write("Symbols", Names(*vek.GetLogicSymbols()->GetSymbol(),
+                                 [](const auto& one) { return one.GetSymbolName(); }));
 }
 
 }  // namespace host

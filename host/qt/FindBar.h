@@ -8,8 +8,8 @@ class QLineEdit;
 
 namespace host {
 
-/// A line in which the user types a text to find. Enter finds the next place, Shift and Enter the one before, and
-/// Escape closes the bar.
+/// A line in which the user types a text to find. Enter finds the next place, Shift and Enter the one before,
+/// and Escape closes the bar.
 class FindBar : public QWidget {
 public:
     /// Finds the next place; false if there is none.

@@ -61,7 +61,8 @@ std::vector<CString> PartDataFiles(const QMimeData* data) {
 
 /// Takes a drag of part data files as a copy: a source that moved them would remove them.
 bool AcceptAsCopy(QDropEvent* event) {
-    if (!event->possibleActions().testFlag(Qt::CopyAction) || PartDataFiles(event->mimeData()).empty()) return false;
+    if (!event->possibleActions().testFlag(Qt::CopyAction) || PartDataFiles(event->mimeData()).empty())
+        return false;
     event->setDropAction(Qt::CopyAction);
     event->accept();
     return true;
@@ -87,7 +88,8 @@ CString Counted(size_t count, const char* what) {
 
 }  // namespace
 
-/// Imports several files, one after another, and asks each kind of question once for all where the user wants that.
+/// Imports several files, one after another, and asks each kind of question once for all where the user wants
+/// that.
 class MainWindow::Queue {
 public:
     Queue(MainWindow& window, const std::vector<CString>& files, CString library)
@@ -125,9 +127,11 @@ private:
             m_window.Show(std::move(part));
             m_window.AddRecent(kRecentFiles, file);
             if (outcome == Outcome::Kept && MayReplace(*m_window.m_part))
-                outcome = Store(*m_window.m_part, m_library, Existing::Replace, m_window.WaitingBox(m_library));
+                outcome =
+                    Store(*m_window.m_part, m_library, Existing::Replace, m_window.WaitingBox(m_library));
             if (outcome == Outcome::Kept) return ++m_kept, "left alone: the library has the part already";
-            return outcome == Outcome::New ? (++m_stored, "stored") : (++m_replaced, "stored, and the part that was there is kept");
+            return outcome == Outcome::New ? (++m_stored, "stored")
+                                           : (++m_replaced, "stored, and the part that was there is kept");
         } catch (...) {
             ++m_failed;
             return CString(CurrentFailure(std::string(file.View())).sentence);
@@ -137,12 +141,15 @@ private:
         // An answer for all sound files is none for a faulty one.
         Answer& forAll = m_forAll[part.faults.empty() ? 0 : 1];
         if (forAll != Answer::None) return forAll == Answer::Yes;
-        QString text = veka::ToQString("\"" + CString(part.Name()) + "\" is in the library \"" + m_library + "\" already. Replace it?");
-        if (!part.faults.empty()) text += "\n\n" + veka::ToQString("The file is faulty: " + CString(FaultSentence(part)));
-        QMessageBox box(QMessageBox::Question, QApplication::applicationDisplayName(), text, QMessageBox::NoButton, &m_window);
+        QString text = veka::ToQString("\"" + CString(part.Name()) + "\" is in the library \"" + m_library +
+                                       "\" already. Replace it?");
+        if (!part.faults.empty())
+            text += "\n\n" + veka::ToQString("The file is faulty: " + CString(FaultSentence(part)));
+        QMessageBox box(QMessageBox::Question, QApplication::applicationDisplayName(), text,
+                        QMessageBox::NoButton, &m_window);
         box.setTextFormat(Qt::PlainText);
-        box.setStandardButtons(QMessageBox::Yes | QMessageBox::YesToAll | QMessageBox::No | QMessageBox::NoToAll |
-                               QMessageBox::Cancel);
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::YesToAll | QMessageBox::No |
+                               QMessageBox::NoToAll | QMessageBox::Cancel);
         box.setDefaultButton(QMessageBox::No);
         const int answer = box.exec();
         if (answer == QMessageBox::YesToAll) forAll = Answer::Yes;
@@ -155,7 +162,8 @@ private:
         if (m_replaced) total += CString(", ") + Counted(m_replaced, "replaced");
         if (m_kept) total += CString(", ") + Counted(m_kept, "left alone");
         if (m_failed) total += CString(", ") + Counted(m_failed, "failed");
-        if (m_done < m_files.size()) total += CString(", ") + Counted(m_files.size() - m_done, "not imported");
+        if (m_done < m_files.size())
+            total += CString(", ") + Counted(m_files.size() - m_done, "not imported");
         return total;
     }
 
@@ -210,7 +218,8 @@ void MainWindow::MakeContent() {
 
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
-    for (QLabel* label : {m_number, m_identity, m_pinCount, m_file, m_faults, m_state}) layout->addWidget(label);
+    for (QLabel* label : {m_number, m_identity, m_pinCount, m_file, m_faults, m_state})
+        layout->addWidget(label);
     layout->addWidget(m_tabs, 1);
     layout->addWidget(m_find);
     setCentralWidget(content);
@@ -233,7 +242,8 @@ void MainWindow::MakeContent() {
 }
 
 void MainWindow::MakeActions() {
-    const auto add = [this](QMenu* menu, const char* text, const QKeySequence& keys, const char* name, auto deed) {
+    const auto add = [this](QMenu* menu, const char* text, const QKeySequence& keys, const char* name,
+                            auto deed) {
         QAction* action = menu->addAction(text, this, deed);
         action->setShortcut(keys);
         action->setObjectName(name);
@@ -267,7 +277,8 @@ void MainWindow::MakeActions() {
     QMenu* view = menuBar()->addMenu("&View");
     add(view, "&Find...", QKeySequence::Find, "find", [this] { m_find->Open(); });
     add(view, "Find &Next", QKeySequence::FindNext, "findNext", [this] { m_find->FindNext(false); });
-    add(view, "Find &Previous", QKeySequence::FindPrevious, "findPrevious", [this] { m_find->FindNext(true); });
+    add(view, "Find &Previous", QKeySequence::FindPrevious, "findPrevious",
+        [this] { m_find->FindNext(true); });
     view->addSeparator();
     m_showAll = add(view, "&Empty Fields", QKeySequence(), "showAll", [this] { ShowPart(true); });
     m_showAll->setCheckable(true);
@@ -312,7 +323,8 @@ void MainWindow::Open(const std::vector<CString>& files) {
 
 void MainWindow::ImportFiles(const std::vector<CString>& files) {
     if (files.empty()) return;
-    if (files.size() == 1 && !Exists(Remembered(kLastLibrary))) return RunDialog(files[0], Remembered(kLastLibrary));
+    if (files.size() == 1 && !Exists(Remembered(kLastLibrary)))
+        return RunDialog(files[0], Remembered(kLastLibrary));
     if (files.size() == 1)
         return Guarded(files[0], [&] {
             ImportedPart part = ReadPart(files[0]);
@@ -347,7 +359,8 @@ void MainWindow::Undo() {
         } catch (const StoreError& error) {
             throw SourceError(std::string("no part was restored: ") + error.what());
         }
-        const std::filesystem::path restored = veka::ToPath(SBUtility::GetInstance().SBPathCombine(library, name, "", 0));
+        const std::filesystem::path restored =
+            veka::ToPath(SBUtility::GetInstance().SBPathCombine(library, name, "", 0));
         for (const auto& entry : std::filesystem::directory_iterator(restored))
             if (entry.is_regular_file()) Open({veka::FromPath(entry.path())});
         ShowState("Restored " + name + " in " + library);
@@ -482,7 +495,8 @@ void MainWindow::AddRecent(const char* key, const CString& path) {
 
 std::vector<CString> MainWindow::Recent(const char* key) const {
     std::vector<CString> paths;
-    for (const QVariant& path : m_settings.value(key).toList()) paths.emplace_back(path.toByteArray().toStdString());
+    for (const QVariant& path : m_settings.value(key).toList())
+        paths.emplace_back(path.toByteArray().toStdString());
     return paths;
 }
 

@@ -20,8 +20,9 @@ class FindBar;
 class PinView;
 class RecordTree;
 
-/// The application's window. It opens parts to look at them, imports them by the dialog or as files dropped on it, and
-/// shows the last one: its identity at the top, and below it the records as a tree and the pins as a table.
+/// The application's window. It opens parts to look at them, imports them by the dialog or as files dropped
+/// on it, and shows the last one: its identity at the top, and below it the records as a tree and the pins as
+/// a table.
 class MainWindow : public QMainWindow {
 public:
     /// `settings` keep the last files and libraries, and outlive the window.
@@ -34,8 +35,8 @@ public:
     void Import();
     /// Reads files, shows the last one and stores nothing.
     void Open(const std::vector<CString>& files);
-    /// Imports files into the last library. Without one the dialog opens for a single file, and for several the user
-    /// chooses a directory.
+    /// Imports files into the last library. Without one the dialog opens for a single file, and for several
+    /// the user chooses a directory.
     void ImportFiles(const std::vector<CString>& files);
     /// Stores the part that is shown in the last library, or in one that the user chooses.
     void StorePart();

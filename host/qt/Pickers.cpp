@@ -9,7 +9,8 @@
 namespace host {
 
 std::vector<CString> PickPartFiles(const CString& current, QWidget* parent) {
-    QFileDialog dialog(parent, "Open", veka::ToQString(current), "Part data files (*.veka *.VEKA);;All files (*)");
+    QFileDialog dialog(parent, "Open", veka::ToQString(current),
+                       "Part data files (*.veka *.VEKA);;All files (*)");
     // Qt makes the widgets of a picker of its own only where the system offers none.
     if (dialog.findChild<QLineEdit*>()) {
         const CString chosen = veka::PickPath(veka::PathPicker::File("VEKA File", "veka"), current, parent);

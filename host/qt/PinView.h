@@ -11,8 +11,8 @@ class PinView : public QTableWidget {
 public:
     PinView();
     void ShowPart(const CVEKA_Manager& part);
-    /// Selects the next cell that contains a text in any case. After the last one comes the first one. False if there
-    /// is none.
+    /// Selects the next cell that contains a text in any case. After the last one comes the first one. False
+    /// if there is none.
     bool FindNext(const QString& text, bool backward);
 };
 

@@ -27,9 +27,12 @@ int QtDesktop::RunApplication(const CommandLine& line) {
     window.show();
     // A window that opens before this one is on the screen could not stand in its middle.
     window.WhenShown([&] {
-        if (line.open) window.Open(files);
-        else if (files.size() > 1) window.ImportFiles(files);
-        else window.Import();
+        if (line.open)
+            window.Open(files);
+        else if (files.size() > 1)
+            window.ImportFiles(files);
+        else
+            window.Import();
     });
     QApplication::exec();
     return window.HasPart() || line.open ? kImported : kRefused;

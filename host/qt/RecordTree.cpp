@@ -14,7 +14,8 @@ using veka::TreeNode;
 constexpr int kNodeRole = Qt::UserRole;
 
 QTreeWidgetItem* MakeItem(const TreeNode& node) {
-    auto* item = new QTreeWidgetItem({veka::ToQString(CString(node.name)), veka::ToQString(CString(node.value))});
+    auto* item =
+        new QTreeWidgetItem({veka::ToQString(CString(node.name)), veka::ToQString(CString(node.value))});
     item->setData(0, kNodeRole, QVariant::fromValue<const void*>(&node));
     if (!node.children.empty()) item->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
     return item;
@@ -61,12 +62,14 @@ void RecordTree::ShowPart(const CVEKA_Manager& part, bool all, bool keep) {
     }
 }
 
-/// The names on the way to an item. Names below one item may repeat, so the number of earlier ones goes with them.
+/// The names on the way to an item. Names below one item may repeat, so the number of earlier ones goes with
+/// them.
 RecordTree::Names RecordTree::NamesOf(const QTreeWidgetItem* item) {
     Names names;
     for (; item && item->parent(); item = item->parent()) {
         int earlier = 0;
-        for (int i = 0; item->parent()->child(i) != item; ++i) earlier += item->parent()->child(i)->text(0) == item->text(0);
+        for (int i = 0; item->parent()->child(i) != item; ++i)
+            earlier += item->parent()->child(i)->text(0) == item->text(0);
         names.push_back(item->text(0).toStdString() + '\n' + std::to_string(earlier));
     }
     if (item) names.push_back(item->text(0).toStdString());
@@ -117,7 +120,8 @@ bool RecordTree::FindNext(const QString& text, bool backward) {
     if (text.isEmpty()) return false;
     Path start;
     for (QTreeWidgetItem* item = currentItem(); item; item = item->parent())
-        start.insert(start.begin(), item->parent() ? item->parent()->indexOfChild(item) : indexOfTopLevelItem(item));
+        start.insert(start.begin(),
+                     item->parent() ? item->parent()->indexOfChild(item) : indexOfTopLevelItem(item));
     // Of all hits, in order: the first and the last one, and those next to the current item.
     Path first, before, after, last, path;
     const auto visit = [&](const auto& self, const TreeNode& node) -> void {

@@ -16,8 +16,8 @@ public:
 
     /// Shows a part; with `all`, fields that hold nothing, too. `keep` keeps open what was open before.
     void ShowPart(const CVEKA_Manager& part, bool all, bool keep);
-    /// Selects the next field, in the order of the tree, whose name or value contains a text in any case. After the
-    /// last one comes the first one. False if there is none.
+    /// Selects the next field, in the order of the tree, whose name or value contains a text in any case.
+    /// After the last one comes the first one. False if there is none.
     bool FindNext(const QString& text, bool backward);
 
 private:

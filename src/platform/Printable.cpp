@@ -8,7 +8,9 @@ namespace {
 
 /// The code point of a UTF-8 character of two or three bytes; 0 for other lengths.
 unsigned CodePoint(std::string_view character) {
-    const auto bits = [&](size_t i, unsigned mask) { return static_cast<unsigned char>(character[i]) & mask; };
+    const auto bits = [&](size_t i, unsigned mask) {
+        return static_cast<unsigned char>(character[i]) & mask;
+    };
     if (character.size() == 2) return bits(0, 0x1F) << 6 | bits(1, 0x3F);
     if (character.size() == 3) return bits(0, 0x0F) << 12 | bits(1, 0x3F) << 6 | bits(2, 0x3F);
     return 0;
@@ -39,8 +41,10 @@ std::string Printable(std::string_view text) {
         const std::string_view character = text.substr(0, length == 0 ? 1 : length);
         const bool plain = byte < 0x80 ? byte >= 0x20 && byte != 0x7F && !text.starts_with("\\x")
                                        : length > 0 && !Controls(CodePoint(character));
-        if (plain) result += character;
-        else AppendEscaped(result, character);
+        if (plain)
+            result += character;
+        else
+            AppendEscaped(result, character);
         text.remove_prefix(character.size());
     }
     return result;

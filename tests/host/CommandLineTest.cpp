@@ -77,14 +77,16 @@ TEST(CommandLine, RaisesWhatItCannotUnderstand) {
 }
 
 TEST(CommandLine, AnOptionAndItsValueCanBeOneArgument) {
-    const host::CommandLine line = ParseCommandLine({"--library=a=b", "--overwrite=no", "--print=json", "--wait=7", "f=g"});
+    const host::CommandLine line =
+        ParseCommandLine({"--library=a=b", "--overwrite=no", "--print=json", "--wait=7", "f=g"});
     EXPECT_EQ(line.library, "a=b");
     EXPECT_EQ(line.overwrite, Overwrite::No);
     EXPECT_EQ(line.print, host::Print::Json);
     EXPECT_EQ(line.wait, std::chrono::seconds(7));
     EXPECT_THAT(line.files, ElementsAre("f=g"));
     EXPECT_EQ(ParseCommandLine({"--pins=csv"}).print, host::Print::PinsCsv);
-    for (const char* argument : {"--help=x", "--quiet=", "--print=xml", "--library=", "--wait=", "--wait=1x", "--wait=-1", "--what=x"})
+    for (const char* argument : {"--help=x", "--quiet=", "--print=xml", "--library=", "--wait=", "--wait=1x",
+                                 "--wait=-1", "--what=x"})
         EXPECT_THROW(ParseCommandLine({argument}), UsageError) << argument;
 }
 
@@ -95,9 +97,9 @@ TEST(CommandLine, TakesSeveralFiles) {
 TEST(CommandLine, RaisesWhatDoesNotGoTogether) {
     using Arguments = std::vector<std::string>;
     for (const Arguments& arguments :
-         {Arguments{"f", "g", "--step", "s"}, Arguments{"f", "--step", "s", "--gltf", "s"}, Arguments{"-", "f"},
-          Arguments{"-", "--ui", "qt"}, Arguments{"f", "g", "--ui", "console"}, Arguments{"--undo", "A"},
-          Arguments{"f", "--print", "--pins"}, Arguments{"--open", "f", "--print"}})
+         {Arguments{"f", "g", "--step", "s"}, Arguments{"f", "--step", "s", "--gltf", "s"},
+          Arguments{"-", "f"}, Arguments{"-", "--ui", "qt"}, Arguments{"f", "g", "--ui", "console"},
+          Arguments{"--undo", "A"}, Arguments{"f", "--print", "--pins"}, Arguments{"--open", "f", "--print"}})
         EXPECT_THROW(ParseCommandLine(arguments), UsageError) << testing::PrintToString(arguments);
 }
 

@@ -36,8 +36,8 @@ public:
     CString PickDirectory(const CString&, const CString&, void*) override { return ""; }
     std::unique_ptr<veka::DialogWindow> MakeDialogWindow(const veka::DialogTemplate& dialog,
                                                          veka::DialogEvents& events, void*) override {
-        return std::make_unique<test::ScriptedWindow>(dialog, events,
-                                                      [](test::ScriptedWindow& window) { window.Click(IDOK); });
+        return std::make_unique<test::ScriptedWindow>(
+            dialog, events, [](test::ScriptedWindow& window) { window.Click(IDOK); });
     }
 };
 
@@ -96,7 +96,8 @@ protected:
 
 TEST_F(HostTest, ImportsShowsAndStoresAPart) {
     EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN A/1) (MANUFACTURER Maker) (NUMBEROFPINS 3)))"), 0);
-    EXPECT_EQ(out.str(), "Part          A/1\nManufacturer  Maker\nPins          3\nStored as A&#47;1 in " + library + "\n");
+    EXPECT_EQ(out.str(), "Part          A/1\nManufacturer  Maker\nPins          3\nStored as A&#47;1 in " +
+                             library + "\n");
     EXPECT_EQ(err.str(), "");
     EXPECT_TRUE(Stored("A&#47;1"));
 }
@@ -112,13 +113,14 @@ TEST_F(HostTest, TheSummaryOfARealPartIsShort) {
     EXPECT_EQ(Run({veka::FromPath(test::ProjectFolder("examples") / "op-amp.veka").GetString()}), 0);
     EXPECT_LE(Lines(), 10);
     EXPECT_THAT(out.str(), AllOf(HasSubstr("Packages      1: SO8\n"), HasSubstr("Footprints    1: SO8N\n"),
-                            HasSubstr("Symbols       1: OPAMP\n")));
+                                 HasSubstr("Symbols       1: OPAMP\n")));
 }
 
 TEST_F(HostTest, AsksBeforeAPartIsOverwritten) {
     Import(kPart);
     EXPECT_EQ(Import(kPart, "ask", "y\n"), 0);
-    EXPECT_THAT(err.str(), EndsWith("\"A\" is in the library \"" + library + "\" already. Replace it? [y/n]: "));
+    EXPECT_THAT(err.str(),
+                EndsWith("\"A\" is in the library \"" + library + "\" already. Replace it? [y/n]: "));
     EXPECT_THAT(out.str(), HasSubstr("The part that was there is kept; --undo restores it.\n"));
     EXPECT_EQ(Import(kPart, "ask", "n\n"), 1);
     EXPECT_THAT(err.str(), EndsWith("veka-host: \"A\" is in the library already and was left alone\n"));
@@ -173,7 +175,8 @@ TEST_F(HostTest, APartWithoutANumberIsNeverStored) {
 
 TEST_F(HostTest, AMissingFileIsRefused) {
     const std::string missing = (directory / "missing").GetString();
-    for (const auto& arguments : {std::vector<std::string>{missing, "--library", library}, {missing, "--print"}}) {
+    for (const auto& arguments :
+         {std::vector<std::string>{missing, "--library", library}, {missing, "--print"}}) {
         EXPECT_EQ(Run(arguments), 1);
         EXPECT_EQ(err.str(), "veka-host: there is no file \"" + missing + "\"\n");
         EXPECT_EQ(out.str(), "");
@@ -182,7 +185,8 @@ TEST_F(HostTest, AMissingFileIsRefused) {
 
 TEST_F(HostTest, AMissingLibraryIsAFailureThatNamesIt) {
     EXPECT_EQ(Run({Write("f", kPart), "--library", (directory / "missing").GetString()}), 3);
-    EXPECT_THAT(err.str(), AllOf(HasSubstr("f\" could not be stored: cannot open the directory \""), HasSubstr("missing\"")));
+    EXPECT_THAT(err.str(), AllOf(HasSubstr("f\" could not be stored: cannot open the directory \""),
+                                 HasSubstr("missing\"")));
 }
 
 TEST_F(HostTest, ADirectoryInPlaceOfAFileIsAFailure) {
@@ -270,7 +274,8 @@ TEST_F(HostTest, PrintsThePinsAsATable) {
     EXPECT_THAT(out.str(), testing::StartsWith("Number  Name  Type    Padstack  X     Y\n"
                                                "1       OUTA  OUTPUT  R06X15T   -2.7  1.905\n"));
     EXPECT_EQ(Run({file, "--pins", "csv"}), 0);
-    EXPECT_THAT(out.str(), testing::StartsWith("Number,Name,Type,Padstack,X,Y\n1,OUTA,OUTPUT,R06X15T,-2.7,1.905\n"));
+    EXPECT_THAT(out.str(),
+                testing::StartsWith("Number,Name,Type,Padstack,X,Y\n1,OUTA,OUTPUT,R06X15T,-2.7,1.905\n"));
 }
 
 TEST_F(HostTest, SeveralFilesAreImportedAndEachIsReported) {
@@ -288,11 +293,15 @@ TEST_F(HostTest, SeveralFilesAreImportedAndEachIsReported) {
 
 TEST_F(HostTest, AProgramWithoutSolidsSaysSo) {
     EXPECT_EQ(Run({Write("f", kPart), "--step", (directory / "out.step").GetString()}), 3);
-    EXPECT_THAT(err.str(), HasSubstr("f\" were written: this program was built without OpenCASCADE and cannot make solids\n"));
+    EXPECT_THAT(
+        err.str(),
+        HasSubstr("f\" were written: this program was built without OpenCASCADE and cannot make solids\n"));
 }
 
 TEST_F(HostTest, SolidsThatFailDoNotStopTheStore) {
-    EXPECT_EQ(Run({Write("part.veka", kPart), "--library", library, "--step", (directory / "out.step").GetString()}), 3);
+    EXPECT_EQ(Run({Write("part.veka", kPart), "--library", library, "--step",
+                   (directory / "out.step").GetString()}),
+              3);
     EXPECT_TRUE(Stored("A"));
     EXPECT_FALSE(std::filesystem::exists(directory.Path() / "out.step"));
 }
@@ -331,7 +340,8 @@ TEST_F(HostTest, OutputThatCannotBeWrittenIsAFailure) {
     struct Full : std::streambuf {
     } full;
     std::istringstream in;
-    for (const auto& arguments : {std::vector<std::string>{"--help"}, {Write("part.veka", kPart), "--print"}}) {
+    for (const auto& arguments :
+         {std::vector<std::string>{"--help"}, {Write("part.veka", kPart), "--print"}}) {
         std::ostream broken(&full);
         err.str("");
         EXPECT_EQ(host::RunHost(arguments, {in, broken, err, false}), 3);
@@ -345,7 +355,8 @@ TEST_F(HostTest, ALibraryInUseIsWaitedForSaidSoAndGivenUp) {
     const host::Directory open(Root());
     const host::FileLock lock(open, ".veka-lock", nullptr);
     EXPECT_EQ(Run({Write("part.veka", kPart), "--library", library, "--wait", "0"}), 3);
-    EXPECT_THAT(err.str(), HasSubstr("part.veka\" could not be stored: the library \"" + library + "\" is in use by"));
+    EXPECT_THAT(err.str(),
+                HasSubstr("part.veka\" could not be stored: the library \"" + library + "\" is in use by"));
     EXPECT_EQ(Run({Write("part.veka", kPart), "--library", library, "--wait", "2"}), 3);
     EXPECT_THAT(err.str(), HasSubstr("veka-host: waiting for the library \"" + library + "\", which "));
 }
@@ -433,7 +444,8 @@ TEST_F(HostTest, NoTextOfAFileOrAPathControlsTheTerminal) {
     std::vector<std::string> evil;
     for (int byte = 1; byte < 256; ++byte)
         if (byte != '"' && byte != '/') evil.push_back(std::string("e") + static_cast<char>(byte) + "[2J");
-    for (int code = 0x80; code < 0xA0; ++code) evil.push_back(std::string("e\xC2") + static_cast<char>(code) + "[2J");
+    for (int code = 0x80; code < 0xA0; ++code)
+        evil.push_back(std::string("e\xC2") + static_cast<char>(code) + "[2J");
     const auto expectSafe = [&](const std::string& text) {
         EXPECT_TRUE(IsSafe(out.str())) << testing::PrintToString(text) << testing::PrintToString(out.str());
         EXPECT_TRUE(IsSafe(err.str())) << testing::PrintToString(text) << testing::PrintToString(err.str());

@@ -9,7 +9,8 @@ namespace {
 using veka::Printable;
 
 TEST(Printable, PlainTextIsItself) {
-    EXPECT_EQ(Printable("a b.c \xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80"), "a b.c \xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80");
+    EXPECT_EQ(Printable("a b.c \xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80"),
+              "a b.c \xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80");
     EXPECT_EQ(Printable(""), "");
 }
 
@@ -38,7 +39,8 @@ TEST(Printable, CharactersThatControlATerminalAreEscaped) {
 }
 
 TEST(Printable, CharactersThatTurnTheTextOrEndALineAreEscaped) {
-    for (const char* character : {"\xD8\x9C", "\xE2\x80\x8E", "\xE2\x80\x8F", "\xE2\x80\xA8", "\xE2\x80\xAE", "\xE2\x81\xA6", "\xE2\x81\xA9"})
+    for (const char* character : {"\xD8\x9C", "\xE2\x80\x8E", "\xE2\x80\x8F", "\xE2\x80\xA8", "\xE2\x80\xAE",
+                                  "\xE2\x81\xA6", "\xE2\x81\xA9"})
         EXPECT_EQ(Printable(character).substr(0, 2), "\\x") << character;
     EXPECT_EQ(Printable("\xE2\x80\x93"), "\xE2\x80\x93") << "a dash";
 }

@@ -6,12 +6,12 @@
 
 namespace veka {
 
-/// Dialogs, messages, questions and pickers as texts on a terminal. At the end of the input a question is answered No,
-/// and a picker and a dialog are cancelled. Texts are written as `Printable` makes them.
+/// Dialogs, messages, questions and pickers as texts on a terminal. At the end of the input a question is
+/// answered No, and a picker and a dialog are cancelled. Texts are written as `Printable` makes them.
 class ConsoleUserInterface : public UserInterface {
 public:
-    /// Both streams must outlive the user interface. `out` is the terminal; a program whose output is data passes its
-    /// error stream.
+    /// Both streams must outlive the user interface. `out` is the terminal; a program whose output is data
+    /// passes its error stream.
     ConsoleUserInterface(std::istream& in, std::ostream& out) : m_in(in), m_out(out) {}
 
     void ShowMessage(const CString& text) override;

@@ -6,8 +6,8 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QSettings>
 #include <QTabWidget>
@@ -16,8 +16,8 @@
 #include <QUrl>
 #include <QWindow>
 
-#include "support/Files.h"
 #include "qt/Text.h"
+#include "support/Files.h"
 #include "support/QtScript.h"
 
 namespace {
@@ -50,7 +50,8 @@ protected:
     }
     /// What the list of files says about a file.
     std::string State(const CString& path) {
-        const auto found = test::QtScript::Child<QTreeWidget>(window, "files")->findItems(veka::ToQString(path), Qt::MatchExactly);
+        const auto found = test::QtScript::Child<QTreeWidget>(window, "files")
+                               ->findItems(veka::ToQString(path), Qt::MatchExactly);
         return found.isEmpty() ? "" : found[0]->text(1).toStdString();
     }
     void Trigger(const char* action) { test::QtScript::Child<QAction>(window, action)->trigger(); }
@@ -185,16 +186,19 @@ TEST_F(QtMainWindow, ADragOfPartDataFilesIsWelcome) {
 TEST_F(QtMainWindow, ADropIsACopyAndNeverAMove) {
     window.Suggest("", library);
     EXPECT_EQ(Drop({Url(file)}, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
-    EXPECT_EQ(Drop({Url(directory.Write("B.veka", "(VEK (PARTGENERAL (MPN B)))"))}, Qt::MoveAction), Qt::IgnoreAction);
+    EXPECT_EQ(Drop({Url(directory.Write("B.veka", "(VEK (PARTGENERAL (MPN B)))"))}, Qt::MoveAction),
+              Qt::IgnoreAction);
     EXPECT_FALSE(Stored("B"));
 }
 
 /// Files of parts P0, P1 and so on, with a unit that makes their content another one.
-std::vector<CString> WriteParts(const test::TemporaryDirectory& directory, int count, const std::string& unit) {
+std::vector<CString> WriteParts(const test::TemporaryDirectory& directory, int count,
+                                const std::string& unit) {
     std::vector<CString> files;
     for (int i = 0; i < count; ++i)
-        files.push_back(directory.Write("p" + std::to_string(i) + ".veka",
-                                        "(VEK (PARTGENERAL (UNIT " + unit + ") (MPN P" + std::to_string(i) + ")))"));
+        files.push_back(
+            directory.Write("p" + std::to_string(i) + ".veka",
+                            "(VEK (PARTGENERAL (UNIT " + unit + ") (MPN P" + std::to_string(i) + ")))"));
     return files;
 }
 
