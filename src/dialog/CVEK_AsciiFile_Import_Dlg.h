@@ -15,9 +15,9 @@ public:
     ~CVEK_AsciiFile_Import_Dlg() override;
 
     CString GetVEKAsciiFilePath() const { return m_strVEKAsciiFilePath; }
-    void SetVEKAsciiFilePath(const CString& path) { m_strVEKAsciiFilePath = path; }
+    void SetVEKAsciiFilePath(CString path) { m_strVEKAsciiFilePath = std::move(path); }
     CString GetDefaultPartLibDir() const { return m_strDefaultPartLibDir; }
-    void SetDefaultPartLibDir(const CString& directory) { m_strDefaultPartLibDir = directory; }
+    void SetDefaultPartLibDir(CString directory) { m_strDefaultPartLibDir = std::move(directory); }
     /// The parser with the model; it stays the dialog's. Each OK makes a new one.
     CVEK_AsciiParser* GetParser() const noexcept { return m_pParser; }
     /// Takes a parser over. The former one is not deleted: it becomes the caller's.

@@ -80,8 +80,8 @@ struct RecordDescription {
     void* (*clone)(const void* source) = nullptr;                ///< a new record by `Clone`
     void (*assign)(void* target, const void* source) = nullptr;  ///< `operator=` with a copy
     void (*moveAssign)(void* target, void* source) = nullptr;    ///< `operator=` with a move
-    void (*init)(void* record) = nullptr;                        ///< the protected `Init`
-    void (*destroy)(void* record) noexcept = nullptr;            ///< deletes a record that was made
+    void (*init)(void* record) = nullptr;              ///< the protected `Init`; null for a private one
+    void (*destroy)(void* record) noexcept = nullptr;  ///< deletes a record that was made
     /// The address of an object as one of this class, or null; for object classes.
     const void* (*cast)(const CVEKA_3DObject& object) = nullptr;
 

@@ -30,12 +30,18 @@ struct OperationsOf {
         *static_cast<T*>(target) = std::move(*static_cast<T*>(source));
     }
     static void Init(void* record) { (static_cast<T*>(record)->*Opened::Pointer())(); }
+    static constexpr bool HasInit() { return Opened::HasInit(); }
     static void Destroy(void* record) noexcept { delete static_cast<T*>(record); }
     static const void* Cast(const CVEKA_3DObject& object) { return dynamic_cast<const T*>(&object); }
 
 private:
-    /// Names the protected `Init`.
+    /// Names the protected `Init`. Some classes have a private one.
     struct Opened : T {
+        static constexpr bool HasInit() {
+            return requires {
+                &Opened::Init;
+            };
+        }
         static constexpr auto Pointer() { return &Opened::Init; }
     };
 };
@@ -95,7 +101,7 @@ private:
         description.clone = Operations::Clone;
         description.assign = Operations::Assign;
         description.moveAssign = Operations::MoveAssign;
-        description.init = Operations::Init;
+        if constexpr (Operations::HasInit()) description.init = Operations::Init;
         description.destroy = Operations::Destroy;
         if constexpr (IsArray<T>)
             FillArray<T>(description);

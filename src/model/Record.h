@@ -87,6 +87,12 @@ struct FieldAccess {
         ForEach<Class>(record, visit, std::make_integer_sequence<int, kCount<Class>>());
     }
 
+    /// Assigns every field but those of a base class.
+    template <class Record>
+    static void CopyOwn(const Record& source, Record& target) {
+        ForEachOwn(target, [&](const auto& row, auto& field) { field = source.*row.member; });
+    }
+
 private:
     template <class Class, class Record, class Visitor, int... Index>
     static void ForEach(Record& record, Visitor& visit, std::integer_sequence<int, Index...>) {
@@ -226,29 +232,45 @@ public:                                                      \
     CString Get() const {                                    \
         return Name;                                         \
     }                                                        \
-    void Set(const CString& value) {                         \
-        Name = value;                                        \
+    void Set(CString value) {                                \
+        Name = std::move(value);                             \
     }                                                        \
                                                              \
 private:
 
-/// A sub-record or an array. The getter gives the one that the record holds. The setter copies into it, and
-/// raises `CInvalidArgException` for null.
+/// A sub-record or an array. The getters give the one that the record holds; it can be changed only through a
+/// record that can be changed. The setter copies into it, and raises `CInvalidArgException` for null.
 #define VEKA_OWNED(Class, Name, Doc) VEKA_OWNED_AS(Class, Name, Get##Name, Set##Name, Doc)
-#define VEKA_OWNED_AS(Class, Name, Get, Set, Doc)            \
-    VEKA_DESCRIBE(Name, &VekaSelf::Get, &VekaSelf::Set, Doc) \
-    Owned<Class> Name;                                       \
-                                                             \
-public:                                                      \
-    Class* Get() const noexcept {                            \
-        return Name;                                         \
-    }                                                        \
-    void Set(const Class* value) {                           \
-        if (!value) AfxThrowInvalidArgException();           \
-        *Name = *value;                                      \
-    }                                                        \
-                                                             \
+#define VEKA_OWNED_AS(Class, Name, Get, Set, Doc)                                                        \
+    VEKA_DESCRIBE(Name, static_cast<const Class* (VekaSelf::*)() const>(&VekaSelf::Get), &VekaSelf::Set, \
+                  Doc)                                                                                   \
+    VEKA_OWNED_FIELD(Class, Name, Set)                                                                   \
+    Class* Get() noexcept {                                                                              \
+        return Name;                                                                                     \
+    }                                                                                                    \
+    const Class* Get() const noexcept {                                                                  \
+        return Name;                                                                                     \
+    }                                                                                                    \
+                                                                                                         \
 private:
+/// A sub-record or an array that can be changed through a constant record too. Use it only where hosts are
+/// promised a constant getter that gives a variable sub-record.
+#define VEKA_OWNED_VARIABLE(Class, Name, Doc)                            \
+    VEKA_DESCRIBE(Name, &VekaSelf::Get##Name, &VekaSelf::Set##Name, Doc) \
+    VEKA_OWNED_FIELD(Class, Name, Set##Name)                             \
+    Class* Get##Name() const noexcept {                                  \
+        return Name;                                                     \
+    }                                                                    \
+                                                                         \
+private:
+#define VEKA_OWNED_FIELD(Class, Name, Set)         \
+    Owned<Class> Name;                             \
+                                                   \
+public:                                            \
+    void Set(const Class* value) {                 \
+        if (!value) AfxThrowInvalidArgException(); \
+        *Name = *value;                            \
+    }
 
 /// A list of strings. The getter fills the list that it is given; the setter replaces the field's list.
 #define VEKA_LIST(Name, Doc) VEKA_LIST_AS(Name, Get##Name, Set##Name, Doc)
@@ -267,12 +289,12 @@ public:                                                      \
 private:
 
 /// A second setter of a list, which appends one string.
-#define VEKA_LIST_APPEND(Name, Append)  \
-public:                                 \
-    void Append(const CString& value) { \
-        Name.Add(value);                \
-    }                                   \
-                                        \
+#define VEKA_LIST_APPEND(Name, Append) \
+public:                                \
+    void Append(CString value) {       \
+        Name.Add(std::move(value));    \
+    }                                  \
+                                       \
 private:
 
 /// A public field of any type, without accessors.

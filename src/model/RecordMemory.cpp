@@ -38,23 +38,37 @@ constexpr std::size_t kPageSize = std::size_t{32} * 1024;
 constexpr std::size_t kLargestInPage = 2048;
 // The bytes before a record hold the pointer to its page, or null.
 constexpr std::size_t kHeader = sizeof(void*);
-// A record outside of pages has the alignment of any other memory, because a class that a host derives from a
-// record may need it.
-constexpr std::size_t kOwnHeader = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
+// Records need this alignment. A class that a host derives from a record may need that of any other memory.
+constexpr std::size_t kAlignment = alignof(void*);
+constexpr std::size_t kLargestAlignment = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
+// Before a record outside of pages.
+constexpr std::size_t kOwnHeader = kLargestAlignment;
 
 thread_local RecordMemory::ImportScope* t_scope = nullptr;
+
+/// The bytes from a free place to the end of a record there: the gap before the record, its header and the
+/// record.
+std::size_t SpaceFor(const std::byte* free, std::size_t size) noexcept {
+    // The size of an object is a multiple of its alignment, so that most sizes tell of a small one.
+    const std::size_t alignment = size % kLargestAlignment == 0 ? kLargestAlignment : kAlignment;
+    const std::size_t gap = -(reinterpret_cast<std::uintptr_t>(free) + kHeader) & (alignment - 1);
+    return gap + kHeader + ((size + kAlignment - 1) & ~(kAlignment - 1));
+}
 
 }  // namespace
 
 void* RecordMemory::Allocate(std::size_t size) {
-    const std::size_t whole = kHeader + ((size + kHeader - 1) & ~(kHeader - 1));
     ImportScope* scope = t_scope;
     std::byte* record;
     Page* page = nullptr;
     if (scope && size <= kLargestInPage) {
-        if (whole > static_cast<std::size_t>(scope->m_end - scope->m_free)) scope->BeginPage();
-        record = scope->m_free + kHeader;
-        scope->m_free += whole;
+        std::size_t space = SpaceFor(scope->m_free, size);
+        if (space > static_cast<std::size_t>(scope->m_end - scope->m_free)) {
+            scope->BeginPage();
+            space = SpaceFor(scope->m_free, size);
+        }
+        scope->m_free += space;
+        record = scope->m_free - ((size + kAlignment - 1) & ~(kAlignment - 1));
         ++scope->m_allocated;
         page = scope->m_page;
         ASAN_UNPOISON_MEMORY_REGION(record - kHeader, kHeader + size);
@@ -87,7 +101,7 @@ RecordMemory::ImportScope::~ImportScope() {
 
 /// Begins a page that has room for any record.
 void RecordMemory::ImportScope::BeginPage() {
-    static_assert(sizeof(Page) + kHeader + kLargestInPage <= kPageSize);
+    static_assert(sizeof(Page) + kLargestAlignment + kHeader + kLargestInPage <= kPageSize);
     EndPage();
     auto* memory = static_cast<std::byte*>(::operator new(kPageSize));
     m_page = ::new (memory) Page;

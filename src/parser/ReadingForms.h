@@ -296,7 +296,7 @@ struct ElementByPlace : Element<Array, Make> {
         auto record = std::make_unique<RecordOf<Make>>();
         const auto rows = this->make(*record);
         rows.ReadOwn(reader, from);
-        const CECadClsLvlArray& children = *from.level->m_pChildren;
+        CECadClsLvlArray& children = *from.level->m_pChildren;
         if (children.GetSize() > 0) {
             CECadClsLvl* child = children.GetAt(from.place);
             if (!child) throw CInvalidAccessException(from.level->m_strName, from.place);

@@ -19,21 +19,31 @@ public:
     ~CExPtrArray() override { DeleteAll(); }
 
     bool IsValidIndex(INT_PTR index) const noexcept { return index >= 0 && index < this->m_nSize; }
-    /// The element, or null outside the array.
-    TYPE GetAt(INT_PTR index) const noexcept { return IsValidIndex(index) ? this->m_pData[index] : nullptr; }
+    /// The element, or null outside the array. Elements of a constant array are constant here and in loops;
+    /// the operators of `CArray` give the pointers as they are, and raise `CInvalidArgException` outside the
+    /// array.
+    TYPE GetAt(INT_PTR index) noexcept { return IsValidIndex(index) ? this->m_pData[index] : nullptr; }
+    const Element* GetAt(INT_PTR index) const noexcept {
+        return IsValidIndex(index) ? this->m_pData[index] : nullptr;
+    }
     /// Stores at a valid index, without deleting the old element; does nothing at any other.
     void SetAt(INT_PTR index, ARG_TYPE element) noexcept {
         if (IsValidIndex(index)) this->m_pData[index] = element;
     }
-    TYPE operator[](INT_PTR index) const noexcept { return GetAt(index); }
     /// The last element, or null if there is none.
-    TYPE GetLastElement() const noexcept { return GetAt(this->m_nSize - 1); }
+    TYPE GetLastElement() noexcept { return GetAt(this->m_nSize - 1); }
+    const Element* GetLastElement() const noexcept { return GetAt(this->m_nSize - 1); }
+
+    TYPE* begin() noexcept { return this->m_pData; }
+    TYPE* end() noexcept { return this->m_pData + this->m_nSize; }
+    const Element* const* begin() const noexcept { return this->m_pData; }
+    const Element* const* end() const noexcept { return this->m_pData + this->m_nSize; }
 
     bool Exists(ARG_TYPE element) const noexcept { return FindIndex(element) >= 0; }
     /// Index of the first occurrence, or -1.
     INT_PTR FindIndex(ARG_TYPE element) const noexcept {
-        const TYPE* found = std::find(this->begin(), this->end(), element);
-        return found == this->end() ? -1 : found - this->begin();
+        const auto* found = std::find(begin(), end(), element);
+        return found == end() ? -1 : found - begin();
     }
 
     /// Appends an element and takes it over, also where the appending fails.
@@ -110,7 +120,7 @@ public:
     /// `Remove` for each element of the other array, in its order.
     void Subtract(const CExPtrArray& other) {
         if (&other == this) return this->RemoveAll();
-        for (TYPE element : other) Remove(element);
+        for (INT_PTR i = 0; i < other.m_nSize; ++i) Remove(other.m_pData[i]);
     }
     void Reverse() noexcept { std::reverse(this->begin(), this->end()); }
     /// True if both hold the same pointers in the same order.

@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <limits>
+#include <ostream>
 #include <stdexcept>
 
 #include "platform/Exceptions.h"
@@ -209,4 +210,8 @@ void CString::Format(const char* format, ...) {
     if (length > 0) std::vsnprintf(text.data(), text.size() + 1, format, again);
     va_end(again);
     *this = CString(text);
+}
+
+std::ostream& operator<<(std::ostream& out, const CString& text) {
+    return out << text.View();
 }

@@ -4,11 +4,23 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "platform/Export.h"
+
+/// Marks what is valid only as long as the object that gave it. Clang then warns where the object is a
+/// temporary one and the result is kept.
+#if defined(__has_cpp_attribute)
+#if __has_cpp_attribute(clang::lifetimebound)
+#define VEKA_LIFETIMEBOUND [[clang::lifetimebound]]
+#endif
+#endif
+#ifndef VEKA_LIFETIMEBOUND
+#define VEKA_LIFETIMEBOUND
+#endif
 
 /// Byte string without an encoding; any byte may stand in it, a zero byte too.
 ///
@@ -37,7 +49,7 @@ public:
         else
             Copy(other.View());
     }
-    /// A borrowed text stays borrowed, unlike in a copy.
+    /// Takes over the text; a borrowed one is copied. The other string is then empty.
     CString(CString&& other) noexcept { MoveFrom(other); }
     ~CString() { Free(); }
     CString& operator=(const CString& other) {
@@ -56,14 +68,7 @@ public:
 
     /// A string of a text that lives elsewhere, as long as the string, with a zero byte behind it.
     /// A short text is copied.
-    static CString Borrow(std::string_view text) noexcept {
-        CString string;
-        if (text.size() <= kMaximumInside)
-            string.Copy(text);
-        else
-            string.Set(text.data(), text.size(), kBorrowed);
-        return string;
-    }
+    static CString Borrow(std::string_view text) noexcept { return CString(text, Borrowed()); }
     /// A string of a text of up to `kMaximumInside` bytes, where 16 bytes can be read whatever its length:
     /// the quick way for a reader.
     static CString Inside(const char* text, size_t length) noexcept {
@@ -80,14 +85,21 @@ public:
     static constexpr size_t kMaximumInside = 14;
 
     /// All bytes, valid until the string changes.
-    std::string_view View() const noexcept {
+    std::string_view View() const noexcept VEKA_LIFETIMEBOUND {
         const unsigned char where = Where();
         if (where <= kMaximumInside) return {m_bytes, where};
         return {Pointer(), OutsideLength()};
     }
     /// Zero-terminated bytes, valid until the string changes.
-    const char* GetString() const noexcept { return Where() <= kMaximumInside ? m_bytes : Pointer(); }
-    operator const char*() const noexcept { return GetString(); }
+    const char* GetString() const noexcept VEKA_LIFETIMEBOUND {
+        return Where() <= kMaximumInside ? m_bytes : Pointer();
+    }
+    operator const char*() const noexcept VEKA_LIFETIMEBOUND { return GetString(); }
+    /// All bytes, of a string that has a name: those of a temporary one would be gone at once.
+    operator std::string_view() const& noexcept VEKA_LIFETIMEBOUND { return View(); }
+    operator std::string_view() const&& = delete;
+    /// A copy of all bytes. Explicit, because assigning a string to a `std::string` would be ambiguous.
+    explicit operator std::string() const { return std::string(View()); }
 
     /// The first eight bytes as a number, the first one lowest; zeros stand behind a shorter text.
     std::uint64_t FirstBytes() const noexcept {
@@ -209,6 +221,14 @@ public:
     }
 
 private:
+    struct Borrowed {};
+    CString(std::string_view text, Borrowed) noexcept {
+        if (text.size() <= kMaximumInside)
+            Copy(text);
+        else
+            Set(text.data(), text.size(), kBorrowed);
+    }
+
     // What the last byte tells: the length of a text inside, or one of these.
     static constexpr unsigned char kOwned = 0x80;     // a block of memory, its capacity in front of the text
     static constexpr unsigned char kBorrowed = 0x81;  // somebody else's memory
@@ -241,9 +261,13 @@ private:
         std::memcpy(m_bytes + 8, &number, sizeof number);
         m_bytes[15] = static_cast<char>(where);
     }
-    /// Moves the other string here. This string must hold nothing that has to be freed.
+    /// Moves the other string here. This string must hold nothing that has to be freed. A borrowed text is
+    /// copied, because this string may outlive it; the program ends if there is no memory for the copy.
     void MoveFrom(CString& other) noexcept {
-        std::memcpy(m_bytes, other.m_bytes, sizeof m_bytes);
+        if (other.Where() == kBorrowed)
+            Copy(other.View());
+        else
+            std::memcpy(m_bytes, other.m_bytes, sizeof m_bytes);
         std::memset(other.m_bytes, 0, sizeof m_bytes);
     }
     /// Copies a text into a string that is empty.
@@ -267,4 +291,15 @@ private:
     void FreeOutside() noexcept;
 
     alignas(8) char m_bytes[16] = {};
+};
+
+/// Writes all bytes of a string.
+VEKA_API std::ostream& operator<<(std::ostream& out, const CString& text);
+
+/// Equal strings have equal hashes, and so has a `std::string_view` of the same bytes.
+template <>
+struct std::hash<CString> {
+    std::size_t operator()(const CString& text) const noexcept {
+        return std::hash<std::string_view>()(text.View());
+    }
 };

@@ -142,7 +142,7 @@ TEST_F(ImportDialog, NoLeavesItOpenAndOkReadsTheFileAnew) {
                       window.Click(IDOK);
                       ASSERT_TRUE(window.IsOpen());
                       EXPECT_EQ(MPN(dialog), "ABC/1");
-                      const CVEKA_Manager* first = dialog.GetParser()->GetCVEKA_Manager();
+                      CVEKA_Manager* first = dialog.GetParser()->GetCVEKA_Manager();
                       first->GetVEK()->GetPartGeneral()->SetUnit("left over");
                       directory.Write("part.veka", "(VEK (PARTGENERAL (MPN ABC/1) (PACKAGETYPE new)))");
                       window.Click(IDOK);

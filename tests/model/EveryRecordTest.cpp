@@ -89,10 +89,17 @@ void MovesAsItCopies(const RecordDescription& type) {
     EXPECT_EQ(Difference(type, before, constructed), "");
 }
 
+/// The classes whose `Init` is private. Their assignment calls `Init`.
+const std::set<std::string> kWithPrivateInit{
+    "CVEKA_3DOJ_3DARC",  "CVEKA_3DOJ_3DCIRCLE", "CVEKA_3DOJ_3DFILLCIRCLE", "CVEKA_3DOJ_3DFILLRECT",
+    "CVEKA_3DOJ_3DLINE", "CVEKA_3DOJ_3DOBLONG", "CVEKA_3DOJ_3DPOLYGON",
+};
+
 void HasItsDefaultsAgainAfterInit(const RecordDescription& type) {
     const RecordOwner record = Filled(type, 0);
     const RecordOwner fresh = Own(type, type.make());
-    type.init(record.get());
+    EXPECT_EQ(type.init == nullptr, kWithPrivateInit.count(type.name) > 0);
+    type.init ? type.init(record.get()) : type.assign(record.get(), fresh.get());
     EXPECT_EQ(Difference(type, fresh, record), "");
 }
 

@@ -61,6 +61,20 @@ TEST(RecordMemory, OfAnImportStandsSideBySide) {
     for (const Piece& piece : {second, third, first}) piece.Free();
 }
 
+TEST(RecordMemory, OfAnImportIsAlignedForAClassOfAHostThatNeedsMoreThanARecord) {
+    struct alignas(__STDCPP_DEFAULT_NEW_ALIGNMENT__) Wide : CVEKA_Comment {
+        long double number = 1;
+    };
+    const RecordMemory::ImportScope import;
+    std::vector<std::unique_ptr<CVEKA_Comment>> records;
+    for (int i = 0; i < 1000; ++i) {
+        auto wide = std::make_unique<Wide>();
+        ASSERT_EQ(reinterpret_cast<std::uintptr_t>(wide.get()) % alignof(Wide), 0u);
+        records.push_back(std::move(wide));
+        records.push_back(std::make_unique<CVEKA_Comment>());
+    }
+}
+
 TEST(RecordMemory, OfOneRecordIsNotUsedAgainWhileItsPageIsInUse) {
     const RecordMemory::ImportScope import;
     const Piece kept(24), dead(24);

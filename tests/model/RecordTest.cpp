@@ -4,6 +4,9 @@
 
 #include "model/CVEKA_Comment.h"
 #include "model/CVEKA_Type.h"
+#include "model/electrical/CVEKA_Electrical.h"
+#include "model/library/CVEKA_Font.h"
+#include "model/objects/CVEKA_3DOJ_AxisPivot.h"
 #include "model/objects/LeadObjects.h"
 #include "model/part/CVEKA_PartGeneral.h"
 
@@ -64,6 +67,125 @@ TEST(Record, HasItsVirtualOperationsInOrder) {
     EXPECT_EQ(comment.GetIndex(), 7);
     const std::unique_ptr<CVEKA_Comment> clone(reinterpret_cast<Clone>(table[3])(&comment));
     EXPECT_EQ(clone->GetIndex(), 7);
+}
+
+TEST(Record, AnArrayHasItsVirtualOperationsInOrder) {
+    // Five of the toolkit's (the destructor has two entries of the platform's), the two removals, and the
+    // four of each array.
+    CVEKA_CommentArray array, other;
+    other.Add(new CVEKA_Comment);
+    void** table = *reinterpret_cast<void***>(&array);
+    using GetClass = const CRuntimeClass* (*)(const CVEKA_CommentArray*);
+    EXPECT_STREQ(reinterpret_cast<GetClass>(table[0])(&array)->m_lpszClassName, "CVEKA_CommentArray");
+    using Remove = void (*)(CVEKA_CommentArray*);
+    array.SetSize(2);
+    reinterpret_cast<Remove>(table[7])(&array);
+    EXPECT_EQ(array.GetSize(), 1) << "the second of two equal elements is removed";
+    reinterpret_cast<Remove>(table[6])(&array);
+    EXPECT_EQ(array.GetSize(), 0) << "null elements are removed";
+    using Assign = CVEKA_CommentArray& (*)(CVEKA_CommentArray*, const CVEKA_CommentArray&);
+    reinterpret_cast<Assign>(table[8])(&array, array);
+    reinterpret_cast<Assign>(table[8])(&array, other);
+    EXPECT_EQ(array.GetSize(), 1);
+    using Clone = CVEKA_CommentArray* (*)(const CVEKA_CommentArray*);
+    const std::unique_ptr<CVEKA_CommentArray> clone(reinterpret_cast<Clone>(table[9])(&array));
+    EXPECT_EQ(clone->GetSize(), 1);
+    using Take = void (*)(CVEKA_CommentArray*, const CVEKA_CommentArray&);
+    reinterpret_cast<Take>(table[11])(&array, other);
+    EXPECT_EQ(array.GetSize(), 2) << "Append";
+    reinterpret_cast<Take>(table[10])(&array, other);
+    EXPECT_EQ(array.GetSize(), 1) << "Copy";
+}
+
+TEST(Record, ACopyOfAnArrayHasElementsOfTheRecordsOwnClass) {
+    struct OfAHost : CVEKA_Comment {};
+    CVEKA_CommentArray array, appended;
+    array.Add(std::make_unique<OfAHost>());
+    array[0]->SetIndex(7);
+    const CVEKA_CommentArray copy(array);
+    appended.Append(array);
+    for (const CVEKA_CommentArray* each : std::vector<const CVEKA_CommentArray*>{&copy, &appended}) {
+        const CVEKA_Comment& element = *each->GetAt(0);
+        EXPECT_EQ(typeid(element), typeid(CVEKA_Comment));
+        EXPECT_EQ(element.GetIndex(), 7);
+    }
+}
+
+TEST(Record, TheGetterOfAListReplacesTheListThatItFills) {
+    CVEKA_PartGeneral general;
+    general.SetCPN("a");
+    general.SetCPN("b");
+    CStringArray list;
+    list.Add("of the caller");
+    general.GetCPNArr(list);
+    ASSERT_EQ(list.GetSize(), 2);
+    EXPECT_EQ(list[0], "a");
+}
+
+/// True if a call compiles on an object of the type.
+template <class T>
+concept GivesAVariableBOM = requires(T& general) {
+    general.GetBOM()->SetCost(1);
+};
+template <class T>
+concept GivesAVariableElement = requires(T& array) {
+    array.GetAt(0)->SetIndex(1);
+};
+template <class T>
+concept GivesAVariableLastElement = requires(T& array) {
+    array.GetLastElement()->SetIndex(1);
+};
+template <class T>
+concept LoopsOverVariableElements = requires(T& array) {
+    (*array.begin())->SetIndex(1);
+};
+template <class T>
+concept GivesAVariableFont = requires(T& fonts) {
+    fonts.GetFontByID(1)->SetFontID(1);
+};
+template <class T>
+concept GivesAVariableRotation = requires(T& solid) {
+    solid.GetRotate()->SetX(1);
+};
+template <class T>
+concept GivesVariableRails = requires(T& electrical) {
+    electrical.GetPowerRails()->DeleteAll();
+};
+
+TEST(Record, CannotBeChangedThroughAConstantOne) {
+    EXPECT_TRUE(GivesAVariableBOM<CVEKA_PartGeneral>);
+    EXPECT_FALSE(GivesAVariableBOM<const CVEKA_PartGeneral>);
+    EXPECT_TRUE(GivesAVariableElement<CVEKA_CommentArray>);
+    EXPECT_FALSE(GivesAVariableElement<const CVEKA_CommentArray>);
+    EXPECT_TRUE(GivesAVariableLastElement<CVEKA_CommentArray>);
+    EXPECT_FALSE(GivesAVariableLastElement<const CVEKA_CommentArray>);
+    EXPECT_TRUE(LoopsOverVariableElements<CVEKA_CommentArray>);
+    EXPECT_FALSE(LoopsOverVariableElements<const CVEKA_CommentArray>);
+    EXPECT_TRUE(GivesAVariableFont<CVEKA_FontArray>);
+    EXPECT_FALSE(GivesAVariableFont<const CVEKA_FontArray>);
+    EXPECT_TRUE(GivesAVariableRotation<CVEKA_3DOJ_AxisPivot>);
+    EXPECT_FALSE(GivesAVariableRotation<const CVEKA_3DOJ_AxisPivot>);
+}
+
+TEST(Record, TheElectricalSectionGivesVariableRecordsEvenWhereItIsConstant) {
+    EXPECT_TRUE(GivesVariableRails<const CVEKA_Electrical>);
+}
+
+TEST(Record, ASetterTakesATextByValue) {
+    void (CVEKA_DeviceModel::*setter)(CString) = &CVEKA_DeviceModel::SetFilePath;
+    void (CVEKA_3DOJ_RotMirror::*mirror)(CString) = &CVEKA_3DOJ_RotMirror::SetMirror;
+    void (CVEKA_PartGeneral::*append)(CString) = &CVEKA_PartGeneral::SetCPN;
+    CVEKA_DeviceModel model;
+    (model.*setter)("a.lib");
+    EXPECT_EQ(model.GetFilePath(), "a.lib");
+    CVEKA_3DOJ_BAR bar;
+    (bar.*mirror)("N");
+    EXPECT_EQ(bar.GetMirror(), "N");
+    CVEKA_PartGeneral general;
+    (general.*append)("1");
+    CStringArray list;
+    general.GetCPNArr(list);
+    EXPECT_EQ(list[0], "1");
 }
 
 TEST(Record, ACopyPassesOverNullElements) {

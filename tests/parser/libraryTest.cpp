@@ -86,20 +86,20 @@ TEST(Parser, NoNullElementReachesTheModel) {
         " (PADS (PAD (NOSUCH) (VOID (NOSUCH) (LINE))))"
         " (VEK (PACKAGES (PACKAGE (MARKINGGEOMETRIES (NOSUCH) (POLYLINE (NOSUCH))) (BODYGEOMETRY (BODYSHAPE "
         "(COMPOSITE (NOSUCH)))))))");
-    const CVEKA_Manager& model = *parser->GetCVEKA_Manager();
+    CVEKA_Manager& model = *parser->GetCVEKA_Manager();
     const auto& drawn = *model.GetFootprintDBArr()->GetAt(0)->GetCAMLayers()->GetAt(0)->GetCamLayerDrawObjs();
     ASSERT_EQ(drawn.GetSize(), 3);
     EXPECT_EQ(dynamic_cast<CVEKA_3DOJ_POLYGON&>(*drawn[1]).BOUNDARY->GetSize(), 1);
     EXPECT_EQ(dynamic_cast<CVEKA_3DOJ_COMPOSITE&>(*drawn[2]).Elements->GetSize(), 0);
     EXPECT_EQ(model.GetPartitionDBArr()->GetAt(0)->GetBodyShape()->GetSize(), 1);
-    const auto& pin = *model.GetPartitionDBArr()->GetAt(0)->GetPins()->GetAt(0);
+    auto& pin = *model.GetPartitionDBArr()->GetAt(0)->GetPins()->GetAt(0);
     EXPECT_EQ(dynamic_cast<CVEKA_3DOJ_POLYLINE&>(*pin.GetCAMLayerDrawObjs()->GetAt(0)).Elements->GetSize(),
               0);
     ASSERT_EQ(model.GetPadArr()->GetAt(0)->GetCamLayerDrawObjs()->GetSize(), 1);
     EXPECT_EQ(dynamic_cast<CVEKA_3DOJ_VOID&>(*model.GetPadArr()->GetAt(0)->GetCamLayerDrawObjs()->GetAt(0))
                   .Elements->GetSize(),
               1);
-    const auto& package = *model.GetVEK()->GetPackages()->GetPackageArr()->GetAt(0);
+    auto& package = *model.GetVEK()->GetPackages()->GetPackageArr()->GetAt(0);
     ASSERT_EQ(package.GetMarkingGeometries()->Get3DObjects()->GetSize(), 1);
     EXPECT_EQ(dynamic_cast<CVEKA_3DOJ_POLYLINE&>(*package.GetMarkingGeometries()->Get3DObjects()->GetAt(0))
                   .Elements->GetSize(),

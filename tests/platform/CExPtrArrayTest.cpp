@@ -32,19 +32,66 @@ protected:
         }
         return things;
     }
-    static std::vector<Thing*> Content(const Array& array) { return {array.begin(), array.end()}; }
+    static std::vector<Thing*> Content(const Array& array) {
+        return {array.GetData(), array.GetData() + array.GetSize()};
+    }
 };
 
 TEST_F(ExPtrArray, GivesNullOutsideItsRange) {
     Array array;
     const auto t = Fill(array, 1);
     EXPECT_EQ(array.GetAt(0), t[0]);
-    EXPECT_EQ(array[0], t[0]);
     EXPECT_EQ(array.GetAt(-1), nullptr);
     EXPECT_EQ(array.GetAt(1), nullptr);
     EXPECT_TRUE(array.IsValidIndex(0));
     EXPECT_FALSE(array.IsValidIndex(-1));
     EXPECT_FALSE(array.IsValidIndex(1));
+}
+
+TEST_F(ExPtrArray, ItsOperatorsGiveAReferenceAndRaiseOutsideItsRange) {
+    Array array;
+    const auto t = Fill(array, 2);
+    Thing*& first = array[0];
+    EXPECT_EQ(&first, array.GetData());
+    std::swap(array[0], array[1]);
+    EXPECT_EQ(Content(array), (std::vector{t[1], t[0]}));
+    EXPECT_THROW(array[2], CInvalidArgException);
+    EXPECT_THROW(array[-1], CInvalidArgException);
+    EXPECT_THROW(std::as_const(array)[2], CInvalidArgException);
+    EXPECT_EQ(&std::as_const(array)[1], array.GetData() + 1);
+}
+
+TEST_F(ExPtrArray, DeletesANullElementAsAnyOther) {
+    Array array;
+    Fill(array, 1);
+    array.SetAtGrow(2, nullptr);
+    EXPECT_TRUE(array.Delete(nullptr));
+    EXPECT_TRUE(array.Delete(nullptr));
+    EXPECT_FALSE(array.Delete(nullptr));
+    EXPECT_EQ(array.GetSize(), 1);
+}
+
+TEST_F(ExPtrArray, SubtractsTheFirstOccurrenceOfAnElementOnly) {
+    Array array, other;
+    const auto t = Fill(array, 2);
+    array.Add(t[0]);
+    array.Add(t[0]);
+    other.Add(t[0]);
+    array.Subtract(other);
+    EXPECT_EQ(Content(array), (std::vector{t[1], t[0], t[0]}));
+    other.RemoveAll();
+    array.RemoveDuplicatedElements();
+}
+
+TEST_F(ExPtrArray, KeepsTheFirstOfItsNullElementsWhereItRemovesDuplicates) {
+    Array array;
+    array.SetAtGrow(1, nullptr);
+    Fill(array, 1);
+    array.Add(static_cast<Thing*>(nullptr));
+    array.RemoveDuplicatedElements();
+    ASSERT_EQ(array.GetSize(), 2);
+    EXPECT_EQ(array[0], nullptr);
+    EXPECT_NE(array[1], nullptr);
 }
 
 TEST_F(ExPtrArray, SetAtStoresAtAValidIndexAloneAndDeletesNothing) {

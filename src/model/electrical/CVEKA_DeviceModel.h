@@ -15,5 +15,5 @@ VEKA_ARRAY(CVEKA_DeviceModelArray, CVEKA_DeviceModel)
 /// Simulation models in a record of their own. No parser method makes one; it is for the model's users.
 class VEKA_API CVEKA_DeviceModels {
     VEKA_RECORD(CVEKA_DeviceModels)
-    VEKA_OWNED(CVEKA_DeviceModelArray, ModelArr, "the simulation models")
+    VEKA_OWNED_VARIABLE(CVEKA_DeviceModelArray, ModelArr, "the simulation models")
 };

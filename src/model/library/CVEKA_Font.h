@@ -20,6 +20,7 @@ class VEKA_API CVEKA_FontArray : public CExPtrArray<CVEKA_Font*, CVEKA_Font*> {
     VEKA_ARRAY_OPERATIONS(CVEKA_FontArray, CVEKA_Font)
 
 public:
-    /// The first font with a number, or null; it stays the array's.
+    /// The first font with this number, or null. The array keeps the font.
     CVEKA_Font* GetFontByID(int id);
+    const CVEKA_Font* GetFontByID(int id) const;
 };

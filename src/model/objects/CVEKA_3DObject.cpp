@@ -2,10 +2,11 @@
 
 #include <array>
 
+#include "model/objects/ObjectKinds.h"
+
 namespace {
 
-// Numbers 54 and 55 stand for kinds without a name. That is required, as is the name of number 7, which no
-// object has.
+// Two kinds, 54 and 55, have no name, and no kind has the number 7 or 15. That is required.
 constexpr std::array kNames = {
     "CUBOID",      "HOLECUBOID",   "CYLINDER",      "DONUT",       "PYRAMID",
     "SPHERE",      "ELLIPSE",      "3DSHAPE",       "3DLINE",      "3DARC",
@@ -23,7 +24,19 @@ constexpr std::array kNames = {
 
 }  // namespace
 
+CVEKA_3DObject::CVEKA_3DObject(const CVEKA_3DObject& other)
+    : Type(other.GetType()), m_removeNulls(other.m_removeNulls), Color(other.Color), Point(other.Point) {}
+
 CVEKA_3DObject::~CVEKA_3DObject() = default;
+
+CVEKA_3DObject& CVEKA_3DObject::operator=(const CVEKA_3DObject& other) {
+    if (this == &other) return *this;
+    CVEKA_3DObject::Init();
+    Type = other.GetType();
+    Color = other.Color;
+    Point = other.Point;
+    return *this;
+}
 
 CVEKA_3DObject* CVEKA_3DObject::Clone() const {
     return new CVEKA_3DObject(*this);
@@ -43,5 +56,7 @@ CString CVEKA_3DObject::GetType(int type) const {
 }
 
 void CVEKA_3DObject::Init() {
-    *this = CVEKA_3DObject();
+    SetType(veka::kKindNumber<CVEKA_3DObject>);
+    Color = {};
+    Point = {};
 }

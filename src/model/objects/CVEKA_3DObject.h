@@ -17,11 +17,11 @@ class object;
 class VEKA_API CVEKA_3DObject {
 public:
     CVEKA_3DObject() = default;
-    CVEKA_3DObject(const CVEKA_3DObject&) = default;
-    CVEKA_3DObject(CVEKA_3DObject&&) = default;
+    /// Copies the number that the source's `GetType` gives, the colour and the point.
+    CVEKA_3DObject(const CVEKA_3DObject& other);
     virtual ~CVEKA_3DObject();
-    virtual CVEKA_3DObject& operator=(const CVEKA_3DObject&) = default;
-    CVEKA_3DObject& operator=(CVEKA_3DObject&&) = default;
+    /// Calls `Init`, and then copies as the copy constructor does.
+    virtual CVEKA_3DObject& operator=(const CVEKA_3DObject& other);
     /// A new object of the same class with all fields; the caller owns it.
     virtual CVEKA_3DObject* Clone() const;
     /// The number of the kind. Two classes share the number 0; the object's class tells them apart.
@@ -36,26 +36,22 @@ public:
                             const CVEKA_3DObjectArray& objects);
 
 protected:
-    /// Sets number, colour and point to their defaults.
+    /// Sets the number through `SetType`, and the colour and the point to their defaults.
     void Init();
-    /// Notes that objects of a kind hold objects of their own, and gives an empty list for them.
+    /// An empty list for a field of a kind. Notes that objects of this kind hold lists.
     template <class Kind>
-    Owned<CVEKA_3DObjectArray> Holding();
+    Owned<CVEKA_3DObjectArray> NewList();
 
 private:
     friend class CVEKA_3DObjectArray;
-    /// A property of the class, which assigning an object of another class must not change.
-    struct Holds {
-        void (*dropNulls)(CVEKA_3DObject& object) noexcept = nullptr;  // in all lists; null without a list
-        Holds() = default;
-        Holds(const Holds&) = default;
-        Holds& operator=(Holds) { return *this; }
-    };
+    using RemoveNulls = void (*)(CVEKA_3DObject& object) noexcept;
 
     VEKA_FIELDS_OF(CVEKA_3DObject, void)
     VEKA_DESCRIBE(Type, nullptr, nullptr, "number of the kind; -1 for none")
     int Type = -1;
-    Holds m_holds;
+    // Removes the null elements from the lists of an object of the kind for which it was made; null if that
+    // kind has no list. A copy as a base class has the function too, so the function checks the class.
+    RemoveNulls m_removeNulls = nullptr;
     VEKA_OWNED(CVEKA_Color, Color, "display colour")
     VEKA_OWNED(CVEKA_Coordinate, Point, "reference point of the object")
 };

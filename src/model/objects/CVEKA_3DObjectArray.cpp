@@ -59,5 +59,5 @@ void CVEKA_3DObjectArray::Init() {
 void CVEKA_3DObjectArray::BecomeACopy() noexcept {
     RemoveNullElement();
     for (CVEKA_3DObject* object : *this)
-        if (object->m_holds.dropNulls) object->m_holds.dropNulls(*object);
+        if (object->m_removeNulls) object->m_removeNulls(*object);
 }

@@ -36,9 +36,11 @@ protected:
 };
 
 template <class Kind>
-Owned<CVEKA_3DObjectArray> CVEKA_3DObject::Holding() {
-    m_holds.dropNulls = [](CVEKA_3DObject& object) noexcept {
-        veka::FieldAccess::ForEachOwn(static_cast<Kind&>(object), [](const auto&, auto& field) {
+Owned<CVEKA_3DObjectArray> CVEKA_3DObject::NewList() {
+    m_removeNulls = [](CVEKA_3DObject& object) noexcept {
+        auto* kind = dynamic_cast<Kind*>(&object);
+        if (!kind) return;
+        veka::FieldAccess::ForEachOwn(*kind, [](const auto&, auto& field) {
             if constexpr (std::is_same_v<decltype(field), Owned<CVEKA_3DObjectArray>&>) field->BecomeACopy();
         });
     };

@@ -6,7 +6,7 @@
 
 /// A line in space.
 class CVEKA_3DOJ_3DLINE : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DLINE, CVEKA_3DOJ_RotMirror)
+    VEKA_OBJECT_WITH_PRIVATE_INIT(CVEKA_3DOJ_3DLINE, CVEKA_3DOJ_RotMirror)
     VEKA_PLACED_POINT(StartPoint, 0, "start of the line")
     VEKA_PLACED_POINT(EndPoint, 1, "end of the line")
     VEKA_REAL(LW, "width of the line")
@@ -14,7 +14,7 @@ class CVEKA_3DOJ_3DLINE : public CVEKA_3DOJ_RotMirror {
 
 /// An arc in space.
 class CVEKA_3DOJ_3DARC : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DARC, CVEKA_3DOJ_RotMirror)
+    VEKA_OBJECT_WITH_PRIVATE_INIT(CVEKA_3DOJ_3DARC, CVEKA_3DOJ_RotMirror)
     VEKA_PLACED_POINT(StartPoint, 0, "start of the arc")
     VEKA_PLACED_POINT(EndPoint, 1, "end of the arc")
     VEKA_PLACED_POINT(CenterPoint, 2, "centre of the arc")
@@ -25,7 +25,7 @@ class CVEKA_3DOJ_3DARC : public CVEKA_3DOJ_RotMirror {
 
 /// A circle in space.
 class CVEKA_3DOJ_3DCIRCLE : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DCIRCLE, CVEKA_3DOJ_RotMirror)
+    VEKA_OBJECT_WITH_PRIVATE_INIT(CVEKA_3DOJ_3DCIRCLE, CVEKA_3DOJ_RotMirror)
     VEKA_REAL(D, "diameter")
     VEKA_REAL(LW, "width of the line")
     VEKA_POINT(PT, "centre of the circle")
@@ -33,14 +33,14 @@ class CVEKA_3DOJ_3DCIRCLE : public CVEKA_3DOJ_RotMirror {
 
 /// A filled circle in space.
 class CVEKA_3DOJ_3DFILLCIRCLE : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DFILLCIRCLE, CVEKA_3DOJ_RotMirror)
+    VEKA_OBJECT_WITH_PRIVATE_INIT(CVEKA_3DOJ_3DFILLCIRCLE, CVEKA_3DOJ_RotMirror)
     VEKA_REAL(D, "diameter")
     VEKA_POINT(PT, "centre of the circle")
 };
 
 /// A filled rectangle in space. Its rotation is one number; the three of the base stay 0.
 class CVEKA_3DOJ_3DFILLRECT : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DFILLRECT, CVEKA_3DOJ_RotMirror)
+    VEKA_OBJECT_WITH_PRIVATE_INIT(CVEKA_3DOJ_3DFILLRECT, CVEKA_3DOJ_RotMirror)
     VEKA_REAL(W, "width")
     VEKA_REAL(H, "height")
     VEKA_POINT(PT, "place of the rectangle")
@@ -50,7 +50,7 @@ class CVEKA_3DOJ_3DFILLRECT : public CVEKA_3DOJ_RotMirror {
 
 /// An oblong in space. Its rotation is one number; the three of the base stay 0.
 class CVEKA_3DOJ_3DOBLONG : public CVEKA_3DOJ_RotMirror {
-    VEKA_OBJECT(CVEKA_3DOJ_3DOBLONG, CVEKA_3DOJ_RotMirror)
+    VEKA_OBJECT_WITH_PRIVATE_INIT(CVEKA_3DOJ_3DOBLONG, CVEKA_3DOJ_RotMirror)
     VEKA_REAL(W, "width")
     VEKA_REAL(H, "height")
     VEKA_REAL(ROTATION, "rotation in degrees")
@@ -59,6 +59,6 @@ class CVEKA_3DOJ_3DOBLONG : public CVEKA_3DOJ_RotMirror {
 
 /// A polygon in space, without voids and colour.
 class CVEKA_3DOJ_3DPOLYGON : public CVEKA_3DObject {
-    VEKA_OBJECT(CVEKA_3DOJ_3DPOLYGON, CVEKA_3DObject)
+    VEKA_OBJECT_WITH_PRIVATE_INIT(CVEKA_3DOJ_3DPOLYGON, CVEKA_3DObject)
     VEKA_OBJECT_LIST(BOUNDARY, Elements{}, "lines and arcs of the outline; null for an unknown object")
 };

@@ -70,14 +70,23 @@ constexpr ObjectField<Member, Form> DescribeObjectField(const char* name, const 
 }  // namespace veka
 
 /// The operations of an object kind. All copies are whole, and a new object has the number of its kind.
-#define VEKA_OBJECT(Class, Base)                           \
-    VEKA_OBJECT_OPERATIONS(Class, Base)                    \
-protected:                                                 \
-    /** Sets the number and every field to the default. */ \
-    void Init() {                                          \
-        *this = Class();                                   \
-    }                                                      \
-                                                           \
+#define VEKA_OBJECT(Class, Base)        \
+    VEKA_OBJECT_OPERATIONS(Class, Base) \
+    VEKA_OBJECT_INIT(Class, Base, protected)
+
+/// The same for a kind whose `Init` is private.
+#define VEKA_OBJECT_WITH_PRIVATE_INIT(Class, Base) \
+    VEKA_OBJECT_OPERATIONS(Class, Base)            \
+    VEKA_OBJECT_INIT(Class, Base, private)
+
+#define VEKA_OBJECT_INIT(Class, Base, Access)                                         \
+    Access: /** Sets the number through `SetType`, and every field to its default. */ \
+    void Init() {                                                                     \
+        Base::Init();                                                                 \
+        SetType(::veka::kKindNumber<Class>);                                          \
+        ::veka::FieldAccess::CopyOwn(Class(), *this);                                 \
+    }                                                                                 \
+                                                                                      \
 public:
 
 /// The operations of an object kind but for `Init`.
@@ -89,7 +98,13 @@ public:                                                      \
     Class(const Class&) = default;                           \
     Class(Class&&) = default;                                \
     ~Class() override = default;                             \
-    virtual Class& operator=(const Class&) = default;        \
+    virtual Class& operator=(const Class& other) {           \
+        if (this == &other) return *this;                    \
+        Init();                                              \
+        Base::operator=(other);                              \
+        ::veka::FieldAccess::CopyOwn(other, *this);          \
+        return *this;                                        \
+    }                                                        \
     Class& operator=(Class&&) = default;                     \
     Class* Clone() const override {                          \
         return new Class(*this);                             \
@@ -113,7 +128,7 @@ public:                                                                         
 #define VEKA_PLACED_POINT(Name, At, Doc) VEKA_OBJECT_FIELD(Owned<CVEKA_Coordinate>, Name, {}, Place{At}, Doc)
 /// A list of objects.
 #define VEKA_OBJECT_LIST(Name, Form, Doc) \
-    VEKA_OBJECT_FIELD(Owned<CVEKA_3DObjectArray>, Name, Holding<VekaSelf>(), Form, Doc)
+    VEKA_OBJECT_FIELD(Owned<CVEKA_3DObjectArray>, Name, NewList<VekaSelf>(), Form, Doc)
 
 /// The group that leads with a clinched end share.
 #define VEKA_CLINCH_GROUP                                                                           \

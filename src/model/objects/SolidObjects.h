@@ -76,11 +76,10 @@ class VEKA_API CVEKA_3DOJ_STEP : public CVEKA_3DOJ_AxisPivot {
     VEKA_STRING(PATH, "path of the STEP file as the file writes it")
 
 protected:
-    /// Sets everything but the path to the default.
+    /// Sets the number through `SetType`, and every field but the path to its default.
     void Init() {
-        CVEKA_3DOJ_STEP fresh;
-        fresh.PATH = PATH;
-        *this = std::move(fresh);
+        CVEKA_3DOJ_AxisPivot::Init();
+        SetType(veka::kKindNumber<CVEKA_3DOJ_STEP>);
     }
 };
 
