@@ -1,7 +1,8 @@
 """Compiles changed copies of source files into the tests: mutate.py NUMBER (0 for all)
 
-A change flips a comparison, a logical operator, a constant or a step, or drops a statement. It counts as noticed where a
-test fails or does not end; a change that does not compile does not count.
+A change flips a comparison, a logical operator, a constant or a step, drops a statement, or makes a row of the parser
+wrong: another form, keyword or field, another order, no row. A change counts as noticed where a test fails or does not end.
+A change that does not compile does not count.
 """
 
 import concurrent.futures
@@ -17,8 +18,19 @@ BUILD = "build/mutants"
 # Each file with the programs and tests that are there for it.
 FILES = {
     "src/leveltree/LevelReader.cpp": {"test_leveltree": "LevelReader*", "test_parser": "CVEK_AsciiParser*:CompleteFile.Gives*"},
+    "src/leveltree/CECadCls.cpp": {"test_leveltree": "CECadCls*", "test_parser": "CVEK_AsciiParser*:CompleteFile.Gives*"},
     "src/leveltree/QuoteLookAhead.cpp": {"test_leveltree": "QuoteLookAhead*:LevelReader*"},
-    "src/parser/package.cpp": {"test_parser": "*Parser.*:CompleteFile.Gives*"},
+    "src/dialog/CVEK_AsciiFile_Import_Dlg.cpp": {"test_dialog": "*"},
+    "src/dialog/ImportDialogTemplate.cpp": {"test_dialog": "*"},
+    "src/parser/CVEK_AsciiParser.cpp": {"test_parser": "*"},
+    "src/parser/part.cpp": {"test_parser": "*"},
+    "src/parser/electrical.cpp": {"test_parser": "*"},
+    "src/parser/package.cpp": {"test_parser": "*"},
+    "src/parser/mountdata.cpp": {"test_parser": "*"},
+    "src/parser/logic.cpp": {"test_parser": "*"},
+    "src/parser/library.cpp": {"test_parser": "*"},
+    "src/parser/objects.cpp": {"test_parser": "*"},
+    "src/parser/values.cpp": {"test_parser": "*"},
 }
 MINIMUM = 90.0
 FLIPS = [
@@ -26,6 +38,16 @@ FLIPS = [
     (r"&&", "||"), (r"\|\|", "&&"), (r"\btrue\b", "false"), (r"\bfalse\b", "true"), (r"\+ 1\b", "+ 2"), (r"- 1\b", "- 2"),
     (r"\+\+(?=\w)", "--"), (r"--(?=\w)", "++"), (r"(?<=return )0(?=;)", "1"), (r"(?<=return )-1(?=;)", "0"),
 ]
+# What a row of the parser can get wrong: its form, its keyword, the order of its fields.
+FORMS = [
+    (r"\bFirst\(", "Last("), (r"\bLast\(", "First("), (r"\bList\(", "NewList("), (r"\bNewList\(", "List("),
+    (r"\bElementOrNull\(", "Element("), (r"\bElement\((?=.*ObjectParser)", "ElementOrNull("), (r"\bElementByPlace\(", "Element("),
+    (r"\bFirstChild\(", "Row("), (r"\bExactly\(", "ByPosition("), (r"\bParent\(", "("), (r"\bIfItHasChildren\(", "("),
+    (r"\bFromOne\(", "("), (r"\bFlag\(", "("), (r"\bLastLevel\(", "FirstLevel("), (r"\bFirstLevel\(", "LastLevel("),
+    (r'"([A-Z][A-Z0-9_]+)"', r'"\1X"'),
+]
+FIELDS = re.compile(r"\bByPosition\((\w[\w.>-]*), (\w[\w.>-]*)([,)])")
+ROW = re.compile(r'^\s*(Row|Own|Any|Every|Known|FirstChild)\((?:"\w+", )?(\w+)\(([\w.>*-]+)\)\),(\s*//.*)?$')
 STATEMENT = re.compile(r"^\s*(?!return|using|namespace|constexpr|static|const |auto|struct|class|break|continue|case|default)"
                        r"[\w:.>*\[\]()-]+(\(| [-+|&]?= |\+\+).*;\s*(//.*)?$")
 
@@ -54,6 +76,7 @@ def changes(lines):
             for match in re.finditer(pattern, code):
                 if code[:match.start()].count('"') % 2 == 0:
                     yield number, code[:match.start()] + other + code[match.end():]
+        yield from row_changes(lines, number)
         head = split_guarded(code)
         if head:
             yield number, head + " {}"
@@ -61,6 +84,25 @@ def changes(lines):
             previous = lines[number - 1].split("//")[0].rstrip()
             if not previous or previous.endswith(("{", "}", ";", ":")):
                 yield number, ""
+
+
+def row_changes(lines, number):
+    """Wrong rows: another form or keyword, fields in another order, the field of the next row, no row."""
+    line = lines[number]
+    if "Row(" not in line and "Own(" not in line and "Any(" not in line and "FirstChild(" not in line:
+        return
+    for pattern, other in FORMS:
+        for match in re.finditer(pattern, line):
+            yield number, line[:match.start()] + match.expand(other) + line[match.end():]
+    match = FIELDS.search(line)
+    if match:
+        yield number, line[:match.start()] + f"ByPosition({match[2]}, {match[1]}{match[3]}" + line[match.end():]
+    row = ROW.match(line)
+    if row:
+        yield number, ""
+        following = ROW.match(lines[number + 1])
+        if following and following[2] == row[2]:
+            yield number, line.replace("(" + row[3] + ")", "(" + following[3] + ")")
 
 
 class Tester:
