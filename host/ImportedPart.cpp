@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <fstream>
 #include <istream>
 #include <random>
@@ -23,22 +24,43 @@ std::string Quoted(const CString& text) {
     return '"' + std::string(text.View()) + '"';
 }
 
-/// A file that holds some bytes while this lives.
+/// A directory of this user only, with one file of some bytes in it, while this lives.
 class TemporaryCopy {
 public:
-    explicit TemporaryCopy(const std::string& bytes) {
-        std::random_device random;
-        m_path = std::filesystem::temp_directory_path() / ("veka-import-" + std::to_string(random()));
-        std::ofstream(m_path, std::ios::binary) << bytes;
+    explicit TemporaryCopy(const std::string& bytes) : m_directory(MakeDirectory()) {
+        std::ofstream(File(), std::ios::binary) << bytes;
     }
     ~TemporaryCopy() {
         std::error_code error;
-        std::filesystem::remove(m_path, error);
+        std::filesystem::remove_all(m_directory, error);
     }
-    CString Path() const { return veka::FromPath(m_path); }
+    TemporaryCopy(const TemporaryCopy&) = delete;
+    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
+
+    CString Path() const { return veka::FromPath(File()); }
 
 private:
-    std::filesystem::path m_path;
+    /// Nobody else can read the directory or put a link into it.
+    static std::filesystem::path MakeDirectory() {
+        const std::filesystem::path parent = std::filesystem::temp_directory_path();
+#ifdef _WIN32
+        // The directory for temporary files is the user's own there.
+        std::random_device random;
+        std::filesystem::path directory = parent / ("veka-import-" + std::to_string(random()));
+        if (!std::filesystem::create_directory(directory))
+            throw SourceError("cannot make a temporary directory");
+        return directory;
+#else
+        std::string directory = parent / "veka-import-XXXXXX";
+        if (!mkdtemp(directory.data())) throw SourceError("cannot make a temporary directory");
+        return directory;
+#endif
+    }
+    std::filesystem::path File() const {
+        return m_directory / "part.veka";
+    }
+
+    std::filesystem::path m_directory;
 };
 
 /// Names of the top-level sections that the import reads.
