@@ -12,7 +12,6 @@ FindBar::FindBar(Find find) : m_find(std::move(find)), m_text(new QLineEdit), m_
     setObjectName("findBar");
     m_text->setObjectName("findText");
     m_text->setPlaceholderText("Find in names and values");
-    m_text->setClearButtonEnabled(true);
     m_answer->setObjectName("findAnswer");
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
