@@ -160,6 +160,11 @@ bool IsFileName(const std::string& name) {
 
 Directory::Directory(const fs::path& path)
     : m_path(path), m_name(veka::FromPath(path.filename()).View()), m_handle(Hold(path, 0)) {
+    if (m_handle != -1 && !veka::IsDirectory(path)) {
+        CloseHandle(reinterpret_cast<HANDLE>(m_handle));
+        m_handle = -1;
+        SetLastError(ERROR_DIRECTORY);
+    }
     if (m_handle == -1) Fail("cannot open the directory", path);
 }
 

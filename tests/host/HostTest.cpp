@@ -14,6 +14,7 @@
 #include "host/Desktop.h"
 #include "host/SafeFiles.h"
 #include "platform/Utf8.h"
+#include "platform/Version.h"
 #include "support/Files.h"
 #include "support/ScriptedUserInterface.h"
 #include "window/AfxMessageBox.h"
@@ -201,7 +202,7 @@ TEST_F(HostTest, ADirectoryInPlaceOfAFileIsAFailure) {
 TEST_F(HostTest, AFileThatCannotBeReadFails) {
     if (!std::filesystem::exists("/proc/self/mem")) GTEST_SKIP() << "There is no file that cannot be read.";
     EXPECT_EQ(Run({"/proc/self/mem", "--library", library}), 3);
-    EXPECT_EQ(err.str(), "veka-host: cannot read \"/proc/self/mem\": Input/output error\n");
+    EXPECT_THAT(err.str(), testing::StartsWith("veka-host: cannot read \"/proc/self/mem\": "));
     EXPECT_EQ(Run({"/proc/self/mem", "--print"}), 3);
 }
 
@@ -332,7 +333,7 @@ TEST_F(HostTest, HelpAndVersionAreShown) {
     EXPECT_EQ(Run({"--help"}), 0);
     EXPECT_THAT(out.str(), HasSubstr("usage: veka-host"));
     EXPECT_EQ(Run({"--version"}), 0);
-    EXPECT_THAT(out.str(), testing::MatchesRegex("veka-host [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_EQ(out.str(), "veka-host " + std::string(veka::Version()) + "\n");
 }
 
 TEST_F(HostTest, OutputThatCannotBeWrittenIsAFailure) {
