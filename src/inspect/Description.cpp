@@ -1,5 +1,7 @@
 #include "inspect/Description.h"
 
+#include <cmath>
+
 #include "inspect/Descriptions.h"
 
 namespace veka {
@@ -11,7 +13,41 @@ int Depth(const RecordDescription& description) {
     return description.base ? 1 + Depth(*description.base) : 0;
 }
 
+/// The list of a field of the kind `TextList`.
+CStringArray& TextList(const FieldDescription& field, void* record) {
+    return *static_cast<CStringArray*>(field.In(record));
+}
+
+void AppendName(DistinctNames& names, const CString& name) {
+    DistinctNames one;
+    one.Add(name);
+    names.Append(one);
+}
+
+bool HaveEqualValues(const FieldDescription& field, const void* a, const void* b) {
+    switch (field.kind) {
+        case FieldKind::Whole:
+        case FieldKind::Flag:
+            return field.Whole(a) == field.Whole(b);
+        case FieldKind::Real:
+            return field.Real(a) == field.Real(b) || (std::isnan(field.Real(a)) && std::isnan(field.Real(b)));
+        case FieldKind::Text:
+            return field.Text(a) == field.Text(b);
+        case FieldKind::TextList:
+        case FieldKind::DistinctNames:
+            return field.Texts(a) == field.Texts(b);
+        case FieldKind::Record:
+        case FieldKind::Array:
+            break;
+    }
+    return AreEqual(field.Content(a), field.Content(b));
+}
+
 }  // namespace
+
+void DeleteRecord::operator()(const RecordView& record) const noexcept {
+    if (record.record) record.description->destroy(const_cast<void*>(record.record));
+}
 
 long long FieldDescription::Whole(const void* record) const noexcept {
     const void* value = In(record);
@@ -31,6 +67,33 @@ const CStringArray& FieldDescription::Texts(const void* record) const noexcept {
     const void* value = In(record);
     return kind == FieldKind::DistinctNames ? static_cast<const DistinctNames*>(value)->Names()
                                             : *static_cast<const CStringArray*>(value);
+}
+
+void FieldDescription::StoreWhole(void* record, long long value) const noexcept {
+    void* target = In(record);
+    if (kind == FieldKind::Flag)
+        *static_cast<bool*>(target) = value != 0;
+    else if (size == sizeof(int))
+        *static_cast<int*>(target) = static_cast<int>(value);
+    else
+        *static_cast<long long*>(target) = value;
+}
+
+void FieldDescription::StoreTexts(void* record, const CStringArray& texts) const {
+    if (kind == FieldKind::TextList) {
+        TextList(*this, record) = texts;
+        return;
+    }
+    DistinctNames names;
+    for (const CString& text : texts) AppendName(names, text);
+    *static_cast<DistinctNames*>(In(record)) = std::move(names);
+}
+
+void FieldDescription::AppendText(void* record, const CString& text) const {
+    if (kind == FieldKind::TextList)
+        TextList(*this, record).Add(text);
+    else
+        AppendName(*static_cast<DistinctNames*>(In(record)), text);
 }
 
 const RecordDescription* FindDescription(const std::type_info& type) {
@@ -57,6 +120,20 @@ RecordView View(const CVEKA_3DObject& object) {
             nearest = {description, record};
     }
     return nearest;
+}
+
+bool AreEqual(const RecordView& a, const RecordView& b) {
+    if (a.record == b.record) return true;
+    if (!a.record || !b.record || a.description != b.description) return false;
+    const RecordDescription& description = *a.description;
+    for (const FieldDescription& field : description.fields)
+        if (!HaveEqualValues(field, a.record, b.record)) return false;
+    if (!description.IsArray()) return true;
+    const INT_PTR size = description.size(a.record);
+    if (size != description.size(b.record)) return false;
+    for (INT_PTR i = 0; i < size; ++i)
+        if (!AreEqual(description.at(a.record, i), description.at(b.record, i))) return false;
+    return true;
 }
 
 }  // namespace veka

@@ -33,6 +33,12 @@ struct RecordView {
     const void* record = nullptr;  ///< null for a null element of an array
 };
 
+/// Deletes records that belong to the caller.
+struct DeleteRecord {
+    /// Does nothing for a null element.
+    VEKA_API void operator()(const RecordView& record) const noexcept;
+};
+
 /// A field of a record class. The parameter `record` is the address of a record of that class.
 struct FieldDescription {
     const char* name;
@@ -59,6 +65,13 @@ struct FieldDescription {
     VEKA_API const CString& Text(const void* record) const noexcept;
     /// The value of a field of the kind `TextList` or `DistinctNames`.
     VEKA_API const CStringArray& Texts(const void* record) const noexcept;
+    /// Stores a number or a flag without the setter. A number that does not fit is cut off.
+    VEKA_API void StoreWhole(void* record, long long value) const noexcept;
+    /// Replaces the list of a field of the kind `TextList` or `DistinctNames` without the setter. Texts that
+    /// repeat stay, in either kind.
+    VEKA_API void StoreTexts(void* record, const CStringArray& texts) const;
+    /// Appends one text to such a list.
+    VEKA_API void AppendText(void* record, const CString& text) const;
     /// The value of a field of the kind `Record` or `Array`.
     RecordView Content(const void* record) const noexcept { return {content, In(record)}; }
 };
@@ -84,14 +97,28 @@ struct RecordDescription {
     void (*destroy)(void* record) noexcept = nullptr;  ///< deletes a record that was made
     /// The address of an object as one of this class, or null; for object classes.
     const void* (*cast)(const CVEKA_3DObject& object) = nullptr;
+    /// A record of this class as an object; for object classes.
+    CVEKA_3DObject* (*object)(void* record) = nullptr;
 
     INT_PTR (*size)(const void* array) = nullptr;                  ///< number of elements, nulls included
     RecordView (*at)(const void* array, INT_PTR index) = nullptr;  ///< an element as its own class
-    void* (*add)(void* array) = nullptr;                          ///< appends a new element with its defaults
+    void* (*add)(void* array) = nullptr;  ///< appends a new element with its defaults
+    /// Takes `count` elements out of an array from `first` on, and puts others in their place, which the
+    /// array owns from then on. Gives the elements that were taken out; they belong to the caller. An element
+    /// without a record is null. Raises `CInvalidArgException` for a range outside the array and for a record
+    /// that the array cannot hold; after an exception the array is as before.
+    std::vector<RecordView> (*exchange)(void* array, INT_PTR first, INT_PTR count,
+                                        const std::vector<RecordView>& elements) = nullptr;
     void (*copyAll)(void* target, const void* source) = nullptr;  ///< `Copy`
     void (*append)(void* target, const void* source) = nullptr;   ///< `Append`
 
     bool IsArray() const noexcept { return element != nullptr; }
+    /// True for this class and for the classes that it is derived from.
+    bool IsA(const RecordDescription& other) const noexcept {
+        const RecordDescription* description = this;
+        while (description && description != &other) description = description->base;
+        return description != nullptr;
+    }
 };
 
 /// The description of a class, or null for a class that is not described.
@@ -118,5 +145,9 @@ RecordView View(const T& value) {
     else
         return ViewAs<typename FieldAccess::RowsOf<T>::Class>(value);
 }
+
+/// True if two records have one class and the same values in all fields, or two arrays have equal elements.
+/// NaN equals NaN here, so that a record equals its copy. Two null elements are equal.
+VEKA_API bool AreEqual(const RecordView& a, const RecordView& b);
 
 }  // namespace veka

@@ -33,6 +33,7 @@ struct OperationsOf {
     static constexpr bool HasInit() { return Opened::HasInit(); }
     static void Destroy(void* record) noexcept { delete static_cast<T*>(record); }
     static const void* Cast(const CVEKA_3DObject& object) { return dynamic_cast<const T*>(&object); }
+    static CVEKA_3DObject* Object(void* record) { return static_cast<T*>(record); }
 
 private:
     /// Names the protected `Init`. Some classes have a private one.
@@ -62,8 +63,39 @@ struct ArrayOperationsOf {
         static_cast<T*>(array)->Add(std::move(element));
         return added;
     }
+    static std::vector<RecordView> Exchange(void* address, INT_PTR first, INT_PTR count,
+                                            const std::vector<RecordView>& elements) {
+        T& array = *static_cast<T*>(address);
+        const INT_PTR size = array.GetSize();
+        if (first < 0 || count < 0 || first > size || count > size - first) AfxThrowInvalidArgException();
+        std::vector<Element*> fresh;
+        fresh.reserve(elements.size());
+        for (const RecordView& element : elements) fresh.push_back(FromView(element));
+        std::vector<RecordView> taken;
+        taken.reserve(static_cast<std::size_t>(count));
+        for (INT_PTR i = first; i < first + count; ++i) taken.push_back(At(address, i));
+        // Nothing fails behind this line: the array does not give memory back.
+        const auto more = static_cast<INT_PTR>(fresh.size()) - count;
+        if (more > 0) array.InsertAt(first, nullptr, more);
+        if (more < 0) array.RemoveAt(first, -more);
+        for (std::size_t i = 0; i < fresh.size(); ++i) array.SetAt(first + static_cast<INT_PTR>(i), fresh[i]);
+        return taken;
+    }
     static void CopyAll(void* target, const void* source) { static_cast<T*>(target)->Copy(Array(source)); }
     static void Append(void* target, const void* source) { static_cast<T*>(target)->Append(Array(source)); }
+
+private:
+    /// A record as an element of the array.
+    static Element* FromView(const RecordView& view) {
+        if (!view.record) return nullptr;
+        void* record = const_cast<void*>(view.record);
+        if constexpr (std::is_same_v<Element, CVEKA_3DObject>) {
+            if (view.description->object) return view.description->object(record);
+        } else if (*view.description->type == typeid(Element)) {
+            return static_cast<Element*>(record);
+        }
+        AfxThrowInvalidArgException();
+    }
 };
 
 /// Makes and keeps the descriptions. `Of` describes a class, and with it every class that its fields lead to.
@@ -117,6 +149,7 @@ private:
         description.size = Operations::Size;
         description.at = Operations::At;
         description.add = Operations::Add;
+        description.exchange = Operations::Exchange;
         description.copyAll = Operations::CopyAll;
         description.append = Operations::Append;
     }
@@ -132,6 +165,7 @@ private:
         if constexpr (std::is_base_of_v<CVEKA_3DObject, T>) {
             description.kind = WithoutPrefix(description.name);
             description.cast = OperationsOf<T>::Cast;
+            description.object = OperationsOf<T>::Object;
         }
         const T sample;
         Collector collector{*this, description, &sample};

@@ -18,30 +18,40 @@ bool IsMark(std::string_view character) {
 
 }  // namespace
 
-std::string JsonString(std::string_view bytes) {
-    std::string result = "\"";
+std::string MarkedUtf8(std::string_view bytes) {
+    std::string result;
+    result.reserve(bytes.size());
     while (!bytes.empty()) {
         const size_t length = Utf8Length(bytes);
-        const auto byte = static_cast<unsigned char>(bytes[0]);
-        if (length == 0 || IsMark(bytes.substr(0, length))) {
-            // U+10FF00 plus a byte from 0x80 on, as UTF-8.
-            result += "\xF4\x8F";
-            result += static_cast<char>(0xBC | byte >> 6);
-            result += static_cast<char>(0x80 | (byte & 0x3F));
-            bytes.remove_prefix(1);
+        if (length > 0 && !IsMark(bytes.substr(0, length))) {
+            result += bytes.substr(0, length);
+            bytes.remove_prefix(length);
             continue;
         }
+        // U+10FF00 plus a byte from 0x80 on, as UTF-8.
+        const auto byte = static_cast<unsigned char>(bytes[0]);
+        result += "\xF4\x8F";
+        result += static_cast<char>(0xBC | byte >> 6);
+        result += static_cast<char>(0x80 | (byte & 0x3F));
+        bytes.remove_prefix(1);
+    }
+    return result;
+}
+
+std::string JsonString(std::string_view bytes) {
+    std::string result = "\"";
+    for (const char character : MarkedUtf8(bytes)) {
+        const auto byte = static_cast<unsigned char>(character);
         if (byte == '"' || byte == '\\') {
             result += '\\';
-            result += bytes[0];
+            result += character;
         } else if (byte < 0x20 || byte == 0x7F) {
             char escape[8];
             std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(byte));
             result += escape;
         } else {
-            result += bytes.substr(0, length);
+            result += character;
         }
-        bytes.remove_prefix(length);
     }
     return result + '"';
 }

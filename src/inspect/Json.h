@@ -8,10 +8,13 @@
 
 namespace veka {
 
-/// A byte string as a JSON string. A UTF-8 character is written as it is. A byte that is not part of a UTF-8
-/// character is written as the one character U+10FF00 plus the byte. The characters from U+10FF80 to U+10FFFF
-/// are written as if their bytes were not UTF-8. So the output is always valid, and two byte strings never
-/// give the same output.
+/// A byte string as UTF-8. A UTF-8 character stays as it is. A byte that is not part of a UTF-8 character
+/// becomes the one character U+10FF00 plus the byte. The characters from U+10FF80 to U+10FFFF are treated as
+/// if their bytes were not UTF-8. So the result is always valid, and two byte strings never give the same
+/// one.
+VEKA_API std::string MarkedUtf8(std::string_view bytes);
+
+/// A byte string as a JSON string, made from what `MarkedUtf8` gives.
 VEKA_API std::string JsonString(std::string_view bytes);
 
 /// Writes records as JSON. A record is an object whose members are the fields by their names. An array is a

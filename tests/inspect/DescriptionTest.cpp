@@ -3,16 +3,21 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
+#include <limits>
+#include <memory>
 #include <regex>
 #include <set>
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "model/CVEKA_Manager.h"
 #include "model/objects/Objects.h"
 #include "support/Files.h"
+#include "support/Records.h"
 
 namespace {
 
@@ -152,6 +157,137 @@ TEST(Description, AllDescriptionsAreInTheOrderOfTheirNames) {
     const auto& all = veka::AllDescriptions();
     EXPECT_TRUE(std::is_sorted(all.begin(), all.end(),
                                [](const auto* a, const auto* b) { return std::string(a->name) < b->name; }));
+}
+
+TEST(Description, StoresNumbersWithoutTheSetter) {
+    CVEKA_3DOJ_USERDEFINED lead;
+    Field(veka::Describe(typeid(lead)), "Reserved2").StoreWhole(&lead, -(1LL << 40));
+    EXPECT_EQ(lead.Reserved2, -(1LL << 40));
+    Field(veka::Describe(typeid(lead)), "Type").StoreWhole(&lead, 7);
+    EXPECT_EQ(lead.GetType(), 7);
+    CVEKA_3DOJ_BAR bar;
+    Field(veka::Describe(typeid(bar)), "CLINCH").StoreWhole(&bar, 2);
+    EXPECT_TRUE(bar.CLINCH);
+}
+
+TEST(Description, StoresTextsWithAllRepetitions) {
+    CStringArray texts;
+    for (const char* text : {"A", "B", "A"}) texts.Add(text);
+    CVEKA_PadStack stack;
+    stack.AddStandardizationPadName("P");
+    const FieldDescription& names = Field(veka::Describe(typeid(stack)), "StandardizationPadNames");
+    names.StoreTexts(&stack, texts);
+    EXPECT_EQ(names.Texts(&stack), texts);
+    names.AppendText(&stack, "B");
+    texts.Add("B");
+    EXPECT_EQ(names.Texts(&stack), texts);
+    CVEKA_PartGeneral general;
+    const FieldDescription& numbers = Field(veka::Describe(typeid(general)), "CPN");
+    numbers.StoreTexts(&general, texts);
+    numbers.AppendText(&general, "C");
+    texts.Add("C");
+    EXPECT_EQ(numbers.Texts(&general), texts);
+}
+
+TEST(Description, AClassIsItselfAndWhatItIsDerivedFrom) {
+    const RecordDescription& cuboid = veka::Describe(typeid(CVEKA_3DOJ_CUBOID));
+    EXPECT_TRUE(cuboid.IsA(cuboid));
+    EXPECT_TRUE(cuboid.IsA(veka::Describe(typeid(CVEKA_3DObject))));
+    EXPECT_FALSE(veka::Describe(typeid(CVEKA_3DObject)).IsA(cuboid));
+}
+
+/// The properties of the comments of an array, separated by spaces; a null element is a dash.
+std::string Properties(const CVEKA_CommentArray& comments) {
+    std::string result;
+    for (const CVEKA_Comment* comment : comments)
+        result += (result.empty() ? "" : " ") + (comment ? std::string(comment->GetProperty().View()) : "-");
+    return result;
+}
+
+veka::RecordView NewComment(const char* property) {
+    auto* comment = new CVEKA_Comment;
+    comment->SetProperty(property);
+    return veka::View(*comment);
+}
+
+TEST(Description, ExchangesElementsOfAnArrayForOthers) {
+    CVEKA_CommentArray comments;
+    const RecordDescription& type = veka::Describe(typeid(comments));
+    EXPECT_TRUE(type.exchange(&comments, 0, 0, {NewComment("a"), NewComment("b"), NewComment("c")}).empty());
+    EXPECT_EQ(Properties(comments), "a b c");
+    const CVEKA_Comment* b = comments[1];
+    auto taken = type.exchange(&comments, 1, 1, {NewComment("x"), {}, NewComment("y")});
+    EXPECT_EQ(Properties(comments), "a x - y c");
+    ASSERT_EQ(taken.size(), 1u);
+    EXPECT_EQ(taken[0].record, b);
+    EXPECT_EQ(type.exchange(&comments, 5, 0, taken).size(), 0u);
+    EXPECT_EQ(Properties(comments), "a x - y c b");
+    for (const veka::RecordView& element : type.exchange(&comments, 1, 3, {NewComment("z")}))
+        veka::DeleteRecord()(element);
+    EXPECT_EQ(Properties(comments), "a z c b");
+    taken = type.exchange(&comments, 0, 4, {});
+    EXPECT_EQ(comments.GetSize(), 0);
+    for (const veka::RecordView& element : taken) veka::DeleteRecord()(element);
+}
+
+TEST(Description, AnArrayOfObjectsExchangesObjectsOfAnyKind) {
+    CVEKA_3DObjectArray objects;
+    const RecordDescription& type = veka::Describe(typeid(objects));
+    const RecordDescription& ball = veka::Describe(typeid(CVEKA_3DOJ_BALL));
+    type.exchange(&objects, 0, 0, {{&ball, ball.make()}, veka::View(*new CVEKA_3DObject)});
+    EXPECT_EQ(type.at(&objects, 0).description, &ball);
+    EXPECT_EQ(type.at(&objects, 1).description, &veka::Describe(typeid(CVEKA_3DObject)));
+}
+
+TEST(Description, AnExchangeThatIsRefusedChangesNothing) {
+    CVEKA_CommentArray comments;
+    comments.Add(std::make_unique<CVEKA_Comment>());
+    const RecordDescription& type = veka::Describe(typeid(comments));
+    const CVEKA_BOM bom;
+    const CVEKA_3DObject object;
+    for (const auto& [first, count] : {std::pair<INT_PTR, INT_PTR>{-1, 1}, {0, -1}, {0, 2}, {2, 0}, {1, 1}})
+        EXPECT_THROW(type.exchange(&comments, first, count, {}), CInvalidArgException);
+    EXPECT_THROW(type.exchange(&comments, PTRDIFF_MAX, PTRDIFF_MAX, {}), CInvalidArgException);
+    EXPECT_THROW(type.exchange(&comments, 0, 1, {veka::View(bom)}), CInvalidArgException);
+    EXPECT_THROW(type.exchange(&comments, 0, 1, {veka::View(object)}), CInvalidArgException);
+    EXPECT_EQ(comments.GetSize(), 1);
+    CVEKA_3DObjectArray objects;
+    EXPECT_THROW(veka::Describe(typeid(objects)).exchange(&objects, 0, 0, {veka::View(bom)}),
+                 CInvalidArgException);
+}
+
+TEST(Description, RecordsAreEqualByTheirFields) {
+    CVEKA_PartGeneral a;
+    CVEKA_PartGeneral b;
+    const auto equal = [&] { return veka::AreEqual(veka::View(a), veka::View(b)); };
+    EXPECT_TRUE(equal());
+    a.GetBOM()->SetCost(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_FALSE(equal());
+    b.GetBOM()->SetCost(a.GetBOM()->GetCost());
+    EXPECT_TRUE(equal());
+    a.SetCPN("X");
+    EXPECT_FALSE(equal());
+    b.SetCPN("X");
+    a.GetCommentArr()->Add(std::make_unique<CVEKA_Comment>());
+    EXPECT_FALSE(equal());
+    b.GetCommentArr()->SetSize(1);
+    EXPECT_FALSE(equal()) << "a null element is no record";
+    a.GetCommentArr()->DeleteAll();
+    a.GetCommentArr()->SetSize(1);
+    EXPECT_TRUE(equal());
+    EXPECT_FALSE(veka::AreEqual(veka::View(a), veka::View(CVEKA_BOM())));
+}
+
+TEST(Description, EveryRecordEqualsOneThatIsFilledAlikeAndNoOther) {
+    for (const RecordDescription* type : veka::AllDescriptions()) {
+        const test::RecordOwner one = test::Filled(*type, 0);
+        const test::RecordOwner same = test::Filled(*type, 0);
+        const test::RecordOwner other = test::Filled(*type, 1);
+        const test::RecordOwner fresh = test::Own(*type, type->make());
+        EXPECT_TRUE(veka::AreEqual({type, one.get()}, {type, same.get()})) << type->name;
+        EXPECT_FALSE(veka::AreEqual({type, one.get()}, {type, other.get()})) << type->name;
+        EXPECT_FALSE(veka::AreEqual({type, one.get()}, {type, fresh.get()})) << type->name;
+    }
 }
 
 TEST(Description, AClassThatIsNoRecordHasNone) {
