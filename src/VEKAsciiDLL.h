@@ -1,7 +1,7 @@
 #pragma once
 
-/// Everything that a host needs: the import dialog, the parser, the model, its printers and the user
-/// interface to install.
+/// Everything that a host needs: the import dialog, the parser, the import with limits, the model, its
+/// printers and the user interface to install.
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 #include "inspect/Description.h"
@@ -16,6 +16,7 @@
 #include "model/objects/Objects.h"
 #include "parser/CInvalidAccessException.h"
 #include "parser/CVEK_AsciiParser.h"
+#include "parser/Import.h"
 #include "platform/Version.h"
 #include "window/CDialog.h"
 #include "window/ExtensionModule.h"

@@ -5,6 +5,7 @@
 
 #include "files/Paths.h"
 #include "platform/Exceptions.h"
+#include "platform/Watch.h"
 
 namespace {
 
@@ -31,6 +32,7 @@ bool CStdioFile::Open(const CString& path) {
     std::setvbuf(m_file.get(), nullptr, _IONBF, 0);  // blocks are read directly into m_buffer
     m_path = path;
     m_atEnd = false;
+    m_bytesRead = 0;
     return true;
 }
 
@@ -104,6 +106,8 @@ void CStdioFile::ReadBlock() {
     if (m_size - m_end < kBlock / 2) Resize(std::max(m_size * 2, kBlock));
     const size_t count = std::fread(m_buffer.get() + m_end, 1, m_size - m_end, m_file.get());
     m_end += count;
+    m_bytesRead += count;
+    veka::Watch::Tick();
     if (count == 0) {
         if (std::ferror(m_file.get())) throw CFileException("The file \"" + m_path + "\" cannot be read.");
         m_atEnd = true;
@@ -111,6 +115,7 @@ void CStdioFile::ReadBlock() {
 }
 
 void CStdioFile::Resize(size_t size) {
+    m_watched.Replace(size);
     auto buffer = std::make_unique_for_overwrite<char[]>(size + kReadable);
     std::copy_n(m_buffer.get(), m_end, buffer.get());
     std::fill_n(buffer.get() + size, kReadable, '\0');

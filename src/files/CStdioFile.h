@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string_view>
 
 #include "files/LineSource.h"
 #include "platform/CString.h"
+#include "platform/Watch.h"
 
 /// A text file, read line by line.
 ///
@@ -27,6 +29,8 @@ public:
     /// Reads all lines that are in the buffer, for a reader that finds the line ends itself.
     /// Raises `CFileException` if the file cannot be read.
     bool ReadLines(std::string_view& lines) override;
+    /// Number of bytes that were read from the file, those in the buffer too.
+    std::uint64_t BytesRead() const noexcept { return m_bytesRead; }
 
 private:
     struct Closer {
@@ -39,9 +43,11 @@ private:
 
     std::unique_ptr<std::FILE, Closer> m_file;
     CString m_path;
+    veka::WatchedMemory m_watched;
     std::unique_ptr<char[]> m_buffer;
     size_t m_size = 0;   // of the buffer, without the kReadable bytes behind it
     size_t m_begin = 0;  // of the bytes that have not been given yet
     size_t m_end = 0;
+    std::uint64_t m_bytesRead = 0;
     bool m_atEnd = true;
 };

@@ -25,7 +25,9 @@ bool MemoryLines::ReadLines(std::string_view& lines) {
         }
     }
     constexpr std::string_view lineEnd = "\r\n";
-    m_tail = std::make_unique_for_overwrite<char[]>(m_rest.size() + lineEnd.size() + kReadable);
+    const std::size_t size = m_rest.size() + lineEnd.size() + kReadable;
+    m_watched.Replace(size);
+    m_tail = std::make_unique_for_overwrite<char[]>(size);
     char* end = std::ranges::copy(m_rest, m_tail.get()).out;
     if (end[-1] != '\n') end = std::ranges::copy(lineEnd, end).out;
     std::fill_n(end, kReadable, '\0');

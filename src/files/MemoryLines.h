@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "files/LineSource.h"
+#include "platform/Watch.h"
 
 namespace veka {
 
@@ -15,7 +16,8 @@ public:
     bool ReadLines(std::string_view& lines) override;
 
 private:
-    std::string_view m_rest;         // the text that has not been given yet
+    std::string_view m_rest;  // the text that has not been given yet
+    WatchedMemory m_watched;
     std::unique_ptr<char[]> m_tail;  // a copy of the last lines, with bytes behind it that can be read
 };
 

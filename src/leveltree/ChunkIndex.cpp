@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "leveltree/SuffixSorter.h"
+#include "platform/Watch.h"
 
 namespace veka {
 
@@ -72,9 +73,13 @@ private:
         std::size_t count = 0;
         for (std::size_t i = 0; (i = m_line.find('"', i)) != std::string_view::npos; ++i)
             count += isEscaped(i);
+        m_memory.Replace(5 * sizeof(Number) * count);
         m_quotes.reserve(count);
-        for (std::size_t i = 0; (i = m_line.find('"', i)) != std::string_view::npos; ++i)
-            if (isEscaped(i)) m_quotes.push_back(static_cast<Number>(i));
+        for (std::size_t i = 0; (i = m_line.find('"', i)) != std::string_view::npos; ++i) {
+            if (!isEscaped(i)) continue;
+            m_quotes.push_back(static_cast<Number>(i));
+            TickAtStep(m_quotes.size());
+        }
     }
 
     // A piece begins with an escaped quote and ends before the next one. The first piece begins with the
@@ -115,8 +120,11 @@ private:
         const std::size_t count = m_quotes.size();
         std::vector<Piece> pieces(count);
         for (std::size_t i = 0; i < count; ++i) pieces[i] = MakePiece(i);
-        std::sort(pieces.begin(), pieces.end(),
-                  [this](const Piece& a, const Piece& b) { return Compare(a, b) < 0; });
+        std::size_t comparisons = 0;
+        std::sort(pieces.begin(), pieces.end(), [&](const Piece& a, const Piece& b) {
+            TickAtStep(++comparisons);
+            return Compare(a, b) < 0;
+        });
         std::vector<Number> text(count + 1);  // the rank of each piece, from the last piece to the first
         Number rank = 1;
         for (std::size_t i = 0; i < count; ++i) {
@@ -147,6 +155,7 @@ private:
         // line.
         std::size_t common = 0;
         for (std::size_t i = count; i-- > 0;) {
+            TickAtStep(i);
             const Number neighbour = m_nodes[i].source;
             if (neighbour == kNone) {
                 common = 0;
@@ -167,6 +176,7 @@ private:
         // Among the prefixes 0 to i, the sorted neighbours of prefix i have the longest common suffixes with
         // it. Prefix i is taken out of the sorted order after that.
         for (std::size_t i = count; i-- > 0;) {
+            TickAtStep(i);
             Node& node = m_nodes[i];
             const Number before = node.source, after = node.jump;
             const Number commonAfter = after == kNone ? 0 : m_nodes[after].common;
@@ -183,6 +193,7 @@ private:
         std::vector<Number> depths(count);
         m_nodes[0] = {0, 0, 0};
         for (std::size_t i = 1; i < count; ++i) {
+            TickAtStep(i);
             const std::size_t source = FirstWithSuffix(m_nodes[i].source, m_nodes[i].common);
             const Number jump = m_nodes[source].jump;
             const Number next = m_nodes[jump].jump;
@@ -256,6 +267,7 @@ private:
     }
 
     std::string_view m_line;
+    WatchedMemory m_memory;
     std::vector<Number> m_quotes;
     std::vector<Node> m_nodes;
     std::size_t m_last = 0;  // the quote of the last search

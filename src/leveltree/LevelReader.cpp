@@ -40,14 +40,23 @@ LevelsRead LevelReader::Read(LineSource& source) {
 void LevelReader::ReadLevels(LineSource& source) {
     for (std::string_view lines; source.ReadLines(lines);) {
         const char* text = lines.data();
+        m_block = text;
         m_end = text + lines.size();
+        if (m_watched) Tick(text);
         SpecialBytes specialBytes(text);
         m_line = {};
         text = m_inString ? BeginStringLine(text) : BeginLine(text);
         while (text != m_end) {
-            text = m_inString ? ReadInside(text) : ReadOutside(text, specialBytes);
-            if (!text) return;
+            text = m_inString  ? ReadInside(text)
+                   : m_watched ? ReadOutside<true>(text, specialBytes)
+                               : ReadOutside<false>(text, specialBytes);
+            if (!text) {
+                m_bytesInBlock = static_cast<std::size_t>(LineEnd(m_lineBegin) + 1 - m_block);
+                return;
+            }
         }
+        m_bytesBefore += lines.size();
+        m_bytesInBlock = 0;
     }
 }
 
@@ -72,6 +81,7 @@ const char* LevelReader::BeginStringLine(const char* text) {
     text = NextLine(text);
     if (text == m_end) return text;
     m_earlierLines += '\n';
+    m_earlierMemory.Follow(m_earlierLines.capacity());
     return m_lineBegin = text;
 }
 
@@ -81,8 +91,16 @@ inline bool LevelReader::EndLine(const char* end) {
     return !m_stopAtDepthZero || m_lineCount == 1 || m_depth != 0;
 }
 
+/// Tells the watch how far reading has come.
+void LevelReader::Tick(const char* text) {
+    m_bytesInBlock = static_cast<std::size_t>(text - m_block);
+    m_nextTick = m_bytesInBlock + kTickBytes;
+    Watch::Tick();
+}
+
 /// Reads tokens to the next opening quote and returns the place after the quote, or reads to the end of the
 /// block and returns that. Null if reading is to stop.
+template <bool kWatched>
 const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialBytes) {
     // Copies: the compiler keeps them in registers.
     SpecialBytes specials = specialBytes;
@@ -111,6 +129,7 @@ const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialByte
         CECadClsLvl* level = CECadClsLvl::Make(m_pages, static_cast<int>(m_depth) + 1, {strings, top},
                                                m_children.Last(current->children));
         top = strings;
+        if constexpr (kWatched) ++m_levelCount;
         m_children.Pop(current->children);
         const int line = current->line;
         --current;
@@ -126,6 +145,9 @@ const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialByte
     specials.Seek(text);
     for (;;) {
         const char* end = specials.Next();
+        if constexpr (kWatched)
+            if (static_cast<std::size_t>(end - m_block) >= m_nextTick) [[unlikely]]
+                Tick(end);
         const char c = *end;
         if (c == ' ') {
             commit(end);
@@ -266,6 +288,9 @@ LevelsRead LevelReader::Summary() const {
     else if (m_depth > 0)
         read.structure = Structure::Unclosed;
     if (read.structure != Structure::Balanced) read.breakLine = m_strayLine > 0 ? m_strayLine : m_lineCount;
+    // The level that was too deep is not among the open ones.
+    const auto open = static_cast<unsigned>(m_current - m_open.data());
+    read.strayParentheses = static_cast<int>(open - (m_depth - (m_stopped ? 1 : 0)));
     for (const OpenLevel* level = m_open.data() + 1; level <= m_current; ++level) {
         const bool last = level == m_current;
         const bool named = (last ? m_strings.HeightOf(m_strings.Top()) : level[1].strings) > level->strings;

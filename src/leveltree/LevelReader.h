@@ -2,47 +2,22 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "files/LineSource.h"
 #include "leveltree/CECadClsLvl.h"
+#include "leveltree/LevelsRead.h"
 #include "leveltree/Pages.h"
 #include "leveltree/QuoteLookAhead.h"
 #include "leveltree/Scan.h"
 #include "leveltree/Stack.h"
 #include "platform/CString.h"
+#include "platform/Watch.h"
 
 namespace veka {
-
-/// What the reading of a text found out about its levels as a whole.
-struct LevelsRead {
-    enum class Structure {
-        Balanced,          ///< each level was closed
-        Unclosed,          ///< the text ended inside a level
-        StrayParenthesis,  ///< a close parenthesis had no level to close
-        TooDeep,           ///< a level was opened inside the maximum number of open levels
-    };
-    /// A level that was not closed.
-    struct OpenLevel {
-        CString name;
-        int line;  ///< of its open parenthesis
-    };
-
-    Structure structure = Structure::Balanced;
-    /// True if reading stopped at an open parenthesis: `TooDeep`, or a level after a stray parenthesis.
-    bool stopped = false;
-    /// Open parentheses less close parentheses.
-    int depth = 0;
-    /// Line of the parenthesis that is wrong; for `Unclosed` the last line. 0 if the levels are balanced.
-    int breakLine = 0;
-    /// The levels that were not closed, the outermost first.
-    std::vector<OpenLevel> open;
-    /// Line in which a string begins that was not closed; 0 if there is none.
-    int openString = 0;
-};
 
 /// Reads the lines of one text into levels, byte by byte by the rules of the format.
 ///
@@ -52,6 +27,8 @@ public:
     struct Options {
         char previousByte = 0;         ///< the byte before the first line
         bool stopAtDepthZero = false;  ///< stop after a line, not the first, that ends outside all levels
+        /// Count the levels, and call `Watch::Tick` once for each `kTickBytes` of the text.
+        bool watched = false;
     };
     /// Receives a top-level level once it has been closed, and the line of its open parenthesis. An exception
     /// ends the reading.
@@ -62,14 +39,21 @@ public:
         : m_pages(pages),
           m_take(std::move(take)),
           m_stopAtDepthZero(options.stopAtDepthZero),
+          m_watched(options.watched),
           m_previousByte(options.previousByte) {}
 
     /// Reads the whole text. To be called once.
     LevelsRead Read(LineSource& source);
     /// Number of lines that have been read so far, also after an exception.
     int LineCount() const noexcept { return m_lineCount; }
+    /// Number of levels that have been closed so far, if reading is watched.
+    std::uint64_t LevelCount() const noexcept { return m_levelCount; }
+    /// Number of bytes that have been read so far: at the end, or as of the last tick. The end of line that a
+    /// `LineSource` adds counts too.
+    std::uint64_t BytesRead() const noexcept { return m_bytesBefore + m_bytesInBlock; }
 
     static constexpr unsigned kMaximumDepth = 20;
+    static constexpr std::size_t kTickBytes = std::size_t{64} * 1024;
 
 private:
     /// A level that has not been closed yet.
@@ -80,7 +64,9 @@ private:
     };
 
     void ReadLevels(LineSource& source);
+    template <bool kWatched>
     const char* ReadOutside(const char* text, SpecialBytes& specialBytes);
+    void Tick(const char* text);
     const char* ReadInside(const char* begin);
     const char* NextLine(const char* text);
     const char* BeginLine(const char* text);
@@ -96,8 +82,14 @@ private:
     Pages& m_pages;
     const TakeLevel m_take;
     const bool m_stopAtDepthZero;
+    const bool m_watched;
     int m_lineCount = 0;
-    unsigned m_depth = 0;  // signed in meaning; unsigned, so that it may wrap around
+    std::uint64_t m_levelCount = 0;
+    std::uint64_t m_bytesBefore = 0;  // in earlier blocks
+    std::size_t m_bytesInBlock = 0;
+    std::size_t m_nextTick = 0;     // in the block
+    const char* m_block = nullptr;  // of lines
+    unsigned m_depth = 0;           // signed in meaning; unsigned, so that it may wrap around
     std::array<OpenLevel, kMaximumDepth + 1> m_open;  // the first element is the place outside all levels
     OpenLevel* m_current = m_open.data();
     Stack<CString> m_strings;  // of each open level its name, then its values; none of them owns memory
@@ -105,13 +97,14 @@ private:
     int m_strayLine = 0;  // of the first stray close parenthesis
     bool m_stopped = false;
     bool m_inString = false;
-    const char* m_end = nullptr;        // of the block of lines
+    const char* m_end = nullptr;        // of the block
     const char* m_lineBegin = nullptr;  // without leading white space
     std::string_view m_line;         // the last line of the block that a string was in, from m_lineBegin on
     bool m_lookAheadOnLine = false;  // m_lookAhead has been started for m_line
     std::string m_earlierLines;      // of a string of several lines
-    int m_stringLine = 0;            // where that string begins
-    char m_previousByte;             // the last but one byte of an earlier line
+    WatchedMemory m_earlierMemory;
+    int m_stringLine = 0;  // where that string begins
+    char m_previousByte;   // the last but one byte of an earlier line
     QuoteLookAhead m_lookAhead;
 };
 

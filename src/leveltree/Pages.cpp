@@ -7,6 +7,8 @@
 #include <unistd.h>
 #endif
 
+#include "platform/Watch.h"
+
 namespace veka {
 
 namespace {
@@ -36,6 +38,7 @@ void Pages::NextPage(std::size_t size) {
     if (m_used == m_pages.size() || m_pages[m_used].size < size) {
         const std::size_t next = std::clamp(m_pages.size() / 8 * kPage, kPage, kLargestPage);
         const std::size_t whole = std::max(size, next);
+        Watch::Take(whole);
         m_pages.insert(m_pages.begin() + static_cast<std::ptrdiff_t>(m_used),
                        {std::make_unique_for_overwrite<std::byte[]>(whole + kWritable), whole});
         if (next > kPage) Fetch(m_pages[m_used].memory.get(), next);

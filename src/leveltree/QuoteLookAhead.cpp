@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "platform/Watch.h"
+
 namespace veka {
 
 namespace {
@@ -50,17 +52,24 @@ void QuoteLookAhead::FindFirst(std::size_t length) {
         const void* next = std::memchr(candidate + 1, chunk[0], m_string - m_position - 1);
         const std::size_t position =
             next ? static_cast<std::size_t>(static_cast<const char*>(next) - m_line.data()) : m_string;
-        m_steps += kStepsOfCall + m_matched - before + position - m_position;
+        Step(kStepsOfCall + m_matched - before + position - m_position);
         m_position = position;
         m_matched = 0;
     }
+}
+
+/// Counts steps of search.
+void QuoteLookAhead::Step(std::size_t steps) {
+    constexpr std::size_t kSteps = std::size_t{1} << 20;
+    if (m_steps / kSteps != (m_steps + steps) / kSteps) Watch::Tick();
+    m_steps += steps;
 }
 
 std::size_t QuoteLookAhead::AfterRepeats(std::size_t length) {
     const std::string_view chunk = m_line.substr(m_position, length);
     std::size_t after = m_position + length;
     while (after < m_line.size() && m_line[after] == chunk[0]) {
-        m_steps += kStepsOfCall + length / 8;
+        Step(kStepsOfCall + length / 8);
         if (m_line.compare(after, length, chunk) != 0) break;
         after += length;
     }

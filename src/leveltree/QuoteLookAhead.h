@@ -34,6 +34,7 @@ private:
     std::size_t AfterFirstRun(std::size_t quote);
     void FindFirst(std::size_t length);
     std::size_t AfterRepeats(std::size_t length);
+    void Step(std::size_t steps);
 
     std::string_view m_line;
     std::size_t m_limit = 0;  // of m_steps

@@ -6,6 +6,8 @@
 #include <span>
 #include <utility>
 
+#include "platform/Watch.h"
+
 namespace veka {
 
 /// A stack of elements that are moved as bytes, and whose destructors have nothing to do.
@@ -41,6 +43,7 @@ private:
     T* Grow(T* top) {
         const auto size = static_cast<std::size_t>(top - m_begin);
         const std::size_t capacity = size > 0 ? 2 * size : 64;
+        m_watched.Replace((capacity + kReadable) * sizeof(T));
         std::unique_ptr<std::byte[]> memory(new std::byte[(capacity + kReadable) * sizeof(T)]);
         if (size > 0) std::memcpy(memory.get(), m_memory.get(), size * sizeof(T));
         m_memory = std::move(memory);
@@ -50,6 +53,7 @@ private:
     }
     static std::size_t Bytes(T* place) noexcept { return reinterpret_cast<std::size_t>(place); }
 
+    WatchedMemory m_watched;
     std::unique_ptr<std::byte[]> m_memory;
     T* m_begin = nullptr;
     T* m_top = nullptr;

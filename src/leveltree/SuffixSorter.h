@@ -5,6 +5,8 @@
 #include <limits>
 #include <vector>
 
+#include "platform/Watch.h"
+
 namespace veka {
 
 /// Sorts the suffixes of a text of numbers, in a time and a memory linear in the text.
@@ -43,8 +45,10 @@ private:
     SuffixSorter(const Number* text, Number* sorted, std::size_t size, std::size_t letters)
         : m_text(text), m_sorted(sorted), m_size(size), m_letters(letters), m_ascends(size) {
         m_ascends[size - 1] = true;
-        for (std::size_t i = size - 1; i-- > 0;)
+        for (std::size_t i = size - 1; i-- > 0;) {
+            TickAtStep(i);
             m_ascends[i] = text[i] < text[i + 1] || (text[i] == text[i + 1] && m_ascends[i + 1]);
+        }
     }
 
     /// True where a suffix is less than both of its neighbours in the text.
@@ -67,12 +71,14 @@ private:
     void Induce() {
         SeekFirst();
         for (std::size_t i = 0; i < m_size; ++i) {
+            TickAtStep(i + 1);
             const Number next = m_sorted[i];
             if (next == kNone || next == 0 || m_ascends[next - 1]) continue;
             m_sorted[m_buckets[m_text[next - 1]]++] = next - 1;
         }
         SeekEnd();
         for (std::size_t i = m_size; i-- > 0;) {
+            TickAtStep(i + 1);
             const Number next = m_sorted[i];
             if (next == kNone || next == 0 || !m_ascends[next - 1]) continue;
             m_sorted[--m_buckets[m_text[next - 1]]] = next - 1;

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <new>
 
+#include "platform/Watch.h"
+
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
 #define __SANITIZE_ADDRESS__  // the name that GCC gives it
@@ -18,6 +20,12 @@
 
 namespace veka {
 
+namespace {
+
+constexpr std::size_t kPageSize = std::size_t{32} * 1024;
+
+}  // namespace
+
 struct RecordMemory::Page {
     /// Added to the number of living records while the page is being filled, so that the number cannot reach
     /// 0.
@@ -26,13 +34,14 @@ struct RecordMemory::Page {
 
     /// Subtracts from the number of living records, and frees the page at 0.
     void Release(std::size_t count) noexcept {
-        if (living.fetch_sub(count, std::memory_order_acq_rel) == count) ::operator delete(this);
+        if (living.fetch_sub(count, std::memory_order_acq_rel) != count) return;
+        Watch::Free(kPageSize);
+        ::operator delete(this);
     }
 };
 
 namespace {
 
-constexpr std::size_t kPageSize = std::size_t{32} * 1024;
 // A larger record gets a block of its own. It is often moved into its parent and deleted soon, and a page
 // would keep its memory.
 constexpr std::size_t kLargestInPage = 2048;
@@ -73,6 +82,7 @@ void* RecordMemory::Allocate(std::size_t size) {
         page = scope->m_page;
         ASAN_UNPOISON_MEMORY_REGION(record - kHeader, kHeader + size);
     } else {
+        Watch::Take(kOwnHeader + size);
         record = static_cast<std::byte*>(::operator new(kOwnHeader + size)) + kOwnHeader;
     }
     ::new (record - kHeader) Page*(page);
@@ -86,6 +96,7 @@ void RecordMemory::Free(void* memory, std::size_t size) noexcept {
         ASAN_POISON_MEMORY_REGION(record - kHeader, kHeader + size);
         page->Release(1);
     } else {
+        Watch::Free(kOwnHeader + size);
         ::operator delete(record - kOwnHeader);
     }
 }
@@ -103,6 +114,7 @@ RecordMemory::ImportScope::~ImportScope() {
 void RecordMemory::ImportScope::BeginPage() {
     static_assert(sizeof(Page) + kLargestAlignment + kHeader + kLargestInPage <= kPageSize);
     EndPage();
+    Watch::Take(kPageSize);
     auto* memory = static_cast<std::byte*>(::operator new(kPageSize));
     m_page = ::new (memory) Page;
     m_free = memory + sizeof(Page);

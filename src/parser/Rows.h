@@ -7,6 +7,7 @@
 #include "parser/CVEK_AsciiParser.h"
 #include "parser/KeywordLister.h"
 #include "parser/ReadingForms.h"
+#include "platform/Watch.h"
 
 /// The rows of a parser method: each says which children of a level it reads, and by which form. A method is written as
 /// the table of its rows.
@@ -215,7 +216,10 @@ public:
     [[gnu::always_inline]] void Level(const Source& from, const Rows& rows) const {
         rows.ReadOwn(*this, from);
         INT_PTR place = 0;
-        for (CECadClsLvl* child : *from.level->m_pChildren) rows.Try(*this, Source{child, from.level, place++});
+        for (CECadClsLvl* child : *from.level->m_pChildren) {
+            rows.Try(*this, Source{child, from.level, place});
+            TickAtStep(static_cast<std::size_t>(++place));
+        }
     }
     /// Converts a value into a field.
     template <class Field>

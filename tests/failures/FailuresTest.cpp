@@ -12,6 +12,7 @@
 #include "leveltree/CECadCls.h"
 #include "model/CVEKA_Manager.h"
 #include "parser/CVEK_AsciiParser.h"
+#include "parser/Import.h"
 #include "platform/Exceptions.h"
 #include "support/Files.h"
 #include "support/ScriptedUserInterface.h"
@@ -110,6 +111,28 @@ TEST(OutOfMemory, AnImportIntoAFullModelRaisesAndLeavesEachSectionOldOrNew) {
                                ASSERT_TRUE(left[i] == old[i] || left[i] == fresh[i]) << "section " << i;
                            restore();
                        });
+}
+
+TEST(OutOfMemory, AnImportWithOptionsRaisesAndLeavesEachSectionOldOrNew) {
+    const std::string text = test::ReadFile(veka::ToPath(Parts()[0])) + "(OTHER)";
+    const std::vector<std::string> empty = SectionsAsJson(CVEKA_Manager()),
+                                   full = SectionsAsJson(*Import(Parts()[0]));
+    std::unique_ptr<CVEK_AsciiParser> parser;
+    const size_t failures = FailEachAllocation(
+        [&] {
+            parser.reset();
+            parser = std::make_unique<CVEK_AsciiParser>();
+            veka::ImportOptions options;
+            options.progress = [](const veka::ImportProgress&) {};
+            veka::ImportBytes(*parser, text, options);
+        },
+        [&] {
+            if (!parser) return;
+            const std::vector<std::string> left = SectionsAsJson(*parser->GetCVEKA_Manager());
+            for (size_t i = 0; i < left.size(); ++i)
+                ASSERT_TRUE(left[i] == empty[i] || left[i] == full[i] || i == kShapes) << "section " << i;
+        });
+    EXPECT_GT(failures, 50u);
 }
 
 TEST(OutOfMemory, AnUnbalancedFileRaisesWhereItsMessageCannotBeMade) {

@@ -465,6 +465,69 @@ TEST(LevelReader, GivesTheLineOfEachTopLevelLevel) {
     EXPECT_THAT(Read("(A) (B\n)(C\n(D))\n// note\n  (E)").rootLines, ElementsAre(1, 1, 2, 5));
 }
 
+TEST(LevelReader, CountsTheParenthesesThatCloseNothing) {
+    EXPECT_EQ(Summary("(A))\n))").strayParentheses, 3);
+    EXPECT_EQ(Summary("(A)))(B").strayParentheses, 2);
+    EXPECT_EQ(Summary("(A)\n").strayParentheses, 0);
+    EXPECT_EQ(Summary("(A (B").strayParentheses, 0);
+    EXPECT_EQ(Summary(std::string(25, '(')).strayParentheses, 0);
+    EXPECT_EQ(Summary(")" + std::string(25, '(')).strayParentheses, 1);
+}
+
+/// Reads a text as one that is watched.
+struct Watched {
+    explicit Watched(std::string_view text, bool stopAtDepthZero = false) {
+        veka::Pages pages;
+        veka::MemoryLines lines(text);
+        veka::LevelReader reader(pages, [](CECadClsLvl*, int) {},
+                                 {.stopAtDepthZero = stopAtDepthZero, .watched = true});
+        reader.Read(lines);
+        levels = reader.LevelCount();
+        bytes = reader.BytesRead();
+    }
+    std::uint64_t levels, bytes;
+};
+
+TEST(LevelReader, CountsLevelsAndBytesWhereItIsWatched) {
+    EXPECT_EQ(Watched("").bytes, 0u);
+    EXPECT_EQ(Watched("(A (B) (C (D)))\n(E) (F\n").levels, 5u);
+    EXPECT_EQ(Watched("(A (B) (C (D)))\n(E) (F\n").bytes, 23u);
+    EXPECT_EQ(Watched("))\n").levels, 0u);
+    EXPECT_EQ(Watched("(A)").bytes, 5u) << "with the end of line that was added";
+    EXPECT_EQ(Watched("(A)\n))( (B)\n(C)\n").bytes, 12u) << "to the end of the line where reading stopped";
+    EXPECT_EQ(Watched("(A)\n(B)\n(C)\n", true).bytes, 8u);
+    const std::string lines(100'000, '\n');
+    EXPECT_EQ(Watched("(A" + lines + ")\n").bytes, 100'004u);
+}
+
+/// Ends the work at its first tick after some others.
+class EndAt : public veka::Watch {
+public:
+    explicit EndAt(int ticks) : m_ticks(ticks) {}
+
+protected:
+    void Check() override {
+        if (--m_ticks < 0) throw 1;
+    }
+
+private:
+    int m_ticks;
+};
+
+TEST(LevelReader, TicksOftenWithinOneLine) {
+    for (const char* piece : {" ", " 1", "(B)", " \"b\"", ")"}) {
+        std::string line = "(A";
+        while (line.size() < 1'000'000) line += piece;
+        veka::Pages pages;
+        veka::MemoryLines lines(line);
+        veka::LevelReader reader(pages, [](CECadClsLvl*, int) {}, {.watched = true});
+        EndAt watch(2);
+        const veka::Watch::Scope scope(&watch);
+        EXPECT_THROW(reader.Read(lines), int) << piece;
+        EXPECT_LE(reader.BytesRead(), 3 * veka::LevelReader::kTickBytes) << piece;
+    }
+}
+
 TEST(LevelReader, CountsTheLinesAlsoWhereAnExceptionEndsIt) {
     veka::Pages pages;
     veka::MemoryLines lines("\n(A)\n(B)\n");

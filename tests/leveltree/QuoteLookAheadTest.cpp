@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/Watch.h"
 #include "support/PlainReader.h"
 
 namespace {
@@ -255,6 +256,59 @@ TEST(ChunkIndex, FindsTheFirstRunOfEveryChunkInAnyOrder) {
 
 TEST(ChunkIndex, CanBeMadeOfALineWithoutEscapedQuotes) {
     for (const char* line : {"", "a\"", "\""}) EXPECT_TRUE(veka::ChunkIndex::Make(line)) << line;
+}
+
+/// Counts its ticks, and ends the work at one of them.
+class CountTicks : public veka::Watch {
+public:
+    explicit CountTicks(int last = -1) : m_last(last) {}
+    int ticks = 0;
+
+protected:
+    void Check() override {
+        if (ticks++ == m_last) throw 1;
+    }
+
+private:
+    int m_last;
+};
+
+/// A search that ticks often, and that any of its ticks can end.
+void TicksAndEnds(const std::string& line, const std::vector<size_t>& strings, size_t limit) {
+    const auto askAll = [&] {
+        veka::QuoteLookAhead lookAhead;
+        lookAhead.StartLine(line, limit);
+        for (const size_t begin : strings) {
+            lookAhead.StartString(begin);
+            lookAhead.EndsAt(line.find("\\\"", begin) + 1);
+        }
+    };
+    CountTicks all;
+    {
+        const veka::Watch::Scope scope(&all);
+        askAll();
+    }
+    EXPECT_GT(all.ticks, 5);
+    EXPECT_EQ(all.Taken(), 0);
+    EXPECT_EQ(all.MostTaken() > 0, limit == kIndexAtOnce);
+    for (int last = 0; last < all.ticks; ++last) {
+        CountTicks one(last);
+        const veka::Watch::Scope scope(&one);
+        EXPECT_THROW(askAll(), int);
+    }
+}
+
+TEST(QuoteLookAhead, TicksWhileItMakesAnIndex) {
+    std::mt19937 random(1);
+    std::string line;
+    while (line.size() < 200'000)
+        line += std::string(1 + random() % 3, static_cast<char>('a' + random() % 2)) + "\\\"";
+    TicksAndEnds(line, {0, line.size() / 2}, kIndexAtOnce);
+}
+
+TEST(QuoteLookAhead, TicksWhileItSearches) {
+    const std::string line = std::string(300'000, 'a') + '"' + std::string(30, 'a') + "b\\\"";
+    TicksAndEnds(line, {300'001}, kNoIndex);
 }
 
 }  // namespace

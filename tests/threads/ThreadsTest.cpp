@@ -10,6 +10,7 @@
 
 #include "model/CVEKA_Manager.h"
 #include "parser/CVEK_AsciiParser.h"
+#include "parser/Import.h"
 #include "support/Files.h"
 #include "support/Told.h"
 #include "window/UserInterface.h"
@@ -79,6 +80,27 @@ TEST(Threads, ShowTheirMessagesThroughTheOneUserInterface) {
     });
     veka::InstallUserInterface(former);
     EXPECT_EQ(counting.shown, kThreads);
+}
+
+TEST(Threads, ImportsAreWatchedAndCancelledOneByOne) {
+    std::string text = "(PADS ";
+    for (int i = 0; i < 5'000; ++i) text += "(PAD (PADNAME P)\n(FILLCIRCLE (PT 1 2) (D 0.5)))";
+    text += ")";
+    std::atomic<int> number = 0;
+    std::stop_source stop;
+    InThreads([&] {
+        const bool cancelled = number++ % 2 == 0;
+        CVEK_AsciiParser parser;
+        veka::ImportOptions options;
+        options.progressInterval = {};
+        if (cancelled) {
+            options.stop = stop.get_token();
+            options.progress = [&](const veka::ImportProgress&) { stop.request_stop(); };
+        }
+        const veka::ImportResult result = veka::ImportBytes(parser, text, options);
+        EXPECT_EQ(result.end == veka::ImportResult::End::Cancelled, cancelled);
+        EXPECT_EQ(parser.GetCVEKA_Manager()->GetPadArr()->GetSize(), cancelled ? 0 : 5'000);
+    });
 }
 
 }  // namespace
