@@ -54,8 +54,11 @@ endif()
 if(TARGET VEKAsciiWin32)
     veka_install_headers(win32 win32/Win32UserInterface.h)
 endif()
+if(TARGET veka-step-reader)
+    install(TARGETS veka-step-reader RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/vekasciidll COMPONENT host)
+endif()
 if(TARGET VEKAsciiSolids)
-    veka_install_headers(solids geometry/SolidFiles.h)
+    veka_install_headers(solids package/PackageSolids.h leads/Lead.h)
 endif()
 
 configure_package_config_file(cmake/VEKAsciiDLLConfig.cmake.in VEKAsciiDLLConfig.cmake

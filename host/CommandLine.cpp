@@ -9,7 +9,7 @@ namespace host {
 
 const char* const kUsage =
     "usage: veka-host [FILE...] [--library DIR] [--overwrite yes|no|ask] [--print [json]] [--pins [csv]]\n"
-    "                 [--step FILE] [--gltf FILE] [--quiet] [--ui qt|win32|console]\n"
+    "                 [--step FILE] [--gltf FILE] [--step-folder DIR...] [--quiet] [--ui qt|win32|console]\n"
     "       veka-host --open [FILE...]\n"
     "       veka-host --undo [PART...] --library DIR\n"
     "\n"
@@ -25,6 +25,7 @@ const char* const kUsage =
     "  --pins csv          print the pins as comma-separated values\n"
     "  --step FILE         write the solids of the packages to a STEP file\n"
     "  --gltf FILE         write the solids of the packages to a binary glTF file\n"
+    "  --step-folder DIR   look in this directory, too, for STEP files that the part names\n"
     "  --quiet, -q         print no summary\n"
     "  --undo              exchange a part with the one that was replaced last\n"
     "  --wait SECONDS      how long to wait for a library that another program writes (60)\n"
@@ -166,6 +167,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             line.step = next.Path();
         } else if (option == "--gltf") {
             line.gltf = next.Path();
+        } else if (option == "--step-folder") {
+            line.stepFolders.push_back(next.Path());
         } else if (option == "--wait") {
             line.wait = Seconds(option, next.Value());
         } else if (option == "--print") {

@@ -36,6 +36,7 @@ struct CommandLine {
     Print print = Print::Summary;
     std::string step;  ///< file to write the solids to; empty: none
     std::string gltf;
+    std::vector<std::string> stepFolders;  ///< where STEP files that a part names are looked for, too
     Windows windows = Windows::Automatic;
     std::chrono::seconds wait{60};  ///< how long to wait for a library that another program writes
 

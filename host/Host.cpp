@@ -4,7 +4,6 @@
 #include <istream>
 #include <map>
 #include <ostream>
-#include <sstream>
 
 #include "console/ConsoleUserInterface.h"
 #include "files/Paths.h"
@@ -200,12 +199,22 @@ private:
 
     int WriteSolidFiles(const ImportedPart& part) {
         OutputFile step(m_line.step), gltf(m_line.gltf);
-        std::stringstream reasons;
-        WriteSolids(part.Model(), step.TemporaryPath(), gltf.TemporaryPath(), reasons);
-        for (std::string reason; std::getline(reasons, reason);) m_messages.Say(reason);
-        step.Commit();
-        gltf.Commit();
-        return kImported;
+        std::vector<SolidFile> files;
+        if (!m_line.step.empty()) files.push_back({SolidFile::Format::Step, step.TemporaryPath(), false, {}});
+        if (!m_line.gltf.empty()) files.push_back({SolidFile::Format::Gltf, gltf.TemporaryPath(), false, {}});
+        for (const std::string& remark :
+             WriteSolids(part.Model(), std::string(part.file.View()), m_line.stepFolders, files))
+            m_messages.Say(remark);
+        int code = kImported;
+        for (const SolidFile& file : files) {
+            const bool isStep = file.format == SolidFile::Format::Step;
+            for (const std::string& failure : file.failures)
+                m_messages.Say(Quoted(isStep ? m_line.step : m_line.gltf) +
+                               (file.written ? " is not whole: " : " was not written: ") + failure);
+            if (!file.failures.empty()) code = kFailed;
+            if (file.written) (isStep ? step : gltf).Commit();
+        }
+        return code;
     }
 
     /// Says after a second whom the program waits for, and gives up after the time that the user set.

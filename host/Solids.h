@@ -1,8 +1,8 @@
 #pragma once
 
-#include <iosfwd>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "model/CVEKA_Manager.h"
 
@@ -13,10 +13,22 @@ struct SolidsError : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
-/// Writes the solids of all packages of a part, bodies and leads, as a STEP and as a glTF file; an empty path
-/// writes none. What has no shape is told on `err`. Raises `SolidsError` where there is nothing to write or
-/// it cannot be written, and in a program that was built without solids.
-void WriteSolids(const CVEKA_Manager& part, const std::string& stepPath, const std::string& gltfPath,
-                 std::ostream& err);
+/// A file of solids, and what became of it.
+struct SolidFile {
+    enum class Format { Step, Gltf };
+    Format format;
+    std::string path;      ///< where to write
+    bool written = false;  ///< the file is there, perhaps without some bodies
+    std::vector<std::string>
+        failures;  ///< a sentence for each body that could not be written, or for the file
+};
+
+/// Writes the solids of all packages of a part, bodies and leads, to files; each is tried even if another
+/// fails. Returns a sentence for each kind of thing that was left out. A STEP file that the part names is
+/// looked for beside the part's file and in the folders. Raises `SolidsError` in a program that was built
+/// without solids.
+std::vector<std::string> WriteSolids(const CVEKA_Manager& part, const std::string& partFile,
+                                     const std::vector<std::string>& stepFolders,
+                                     std::vector<SolidFile>& files);
 
 }  // namespace host

@@ -2,7 +2,8 @@
 
 namespace host {
 
-void WriteSolids(const CVEKA_Manager&, const std::string&, const std::string&, std::ostream&) {
+std::vector<std::string> WriteSolids(const CVEKA_Manager&, const std::string&,
+                                     const std::vector<std::string>&, std::vector<SolidFile>&) {
     throw SolidsError("this program was built without OpenCASCADE and cannot make solids");
 }
 

@@ -1,55 +1,32 @@
 #include "host/Solids.h"
 
-#include <ostream>
+#include <filesystem>
 
-#include "geometry/SolidFiles.h"
+#include "host/CommandLine.h"
+#include "package/PackageSolids.h"
 
 namespace host {
 
-namespace {
-
-class Collector {
-public:
-    void Add(const std::string& name, const CVEKA_3DObjectArray& objects) {
-        std::vector<std::shared_ptr<geometry::object>> shapes;
-        CVEKA_3DObject::AddNewShape(&shapes, objects);
-        for (auto& shape : shapes)
-            m_solids.push_back(
-                {name + " " + shape->GetKind() + " " + std::to_string(++m_number), std::move(shape)});
+std::vector<std::string> WriteSolids(const CVEKA_Manager& part, const std::string& partFile,
+                                     const std::vector<std::string>& stepFolders,
+                                     std::vector<SolidFile>& files) {
+    std::vector<std::string> folders;
+    if (partFile != kStandardInput) {
+        const std::string folder = std::filesystem::path(partFile).parent_path().string();
+        folders.push_back(folder.empty() ? "." : folder);
     }
-    const std::vector<geometry::NamedSolid>& Solids() const { return m_solids; }
-
-private:
-    std::vector<geometry::NamedSolid> m_solids;
-    int m_number = 0;
-};
-
-std::string Text(const CString& text) {
-    return std::string(text.View());
-}
-
-}  // namespace
-
-void WriteSolids(const CVEKA_Manager& part, const std::string& stepPath, const std::string& gltfPath,
-                 std::ostream& err) {
-    Collector collector;
-    for (const CVEKA_Package* package : *part.GetVEK()->GetPackages()->GetPackageArr()) {
-        const std::string name = Text(package->GetName());
-        collector.Add(name + " body", *package->GetBodyGeometry()->Get3DObjects());
-        collector.Add(name + " marking", *package->GetMarkingGeometries()->Get3DObjects());
-        for (const CVEKA_PackagePin* pin : *package->GetPKGPins())
-            collector.Add(name + " pin " + Text(pin->GetPKGPinName()), *pin->Get3DObjects());
-        for (const CVEKA_MechanicalPin* pin : *package->GetMechanicalPins())
-            collector.Add(name + " mechanical pin " + Text(pin->GetName()), *pin->GetLead());
-    }
-    std::vector<std::string> leftOut;
-    try {
-        if (!stepPath.empty()) leftOut = geometry::WriteStep(stepPath, collector.Solids());
-        if (!gltfPath.empty()) leftOut = geometry::WriteGltf(gltfPath, collector.Solids());
-    } catch (const std::runtime_error& error) {
-        throw SolidsError(error.what());
-    }
-    for (const std::string& reason : leftOut) err << "veka-host: " << reason << '\n';
+    folders.insert(folders.end(), stepFolders.begin(), stepFolders.end());
+    const veka::PackageSolids made =
+        veka::MakePackageSolids(part, std::make_shared<geometry::step_files>(folders));
+    for (SolidFile& file : files) try {
+            const auto write =
+                file.format == SolidFile::Format::Step ? geometry::WriteStep : geometry::WriteGltf;
+            file.failures = write(file.path, made.solids);
+            file.written = true;
+        } catch (const std::runtime_error& error) {
+            file.failures.emplace_back(error.what());
+        }
+    return made.remarks;
 }
 
 }  // namespace host

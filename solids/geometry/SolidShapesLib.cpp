@@ -1,6 +1,7 @@
 #include "geometry/SolidShapesLib.h"
 
 #include <BRepAlgoAPI_Cut.hxx>
+#include <BRepAlgoAPI_Fuse.hxx>
 #include <BRepBuilderAPI_MakeEdge.hxx>
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepBuilderAPI_MakePolygon.hxx>
@@ -8,21 +9,26 @@
 #include <BRepBuilderAPI_MakeWire.hxx>
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BRepCheck_Analyzer.hxx>
+#include <BRepOffsetAPI_MakePipeShell.hxx>
 #include <BRepOffsetAPI_ThruSections.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRepPrimAPI_MakePrism.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
+#include <BRep_Builder.hxx>
 #include <GC_MakeArcOfCircle.hxx>
 #include <Geom_TrimmedCurve.hxx>
-#include <STEPControl_Reader.hxx>
 #include <Standard_Failure.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopLoc_Location.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Edge.hxx>
 #include <TopoDS_Face.hxx>
 #include <TopoDS_Shape.hxx>
+#include <TopoDS_Vertex.hxx>
 #include <TopoDS_Wire.hxx>
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <gp_Ax2.hxx>
 #include <gp_Circ.hxx>
 #include <gp_Elips.hxx>
@@ -31,7 +37,7 @@
 #include <numbers>
 #include <stdexcept>
 
-#include "geometry/Quiet.h"
+#include "geometry/StepFiles.h"
 
 namespace geometry {
 
@@ -122,6 +128,33 @@ double Distance(const CPointD& a, const CPointD& b) {
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
+gp_Pnt ToPoint(const CPointD& point) {
+    return {point.x, point.y, 0};
+}
+
+/// The edge of a piece between two corners.
+TopoDS_Edge EdgeOf(const CPCDrawObj& piece, const CPointD& start, const CPointD& end,
+                   const TopoDS_Vertex& first, const TopoDS_Vertex& last, const std::string& name) {
+    const auto* arc = dynamic_cast<const CPCArc*>(&piece);
+    if (!arc) return BRepBuilderAPI_MakeEdge(first, last).Edge();
+    NeedSize((name + "'s radius").c_str(), arc->GetRadius());
+    const GC_MakeArcOfCircle curve(ToPoint(start), ToPoint(arc->GetMiddlePt()), ToPoint(end));
+    if (!curve.IsDone()) Fail(name + " has an arc that is none");
+    BRepBuilderAPI_MakeEdge edge(curve.Value(), first, last);
+    if (!edge.IsDone()) Fail(name + " does not hold together");
+    return edge.Edge();
+}
+
+/// The wire of edges that follow each other. It is put together by hand, since the modeller compares each
+/// edge with all before it.
+TopoDS_Wire WireOf(const std::vector<TopoDS_Edge>& edges) {
+    TopoDS_Wire wire;
+    BRep_Builder builder;
+    builder.MakeWire(wire);
+    for (const TopoDS_Edge& edge : edges) builder.Add(wire, edge);
+    return wire;
+}
+
 /// The closed wire of an outline. Its pieces follow each other; a gap that rounding explains is closed.
 TopoDS_Wire OutlineWire(const CPCDrawObjArray& outline, const std::string& name) {
     std::vector<const CPCDrawObj*> pieces;
@@ -153,28 +186,93 @@ TopoDS_Wire OutlineWire(const CPCDrawObjArray& outline, const std::string& name)
                        .Edge())
             .Wire();
     }
-    BRepBuilderAPI_MakeWire wire;
-    std::size_t arcs = 0;
+    std::vector<TopoDS_Vertex> corners;
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         // Each piece ends where the next one begins.
         const CPointD start = pieces[i]->GetStartPt(), next = pieces[(i + 1) % pieces.size()]->GetStartPt();
         if (Distance(pieces[i]->GetEndPt(), next) > gap) Fail(name + " does not close");
-        const gp_Pnt from(start.x, start.y, 0), to(next.x, next.y, 0);
-        if (from.Distance(to) < 1e-7) Fail(name + " has a piece without an end");
-        if (const auto* arc = dynamic_cast<const CPCArc*>(pieces[i])) {
-            needRadius(*arc);
-            const CPointD middle = arc->GetMiddlePt();
-            const GC_MakeArcOfCircle curve(from, gp_Pnt(middle.x, middle.y, 0), to);
-            if (!curve.IsDone()) Fail(name + " has an arc that is none");
-            wire.Add(BRepBuilderAPI_MakeEdge(curve.Value()).Edge());
-            ++arcs;
-        } else {
-            wire.Add(BRepBuilderAPI_MakeEdge(from, to).Edge());
-        }
-        if (!wire.IsDone()) Fail(name + " does not hold together");
+        if (Distance(start, next) < 1e-7) Fail(name + " has a piece without an end");
+        corners.push_back(BRepBuilderAPI_MakeVertex(ToPoint(start)).Vertex());
+    }
+    std::size_t arcs = 0;
+    std::vector<TopoDS_Edge> edges;
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        const std::size_t next = (i + 1) % pieces.size();
+        edges.push_back(EdgeOf(*pieces[i], pieces[i]->GetStartPt(), pieces[next]->GetStartPt(), corners[i],
+                               corners[next], name));
+        if (dynamic_cast<const CPCArc*>(pieces[i])) ++arcs;
     }
     if (pieces.size() < 3 && arcs == 0) Fail(name + " has two points only");
-    return wire.Wire();
+    TopoDS_Wire wire = WireOf(edges);
+    wire.Closed(true);
+    return wire;
+}
+
+/// The wire of a line that is open, such as the middle line of a bar.
+TopoDS_Wire OpenWire(const CPCDrawObjArray& line, const std::string& name) {
+    if (line.GetSize() == 0) Fail(name + " is empty");
+    std::vector<TopoDS_Vertex> corners;
+    for (std::size_t i = 0; i < line.GetSize(); ++i)
+        corners.push_back(BRepBuilderAPI_MakeVertex(ToPoint(line[i].GetStartPt())).Vertex());
+    const CPointD last = line[line.GetSize() - 1].GetEndPt();
+    corners.push_back(BRepBuilderAPI_MakeVertex(ToPoint(last)).Vertex());
+    std::vector<TopoDS_Edge> edges;
+    for (std::size_t i = 0; i < line.GetSize(); ++i) {
+        const CPointD end = i + 1 < line.GetSize() ? line[i + 1].GetStartPt() : last;
+        edges.push_back(EdgeOf(line[i], line[i].GetStartPt(), end, corners[i], corners[i + 1], name));
+    }
+    return WireOf(edges);
+}
+
+/// From a plane with X and Y to the upright plane in a direction, where Y is up.
+gp_Trsf ToUpright(double direction) {
+    const double angle = direction / 180 * std::numbers::pi, c = std::cos(angle), s = std::sin(angle);
+    gp_Trsf place;
+    place.SetValues(c, 0, s, 0,   //
+                    s, 0, -c, 0,  //
+                    0, 1, 0, 0);
+    return place;
+}
+
+TopoDS_Wire SectionAt(const gp_Pnt& point, const gp_Dir& along, const sweep& s) {
+    // The plane of the sweep is that of X and Y here, so its width is along Z.
+    const bool wide = s.width >= s.thickness;
+    const gp_Dir across(0, 0, 1);
+    const gp_Ax2 axes(point, along, wide ? across : across.Crossed(along));
+    const double large = std::max(s.width, s.thickness) / 2, small = std::min(s.width, s.thickness) / 2;
+    const TopoDS_Edge edge = large - small < 1e-9 * large
+                                 ? BRepBuilderAPI_MakeEdge(gp_Circ(axes, large)).Edge()
+                                 : BRepBuilderAPI_MakeEdge(gp_Elips(axes, large, small)).Edge();
+    return BRepBuilderAPI_MakeWire(edge).Wire();
+}
+
+TopoDS_Shape SweepOf(const sweep& s) {
+    NeedSize("the width of a section", s.width);
+    NeedSize("the thickness of a section", s.thickness);
+    TopoDS_Shape shape;
+    if (s.round) {
+        const TopoDS_Wire line = OpenWire(s.middle, "the line of a bar");
+        const CPointD start = s.middle[0].GetStartPt();
+        const gp_Pnt from = ToPoint(start);
+        const auto* arc = dynamic_cast<const CPCArc*>(&s.middle[0]);
+        const CPointD next = arc ? arc->GetCenterPt() : s.middle[0].GetEndPt();
+        const gp_Dir towards(next.x - start.x, next.y - start.y, 0);
+        const gp_Dir along = !arc          ? towards
+                             : arc->IsCW() ? gp_Dir(0, 0, 1).Crossed(towards)
+                                           : towards.Crossed(gp_Dir(0, 0, 1));
+        BRepOffsetAPI_MakePipeShell pipe(line);
+        pipe.SetMode(gp_Dir(0, 0, 1));  // the width of the section stays across the plane
+        pipe.SetTransitionMode(BRepBuilderAPI_RightCorner);
+        pipe.Add(SectionAt(from, along, s));
+        pipe.Build();
+        if (!pipe.IsDone() || !pipe.MakeSolid()) Fail("a bar cannot follow its line");
+        shape = pipe.Shape();
+    } else {
+        gp_Trsf middle;
+        middle.SetTranslation(gp_Vec(0, 0, -s.width / 2));
+        shape = Prism(OutlineWire(s.outline, "the outline"), s.width).Moved(TopLoc_Location(middle));
+    }
+    return BRepBuilderAPI_Transform(shape, ToUpright(s.direction), true).Shape();
 }
 
 }  // namespace
@@ -360,21 +458,60 @@ TopoDS_Shape pillar::MakeAtOrigin() const {
     return body;
 }
 
+lead::lead(const vector& point, const vector& front, const vector& up, std::vector<sweep> sweeps,
+           std::vector<ball> balls, const vector& color, bool flag)
+    : type_multi_object("lead", point, front, up, color, flag),
+      Sweeps(std::move(sweeps)),
+      Balls(std::move(balls)) {}
+
+TopoDS_Shape lead::MakeAtOrigin() const {
+    TopoDS_Shape body;
+    const auto add = [&](const TopoDS_Shape& part) {
+        if (body.IsNull()) {
+            body = part;
+            return;
+        }
+        BRepAlgoAPI_Fuse fuse(body, part);
+        if (!fuse.IsDone()) Fail("the parts of the lead do not join");
+        body = fuse.Shape();
+    };
+    for (const sweep& part : Sweeps) add(SweepOf(part));
+    for (const ball& part : Balls) {
+        NeedSize("the radius", part.radius);
+        add(BRepPrimAPI_MakeSphere(gp_Pnt(0, 0, part.height), part.radius).Shape());
+    }
+    if (body.IsNull()) Fail("the lead is empty");
+    return body;
+}
+
+placed::placed(std::shared_ptr<const object> body, const placement& place)
+    : m_body(std::move(body)), m_place(place) {}
+
+TopoDS_Shape placed::Make() const {
+    const TopoDS_Shape& body = *m_body->GetShape();
+    if (body.IsNull()) Fail(m_body->GetFailure());
+    const placement& p = m_place;
+    const double volume = Dot(p.x, Cross(p.y, p.z));
+    if (!(std::fabs(std::fabs(volume) - 1) < 1e-6)) Fail("the rotation is no number");
+    NeedPlace("the place", p.move);
+    NeedSize("the scale", p.scale);
+    gp_Trsf trsf;
+    const double s = p.scale;
+    trsf.SetValues(s * p.x.X, s * p.x.Y, s * p.x.Z, s * p.move.X,  //
+                   s * p.y.X, s * p.y.Y, s * p.y.Z, s * p.move.Y,  //
+                   s * p.z.X, s * p.z.Y, s * p.z.Z, s * p.move.Z);
+    if (p.scale == 1 && volume > 0) return body.Moved(TopLoc_Location(trsf));
+    return BRepBuilderAPI_Transform(body, trsf, true).Shape();
+}
+
 step::step(const char* path, const vector& point, const vector& front, const vector& up, const vector& color,
            bool flag)
     : type_multi_object("step", point, front, up, color, flag), Path(path ? path : "") {}
 
 TopoDS_Shape step::MakeAtOrigin() const {
-    std::error_code error;
     if (Path.empty()) Fail("no STEP file is named");
-    if (!std::filesystem::is_regular_file(Path, error)) Fail("there is no STEP file \"" + Path + "\"");
-    const Quiet quiet;
-    STEPControl_Reader reader;
-    if (reader.ReadFile(Path.c_str()) != IFSelect_RetDone) Fail("\"" + Path + "\" is no STEP file");
-    reader.TransferRoots();
-    TopoDS_Shape shape = reader.OneShape();
-    if (shape.IsNull()) Fail("the STEP file \"" + Path + "\" holds no shape");
-    return shape;
+    if (!files) Fail("no folder is named to look for the STEP file \"" + Path + "\" in");
+    return files->Read(Path);
 }
 
 }  // namespace geometry

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "geometry/MathVector.h"
 #include "geometry/PlaneShapesLib.h"
@@ -177,13 +178,71 @@ protected:
     TopoDS_Shape MakeAtOrigin() const override;
 };
 
-/// What a STEP file holds, where the file has it.
+/// A section that is moved along a line of straight pieces and arcs in an upright plane through the Z axis.
+struct sweep {
+    bool round = false;    ///< the section is an ellipse; otherwise a rectangle
+    double width = 0;      ///< of the section, square to the plane
+    double thickness = 0;  ///< of the section, in the plane
+    double direction = 0;  ///< degrees about Z from X to the plane
+    CPCDrawObjArray
+        middle;  ///< of a round section: the open line that it follows, X along the plane and Y up
+    CPCDrawObjArray outline;  ///< of a rectangular section: the closed outline in the plane
+};
+
+/// The metal of a lead: sweeps and balls that become one body.
+class lead : public type_multi_object {
+public:
+    /// A ball on the Z axis.
+    struct ball {
+        double radius = 0;
+        double height = 0;  ///< of its centre
+    };
+    lead(const vector& point, const vector& front, const vector& up, std::vector<sweep> sweeps,
+         std::vector<ball> balls, const vector& color, bool flag);
+    const std::vector<sweep> Sweeps;
+    const std::vector<ball> Balls;
+
+protected:
+    TopoDS_Shape MakeAtOrigin() const override;
+};
+
+/// How a body is turned, mirrored, moved and scaled: the rows of a rotation, with a determinant of 1 or -1,
+/// then a move, then a factor.
+struct placement {
+    vector x{1, 0, 0}, y{0, 1, 0}, z{0, 0, 1};
+    vector move;
+    double scale = 1;
+};
+
+/// A body at another place. It shares the body, and its shape as long as that is only turned and moved.
+class placed : public object {
+public:
+    placed(std::shared_ptr<const object> body, const placement& place);
+    const vector& GetColor() const override { return m_body->GetColor(); }
+    const char* GetKind() const override { return m_body->GetKind(); }
+    const object& GetBody() const { return *m_body; }
+    const placement& GetPlace() const { return m_place; }
+
+protected:
+    TopoDS_Shape Make() const override;
+
+private:
+    std::shared_ptr<const object> m_body;
+    placement m_place;
+};
+
+class step_files;
+
+/// What a STEP file holds. The file is looked for by the files that the body was given, and nowhere else;
+/// without them the shape is empty.
 class step : public type_multi_object {
 public:
     /// The path is copied; null counts as empty.
     step(const char* path, const vector& point, const vector& front, const vector& up, const vector& color,
          bool flag);
     const std::string Path;
+    std::shared_ptr<const step_files>
+        files;  ///< where and how the file is read; counts as it stands at the first call
 
 protected:
     TopoDS_Shape MakeAtOrigin() const override;

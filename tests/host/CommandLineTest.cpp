@@ -103,4 +103,12 @@ TEST(CommandLine, RaisesWhatDoesNotGoTogether) {
         EXPECT_THROW(ParseCommandLine(arguments), UsageError) << testing::PrintToString(arguments);
 }
 
+TEST(CommandLine, StepFoldersAreCollected) {
+    const host::CommandLine line =
+        host::ParseCommandLine({"x.veka", "--step-folder", "a", "--step-folder=b"});
+    EXPECT_EQ(line.stepFolders, (std::vector<std::string>{"a", "b"}));
+    EXPECT_TRUE(host::ParseCommandLine({"x.veka"}).stepFolders.empty());
+    EXPECT_THROW(host::ParseCommandLine({"x.veka", "--step-folder", ""}), host::UsageError);
+}
+
 }  // namespace

@@ -9,10 +9,13 @@
 #include <GProp_GProps.hxx>
 #include <TopoDS_Shape.hxx>
 #include <cmath>
+#include <cstdlib>
+#include <filesystem>
 #include <limits>
 #include <numbers>
 
 #include "geometry/SolidFiles.h"
+#include "geometry/StepFiles.h"
 #include "support/Files.h"
 
 namespace {
@@ -304,31 +307,122 @@ TEST(Pillar, ImpossibleOutlinesGiveNoShapeAndAReason) {
     EXPECT_TRUE(Pillar(point).GetShape()->IsNull());
 }
 
-TEST(Step, HoldsTheShapeOfAFile) {
+TEST(Step, HoldsTheShapeOfAFileInItsFolders) {
     const test::TemporaryDirectory directory;
-    const std::string path(static_cast<const char*>(directory / "body.step"));
     geometry::WriteStep(
-        path, {{"body", std::make_shared<geometry::cuboid>(kZero, kX, kZ, 2, 3, 4, kColor, false)}});
-    geometry::step solid(path.c_str(), {10, 0, 0}, kZero, kZero, kColor, false);
+        static_cast<const char*>(directory / "body.step"),
+        {{"body", std::make_shared<geometry::cuboid>(kZero, kX, kZ, 2, 3, 4, kColor, false)}});
+    geometry::step solid("body.step", {10, 0, 0}, kZero, kZero, kColor, false);
+    solid.files = std::make_shared<geometry::step_files>(
+        std::vector<std::string>{static_cast<const char*>(directory / "")});
     ExpectVolume(solid, 24);
     ExpectCenter(solid, 10, 0, 2);
 }
 
-TEST(Step, AMissingOrBrokenFileGivesNoShapeAndAReason) {
-    const test::TemporaryDirectory directory;
+TEST(Step, AFileThatIsNotNamedOrHasNoFolderGivesAReason) {
     const auto step = [](const char* path) {
         return geometry::step(path, kZero, kZero, kZero, kColor, false);
     };
     ExpectFailure(step(nullptr), "no STEP file is named");
     ExpectFailure(step(""), "no STEP file is named");
-    ExpectFailure(step("/nowhere/x.step"), "there is no STEP file \"/nowhere/x.step\"");
-    EXPECT_TRUE(step(directory / "").GetShape()->IsNull());
-    for (const char* content :
-         {"", "garbage", "ISO-10303-21;\nHEADER;\nENDSEC;\nDATA;\nENDSEC;\nEND-ISO-10303-21;\n"}) {
-        const geometry::step broken = step(directory.Write("broken.step", content));
-        EXPECT_TRUE(broken.GetShape()->IsNull());
-        EXPECT_NE(broken.GetFailure(), "");
-    }
+    ExpectFailure(step("/etc/passwd"), "no folder is named to look for the STEP file \"/etc/passwd\" in");
+}
+
+geometry::sweep Strip(double width, double thickness, std::vector<CPointD> corners) {
+    geometry::sweep sweep;
+    sweep.width = width;
+    sweep.thickness = thickness;
+    sweep.outline = Outline(std::move(corners));
+    return sweep;
+}
+
+geometry::lead Lead(std::vector<geometry::sweep> sweeps, std::vector<geometry::lead::ball> balls = {}) {
+    return {kZero, kZero, kZero, std::move(sweeps), std::move(balls), kColor, false};
+}
+
+TEST(Lead, AStripStandsUprightInItsDirection) {
+    geometry::sweep strip = Strip(2, 1, {{0, 0}, {5, 0}, {5, 1}, {0, 1}});
+    ExpectVolume(Lead({strip}), 10);
+    ExpectBounds(Lead({strip}), {0, -1, 0}, {5, 1, 1});
+    strip.direction = 90;
+    ExpectBounds(Lead({strip}), {-1, 0, 0}, {1, 5, 1});
+}
+
+TEST(Lead, ARoundBarFollowsItsLine) {
+    geometry::sweep bar;
+    bar.round = true;
+    bar.width = bar.thickness = 1;
+    bar.middle.Add(new CPCLineSeg(-5, 4, -1, 4));
+    bar.middle.Add(Arc({-1, 3}, 1, 90, 0, 1));
+    bar.middle.Add(new CPCLineSeg(0, 3, 0, -2));
+    ExpectVolume(Lead({bar}), pi / 4 * (4 + pi / 2 + 5));
+    ExpectBounds(Lead({bar}), {-5, -0.5, -2}, {0.5, 0.5, 4.5});
+    bar.width = 0.5;
+    ExpectVolume(Lead({bar}), pi / 8 * (4 + pi / 2 + 5));
+    ExpectBounds(Lead({bar}), {-5, -0.25, -2}, {0.5, 0.25, 4.5});
+}
+
+TEST(Lead, ARoundBarMayBeginWithABendAndHaveASharpCorner) {
+    geometry::sweep bar;
+    bar.round = true;
+    bar.width = bar.thickness = 1;
+    bar.middle.Add(Arc({-1, 3}, 1, 90, 0, 1));
+    bar.middle.Add(new CPCLineSeg(0, 3, 0, -2));
+    ExpectVolume(Lead({bar}), pi / 4 * (pi / 2 + 5));
+    geometry::sweep corner = bar;
+    corner.middle = CPCDrawObjArray();
+    corner.middle.Add(new CPCLineSeg(-5, 0, 0, 0));
+    corner.middle.Add(new CPCLineSeg(0, 0, 0, -5));
+    ExpectVolume(Lead({corner}), pi / 4 * 10);
+}
+
+TEST(Lead, ItsPartsBecomeOneBody) {
+    const geometry::lead solid = Lead(
+        {Strip(2, 1, {{0, 0}, {1, 0}, {1, 2}, {0, 2}}), Strip(1, 1, {{0, -3}, {1, -3}, {1, 0.5}, {0, 0.5}})});
+    ExpectVolume(solid, 4 + 3);
+    ExpectVolume(Lead({}, {{1, 1}}), 4.0 / 3 * pi);
+    ExpectBounds(Lead({}, {{1, 1}}), {-1, -1, 0}, {1, 1, 2});
+}
+
+TEST(Lead, ImpossiblePartsGiveNoShapeAndAReason) {
+    ExpectFailure(Lead({}), "the lead is empty");
+    ExpectFailure(Lead({}, {{kNaN, 1}}), "the radius is not above 0");
+    ExpectFailure(Lead({Strip(0, 1, {{0, 0}, {1, 0}, {1, 1}})}), "the width of a section is not above 0");
+    geometry::sweep bar;
+    bar.round = true;
+    bar.width = bar.thickness = 1;
+    ExpectFailure(Lead({bar}), "the line of a bar is empty");
+}
+
+TEST(Placed, ABodyIsTurnedMovedAndScaled) {
+    const auto body = std::make_shared<geometry::cuboid>(kZero, kX, kZ, 2, 4, 6, kColor, false);
+    geometry::placement place{{0, -1, 0}, {1, 0, 0}, {0, 0, 1}, {10, 0, 1}, 1};
+    const geometry::placed turned(body, place);
+    ExpectBounds(turned, {8, -1, 1}, {12, 1, 7});
+    EXPECT_EQ(turned.GetColor(), kColor);
+    EXPECT_STREQ(turned.GetKind(), "cuboid");
+    EXPECT_TRUE(turned.GetShape()->IsPartner(*body->GetShape())) << "the shape is shared";
+    place.scale = 2;
+    ExpectBounds(geometry::placed(body, place), {16, -2, 2}, {24, 2, 14});
+    ExpectVolume(geometry::placed(body, place), 48 * 8);
+}
+
+TEST(Placed, ABodyMayBeMirrored) {
+    const auto body = std::make_shared<geometry::cuboid>(vector{5, 0, 0}, kX, kZ, 2, 4, 6, kColor, false);
+    const geometry::placed mirrored(body, {{-1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {}, 1});
+    ExpectBounds(mirrored, {-6, -2, 0}, {-4, 2, 6});
+    ExpectVolume(mirrored, 48);
+}
+
+TEST(Placed, ImpossiblePlacesGiveNoShapeAndAReason) {
+    const auto body = std::make_shared<geometry::cuboid>(kZero, kX, kZ, 2, 4, 6, kColor, false);
+    ExpectFailure(geometry::placed(body, {{kNaN, 0, 0}, {0, 1, 0}, {0, 0, 1}, {}, 1}),
+                  "the rotation is no number");
+    ExpectFailure(geometry::placed(body, {kX, {0, 1, 0}, kZ, {kInfinity, 0, 0}, 1}),
+                  "the place is not a place that a body can have");
+    ExpectFailure(geometry::placed(body, {kX, {0, 1, 0}, kZ, {}, 0}), "the scale is not above 0");
+    const auto none = std::make_shared<geometry::cuboid>(kZero, kX, kZ, 0, 4, 6, kColor, false);
+    ExpectFailure(geometry::placed(none, {}), "the width is not above 0");
 }
 
 TEST(SolidFiles, HoldNamesAndColours) {
@@ -356,8 +450,92 @@ TEST(SolidFiles, AreNotWrittenWithoutASolidOrAPlace) {
     const std::vector<geometry::NamedSolid> good{
         {"ball", std::make_shared<geometry::sphere>(kZero, 2, kColor, false)}};
     EXPECT_THROW(geometry::WriteStep(static_cast<const char*>(directory / "x.step"), {}), std::runtime_error);
+    EXPECT_FALSE(std::filesystem::exists(static_cast<const char*>(directory / "x.step")));
     EXPECT_THROW(geometry::WriteStep("/nowhere/x.step", good), std::runtime_error);
     EXPECT_THROW(geometry::WriteGltf("/nowhere/x.glb", good), std::runtime_error);
+}
+
+TEST(SolidFiles, WhatStoodThereStaysWhereTheFileCannotBeWritten) {
+    const test::TemporaryDirectory directory;
+    const std::string path(directory.Write("x.glb", "former"));
+    EXPECT_THROW(geometry::WriteGltf(path, {}), std::runtime_error);
+    EXPECT_EQ(test::ReadFile(path), "former");
+    const std::vector<geometry::NamedSolid> thin{
+        {"thin", std::make_shared<geometry::ellipse>(kZero, kX, kZ, 1e-4, 1, 0.05, kColor, false)}};
+    try {
+        geometry::WriteGltf(path, thin);
+    } catch (const std::runtime_error& error) {
+        EXPECT_EQ(test::ReadFile(path), "former") << error.what();
+    }
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(std::string(directory / "")), {}), 1)
+        << "no temporary file stays";
+}
+
+/// The numbers behind a name in the JSON of a binary glTF file.
+std::vector<double> NumbersOf(const std::string& gltf, const std::string& name) {
+    std::vector<double> numbers;
+    const size_t at = gltf.find('"' + name + "\":[");
+    if (at == std::string::npos) return numbers;
+    const char* next = gltf.c_str() + at + name.size() + 4;
+    while (*next != ']') {
+        char* end = nullptr;
+        numbers.push_back(std::strtod(next, &end));
+        if (end == next) break;
+        next = *end == ',' ? end + 1 : end;
+    }
+    return numbers;
+}
+
+TEST(SolidFiles, GltfIsInMetresWithYUp) {
+    const test::TemporaryDirectory directory;
+    const std::string path(static_cast<const char*>(directory / "box.glb"));
+    geometry::WriteGltf(
+        path, {{"box", std::make_shared<geometry::cuboid>(kZero, kX, kZ, 20, 40, 60, kColor, false)}});
+    std::string gltf = test::ReadFile(path);
+    std::erase_if(gltf, [](char c) { return c == ' ' || c == '\n'; });
+    // The largest corner of the first face in the file bounds no more than the box: its height of 60 is along
+    // Y.
+    double high = 0, wide = 0, deep = 0;
+    for (size_t at = gltf.find("\"max\":["); at != std::string::npos; at = gltf.find("\"max\":[", at + 1)) {
+        const std::vector<double> corner = NumbersOf(gltf.substr(at), "max");
+        if (corner.size() != 3) continue;
+        wide = std::max(wide, corner[0]);
+        high = std::max(high, corner[1]);
+        deep = std::max(deep, corner[2]);
+    }
+    EXPECT_NEAR(wide, 0.01, 1e-6);
+    EXPECT_NEAR(high, 0.06, 1e-6);
+    EXPECT_NEAR(deep, 0.02, 1e-6);
+}
+
+TEST(SolidFiles, ALargeBallTakesNoMoreTrianglesThanASmallOne) {
+    const test::TemporaryDirectory directory;
+    const auto size = [&](double radius) {
+        const std::string path(static_cast<const char*>(directory / "ball.glb"));
+        geometry::WriteGltf(path,
+                            {{"ball", std::make_shared<geometry::sphere>(kZero, radius, kColor, false)}});
+        return std::filesystem::file_size(path);
+    };
+    const auto small = size(1), large = size(1000);
+    EXPECT_LT(large, small + small / 10);
+    EXPECT_LT(large, 200'000u);
+}
+
+TEST(SolidFiles, BodiesWithOneShapeAreOnePartPlacedSeveralTimes) {
+    const test::TemporaryDirectory directory;
+    const auto size = [&](int count) {
+        const auto body = std::make_shared<geometry::sphere>(kZero, 1, kColor, false);
+        std::vector<geometry::NamedSolid> solids;
+        for (int i = 0; i < count; ++i)
+            solids.push_back({"ball " + std::to_string(i),
+                              std::make_shared<geometry::placed>(
+                                  body, geometry::placement{kX, {0, 1, 0}, kZ, {3.0 * i, 0, 0}, 1})});
+        const std::string path(static_cast<const char*>(directory / "balls.glb"));
+        EXPECT_TRUE(geometry::WriteGltf(path, solids).empty());
+        EXPECT_NE(test::ReadFile(path).find("ball " + std::to_string(count - 1)), std::string::npos);
+        return std::filesystem::file_size(path);
+    };
+    EXPECT_LT(size(50), size(1) * 2);
 }
 
 }  // namespace
