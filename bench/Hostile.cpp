@@ -25,7 +25,9 @@ constexpr double kMostRatio = 2.3;
 constexpr double kMostNanosecondsAByte = 500;  // 2 s for 4 MB
 constexpr double kMostBytesAByte = 128;
 constexpr double kMostBytesAByteOfALine = 25;  // 100 MB for 4 MB
-constexpr double kMemoryNoise = 1e6;           // bytes
+// A stack that grows by doubling has up to twice the memory that it needs, at one size and not at another.
+constexpr double kMostMemoryRatio = 2.6;
+constexpr double kMemoryNoise = 1e6;  // bytes
 constexpr int kRounds = 3;
 constexpr int kMostRounds = 20;
 constexpr std::size_t kKilobyte = 1000;
@@ -138,9 +140,10 @@ bool Measure(const Shape& shape, std::size_t size, bool checkRatio) {
     const double nanoseconds = times.twice / twice.Size() * 1e9;
     const double memory = PeakMemory(once), memoryOfTwice = PeakMemory(twice);
     const double mostMemory = shape.kind.starts_with("one line") ? kMostBytesAByteOfALine : kMostBytesAByte;
-    const bool passes = (times.ratio <= kMostRatio || !checkRatio) && nanoseconds <= kMostNanosecondsAByte &&
-                        memoryOfTwice <= mostMemory &&
-                        memoryOfTwice * twice.Size() <= kMostRatio * memory * once.Size() + kMemoryNoise;
+    const bool passes =
+        (times.ratio <= kMostRatio || !checkRatio) && nanoseconds <= kMostNanosecondsAByte &&
+        memoryOfTwice <= mostMemory &&
+        memoryOfTwice * twice.Size() <= kMostMemoryRatio * memory * once.Size() + kMemoryNoise;
     std::printf("%-90s %7.0f %9.2f %9.2f %6.2f %7.1f %7.1f %7.1f%s\n",
                 (shape.kind + ": " + shape.name).c_str(), once.Size() / kKilobyte, times.once * 1e3,
                 times.twice * 1e3, times.ratio, nanoseconds, memory, memoryOfTwice,
@@ -165,8 +168,9 @@ int MeasureHostile(bool quick, const std::string& filter) {
     for (const Shape& shape : Select(HostileLines(), filter)) {
         const std::size_t last = (quick ? 250 : 8000) * kKilobyte;
         if (shape.kind != "one line") {
+            // What fails is measured once more: on a busy machine other programs use the same caches.
             for (std::size_t size = quick ? last : 125 * kKilobyte; size <= last; size *= 2)
-                failures += !Measure(shape, size, true);
+                failures += !Measure(shape, size, true) && !Measure(shape, size, true);
         } else {
             // The smaller line may have no index where the larger one has one.
             failures += !Measure(shape, last, false);
@@ -177,10 +181,12 @@ int MeasureHostile(bool quick, const std::string& filter) {
     for (const Shape& shape : Select(GrownLevels(kCompleteFile), filter))
         failures += !MeasureAgain(shape, (quick ? 100 : 1000) * kKilobyte);
     if (failures > 0)
-        std::fprintf(stderr,
-                     "%d shapes cost too much: over %.1f times the time for twice the input, over %.0f ns "
-                     "a byte, or over %.0f bytes a byte (%.0f for one line)\n",
-                     failures, kMostRatio, kMostNanosecondsAByte, kMostBytesAByte, kMostBytesAByteOfALine);
+        std::fprintf(
+            stderr,
+            "%d shapes cost too much: over %.1f times the time or %.1f times the memory for twice the "
+            "input, over %.0f ns a byte, or over %.0f bytes a byte (%.0f for one line)\n",
+            failures, kMostRatio, kMostMemoryRatio, kMostNanosecondsAByte, kMostBytesAByte,
+            kMostBytesAByteOfALine);
     return failures;
 }
 

@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <limits>
 #include <numeric>
+#include <span>
 #include <vector>
 
+#include "leveltree/Prefetch.h"
 #include "leveltree/SuffixSorter.h"
 #include "platform/Watch.h"
 
@@ -49,6 +51,9 @@ public:
 
 private:
     static constexpr Number kNone = std::numeric_limits<Number>::max();
+    // Most of the time goes to waiting for memory that is visited in no order. So memory is fetched this many
+    // steps before its use.
+    static constexpr std::size_t kAhead = 16;
 
     /// What is known of a prefix.
     struct Node {
@@ -58,14 +63,14 @@ private:
     };
     /// The bytes from one escaped quote to the next one.
     struct Piece {
-        // The last 7 bytes, and below them the size or 8 for a larger size. One 64-bit member would make the
-        // piece 4 bytes larger.
+        // 7 bytes, and below them how many bytes are left from there on, or 8 for more than 7. One 64-bit
+        // member would make the piece 4 bytes larger.
         std::uint32_t high;
         std::uint32_t low;
         Number number;
 
         std::uint64_t Key() const { return std::uint64_t{high} << 32 | low; }
-        bool IsAllInKey() const { return low % 256 < 8; }
+        bool EndsInKey() const { return low % 256 < 8; }
     };
 
     void FindQuotes() {
@@ -90,51 +95,71 @@ private:
         return number == 0 ? m_quotes[0] - 1 : m_quotes[number] - m_quotes[number - 1];
     }
 
-    Piece MakePiece(std::size_t number) const {
-        const std::size_t size = PieceSize(number);
-        const std::uint64_t key =
-            BytesBefore(PieceEnd(number), std::min<std::size_t>(size, 7)) | std::min<std::size_t>(size, 8);
-        return {static_cast<std::uint32_t>(key >> 32), static_cast<std::uint32_t>(key),
-                static_cast<Number>(number)};
+    /// Sorts pieces whose last `same` bytes are equal by the 7 bytes before those.
+    void SortPieces(std::span<Piece> pieces, std::size_t same) const {
+        for (Piece& piece : pieces) {
+            const std::size_t left = PieceSize(piece.number) - same;
+            const std::uint64_t key =
+                BytesBefore(PieceEnd(piece.number) - same, std::min<std::size_t>(left, 7)) |
+                std::min<std::size_t>(left, 8);
+            piece.high = static_cast<std::uint32_t>(key >> 32);
+            piece.low = static_cast<std::uint32_t>(key);
+        }
+        // Equal ones stay in the order of the line, so that the bytes before them are fetched in that order.
+        std::size_t comparisons = 0;
+        std::ranges::sort(pieces, [&](const Piece& a, const Piece& b) {
+            TickAtStep(++comparisons);
+            return a.Key() != b.Key() ? a.Key() < b.Key() : a.number < b.number;
+        });
     }
 
-    /// Compares two pieces from the last byte to the first.
-    int Compare(const Piece& a, const Piece& b) const {
-        if (a.Key() != b.Key()) return a.Key() < b.Key() ? -1 : 1;
-        if (a.IsAllInKey()) return 0;
-        const char* const endOfA = PieceEnd(a.number);
-        const char* const endOfB = PieceEnd(b.number);
-        const std::size_t sizeOfA = PieceSize(a.number), sizeOfB = PieceSize(b.number);
-        const std::size_t common = std::min(sizeOfA, sizeOfB);
-        for (std::size_t i = 7; i < common; i += 8) {
-            const std::uint64_t bytesOfA = BytesBefore(endOfA - i, common - i);
-            const std::uint64_t bytesOfB = BytesBefore(endOfB - i, common - i);
-            if (bytesOfA != bytesOfB) return bytesOfA < bytesOfB ? -1 : 1;
+    /// Numbers the pieces from 1 in their order, compared from the last byte to the first. Equal pieces have
+    /// one number. Writes the numbers to `text`, from the last piece to the first, and returns the highest.
+    Number NumberPieces(std::vector<Number>& text) const {
+        const std::size_t count = m_quotes.size();
+        std::vector<Piece> pieces(count);
+        for (std::size_t i = 0; i < count; ++i) pieces[i].number = static_cast<Number>(i);
+        // Pieces whose last `same` bytes are equal, sorted by the bytes before. Each group is a part of the
+        // one before, and all begin at the first piece without a number.
+        struct Group {
+            std::size_t end;
+            std::size_t same;
+        };
+        std::vector<Group> groups{{count, 0}};
+        SortPieces(pieces, 0);
+        Number last = 0;
+        std::size_t steps = 0;
+        for (std::size_t begin = 0; begin < count;) {
+            TickAtStep(++steps);
+            while (groups.back().end == begin) groups.pop_back();
+            const auto [groupEnd, same] = groups.back();
+            std::size_t end = begin + 1;
+            while (end < groupEnd && pieces[end].Key() == pieces[begin].Key()) ++end;
+            if (end - begin == 1 || pieces[begin].EndsInKey()) {
+                ++last;
+                for (; begin < end; ++begin) text[count - 1 - pieces[begin].number] = last;
+            } else {
+                if (end == groupEnd) groups.pop_back();
+                groups.push_back({end, same + 7});
+                SortPieces(std::span(pieces).subspan(begin, end - begin), same + 7);
+            }
         }
-        return sizeOfA < sizeOfB ? -1 : sizeOfA > sizeOfB;
+        return last;
     }
 
     /// Sorts the prefixes, compared from the last byte to the first. The result holds their numbers, counted
     /// from the last prefix. Before them is the number of prefixes, which stands for the empty prefix.
     std::vector<Number> Sort() const {
-        const std::size_t count = m_quotes.size();
-        std::vector<Piece> pieces(count);
-        for (std::size_t i = 0; i < count; ++i) pieces[i] = MakePiece(i);
-        std::size_t comparisons = 0;
-        std::sort(pieces.begin(), pieces.end(), [&](const Piece& a, const Piece& b) {
-            TickAtStep(++comparisons);
-            return Compare(a, b) < 0;
-        });
-        std::vector<Number> text(count + 1);  // the rank of each piece, from the last piece to the first
-        Number rank = 1;
-        for (std::size_t i = 0; i < count; ++i) {
-            if (i > 0 && Compare(pieces[i - 1], pieces[i]) != 0) ++rank;
-            text[count - 1 - pieces[i].number] = rank;
-        }
-        std::vector<Piece>().swap(pieces);
-        std::vector<Number> sorted(count + 1);
-        SuffixSorter<Number>::Sort(text.data(), sorted.data(), count + 1, std::size_t{rank} + 1);
+        std::vector<Number> text(m_quotes.size() + 1);
+        const std::size_t last = NumberPieces(text);
+        std::vector<Number> sorted(text.size());
+        SuffixSorter<Number>::Sort(text.data(), sorted.data(), text.size(), last + 1);
         return sorted;
+    }
+
+    /// Lets the processor fetch the bytes of a prefix before its last `common` ones.
+    void PrefetchCommon(std::size_t number, std::size_t common) const {
+        Prefetch(m_line.data() + m_quotes[number] - std::min<std::size_t>(common, m_quotes[number]));
     }
 
     /// Sets `source` and `jump` of each prefix to its neighbours in the sorted order, and `common` to the
@@ -144,6 +169,7 @@ private:
         m_nodes.resize(count);
         Number before = kNone;
         for (std::size_t i = 1; i <= count; ++i) {
+            if (i + kAhead <= count) Prefetch(&m_nodes[count - 1 - sorted[i + kAhead]]);
             const auto number = static_cast<Number>(count - 1 - sorted[i]);
             m_nodes[number].source = before;
             m_nodes[number].jump = kNone;
@@ -156,6 +182,12 @@ private:
         std::size_t common = 0;
         for (std::size_t i = count; i-- > 0;) {
             TickAtStep(i);
+            if (i >= 2 * kAhead) {
+                const Number sooner = m_nodes[i - kAhead].source;
+                const Number later = m_nodes[i - 2 * kAhead].source;
+                if (sooner != kNone) PrefetchCommon(sooner, common);
+                if (later != kNone) Prefetch(&m_quotes[later]);
+            }
             const Number neighbour = m_nodes[i].source;
             if (neighbour == kNone) {
                 common = 0;
@@ -177,6 +209,11 @@ private:
         // it. Prefix i is taken out of the sorted order after that.
         for (std::size_t i = count; i-- > 0;) {
             TickAtStep(i);
+            if (i >= kAhead) {
+                const Node& soon = m_nodes[i - kAhead];
+                if (soon.source != kNone) Prefetch(&m_nodes[soon.source]);
+                if (soon.jump != kNone) Prefetch(&m_nodes[soon.jump]);
+            }
             Node& node = m_nodes[i];
             const Number before = node.source, after = node.jump;
             const Number commonAfter = after == kNone ? 0 : m_nodes[after].common;
@@ -194,6 +231,12 @@ private:
         m_nodes[0] = {0, 0, 0};
         for (std::size_t i = 1; i < count; ++i) {
             TickAtStep(i);
+            if (i + 2 * kAhead < count) {
+                const Number sooner = m_nodes[i + kAhead].source, later = m_nodes[i + 2 * kAhead].source;
+                if (sooner < i) Prefetch(&m_nodes[m_nodes[sooner].jump]);  // it has its jump already
+                Prefetch(&m_nodes[later]);
+                Prefetch(&depths[later]);
+            }
             const std::size_t source = FirstWithSuffix(m_nodes[i].source, m_nodes[i].common);
             const Number jump = m_nodes[source].jump;
             const Number next = m_nodes[jump].jump;

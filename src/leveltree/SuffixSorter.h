@@ -5,6 +5,7 @@
 #include <limits>
 #include <vector>
 
+#include "leveltree/Prefetch.h"
 #include "platform/Watch.h"
 
 namespace veka {
@@ -41,6 +42,7 @@ public:
 
 private:
     static constexpr Number kNone = std::numeric_limits<Number>::max();
+    static constexpr std::size_t kAhead = 16;  // memory is fetched this many steps before its use
 
     SuffixSorter(const Number* text, Number* sorted, std::size_t size, std::size_t letters)
         : m_text(text), m_sorted(sorted), m_size(size), m_letters(letters), m_ascends(size) {
@@ -67,11 +69,18 @@ private:
         for (std::size_t letter = 1; letter < m_letters; ++letter) m_buckets[letter] += m_buckets[letter - 1];
     }
 
+    /// Lets the processor fetch what a place of `sorted` will need, as far as the place is filled.
+    void PrefetchFor(std::size_t place) const {
+        const Number next = m_sorted[place];
+        if (next != kNone && next != 0) Prefetch(m_text + next - 1);
+    }
+
     /// Derives the order of all suffixes from that of the minima, which are at the ends of their buckets.
     void Induce() {
         SeekFirst();
         for (std::size_t i = 0; i < m_size; ++i) {
             TickAtStep(i + 1);
+            if (i + kAhead < m_size) PrefetchFor(i + kAhead);
             const Number next = m_sorted[i];
             if (next == kNone || next == 0 || m_ascends[next - 1]) continue;
             m_sorted[m_buckets[m_text[next - 1]]++] = next - 1;
@@ -79,6 +88,7 @@ private:
         SeekEnd();
         for (std::size_t i = m_size; i-- > 0;) {
             TickAtStep(i + 1);
+            if (i >= kAhead) PrefetchFor(i - kAhead);
             const Number next = m_sorted[i];
             if (next == kNone || next == 0 || !m_ascends[next - 1]) continue;
             m_sorted[--m_buckets[m_text[next - 1]]] = next - 1;
@@ -112,6 +122,7 @@ private:
         std::fill(m_sorted + minima, m_sorted + m_size, kNone);
         Number name = 0;
         for (std::size_t i = 0; i < minima; ++i) {
+            if (i + kAhead < minima) Prefetch(m_text + m_sorted[i + kAhead]);
             if (i > 0 && !EqualPieces(m_sorted[i - 1], m_sorted[i])) ++name;
             // Two minima are never neighbours, so that half a position is enough.
             m_sorted[minima + m_sorted[i] / 2] = name;

@@ -84,6 +84,19 @@ TEST(QuoteLookAhead, EqualsThemWhereTheIndexBeginsInTheMiddle) {
         CompareRandomly(100 + seed, seed < 4 ? kEscaped : kMany, 1 + 3 * seed, seed % 2);
 }
 
+TEST(QuoteLookAhead, EqualsThemForPiecesThatDifferFarBeforeTheirEnds) {
+    std::mt19937 random(9);
+    Pieces pieces{"\"", ")"};
+    for (size_t same : {5, 6, 7, 8, 13, 14, 15, 21, 30})
+        for (const char* first : {"", "a", "b", "ab", "\xFF"})
+            pieces.push_back(first + std::string(same, 'z') + "\\\"");
+    pieces.push_back(std::string(1, '\0') + "zzzzzzz\\\"");
+    for (int round = 0; round < 200; ++round) {
+        const std::string line = RandomLine(random, pieces, 400, round % 2);
+        ASSERT_NO_FATAL_FAILURE(Compare(line, AfterPlainQuotes(line), kIndexAtOnce));
+    }
+}
+
 TEST(QuoteLookAhead, EqualsThemForAllShortLines) {
     for (const auto& [pieces, longest] :
          {std::pair(Pieces{"a", "\"", "\\", ")", "("}, 6), std::pair(Pieces{"\\\"", "\"", ")", "a"}, 7)}) {
