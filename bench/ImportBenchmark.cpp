@@ -1,4 +1,5 @@
-// Measures the level tree alone and the whole import, over one large file and over real parts one by one.
+// Measures the reading of the level tree by itself and the whole import, over one large file and over real
+// parts one by one.
 //   veka_bench FILE... [benchmark options]
 
 #include <benchmark/benchmark.h>

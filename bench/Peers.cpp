@@ -14,8 +14,8 @@ namespace bench {
 
 namespace {
 
-/// Appends a text with some characters escaped: `escape` gives what stands for a character, or null. What is
-/// not UTF-8 and every other control character is replaced.
+/// Appends a text with some characters escaped: `escape` gives what is written for a character, or null. What
+/// is not UTF-8 and every other control character is replaced.
 template <class Escape>
 void AppendEscaped(std::string& out, std::string_view text, Escape escape) {
     while (!text.empty()) {

@@ -31,10 +31,10 @@ std::string Repeat(int count, const std::function<std::string(int)>& piece) {
 }
 
 /// A number between two texts.
-std::string Number(const char* before, int number, const char* behind) {
+std::string Number(const char* before, int number, const char* after) {
     std::string text(before);
     text += std::to_string(number);
-    return text += behind;
+    return text += after;
 }
 
 struct Dimension {

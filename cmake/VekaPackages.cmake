@@ -46,7 +46,7 @@ endmacro()
 
 file(WRITE ${PROJECT_BINARY_DIR}/changelog.Debian
      "vekasciidll (${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}) stable; urgency=medium\n\n"
-     "  * Release ${PROJECT_VERSION}; CHANGELOG.md tells what is new.\n\n"
+     "  * Release ${PROJECT_VERSION}; CHANGELOG.md says what is new.\n\n"
      " -- ${CPACK_PACKAGE_CONTACT}  Sat, 21 Nov 2026 12:00:00 +0000\n")
 execute_process(COMMAND gzip -9nkf ${PROJECT_BINARY_DIR}/changelog.Debian)
 execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/docs/veka-host.1 OUTPUT_FILE ${PROJECT_BINARY_DIR}/veka-host.1.gz)

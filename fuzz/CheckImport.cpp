@@ -53,14 +53,14 @@ void CheckImport(const CString& path) {
     parser.SetCVEKA_Manager(nullptr);
     plain.SetCVEKA_Manager(nullptr);
 
-    const std::string told = test::AsJson(*model);
-    Require(told == test::AsJson(*plainModel), "the import gives what the plain procedure gives");
+    const std::string json = test::AsJson(*model);
+    Require(json == test::AsJson(*plainModel), "the import gives what the plain procedure gives");
     const std::unique_ptr<CVEKA_Manager> clone(model->Clone());
     *plainModel = *clone;
     CVEKA_Manager moved;
     moved = std::move(*plainModel);
-    Require(told == test::AsJson(moved), "a copy of a clone, moved, is the same");
-    Require(told == test::AsJson(*model), "to copy a model does not change it");
+    Require(json == test::AsJson(moved), "a copy of a clone, moved, is the same");
+    Require(json == test::AsJson(*model), "to copy a model does not change it");
 }
 
 }  // namespace fuzz

@@ -45,7 +45,7 @@ def read_branches(path):
 
 
 def read_exceptions():
-    """Of each file the lines, as they stand there, that no test runs; each with its reason above it."""
+    """Returns for each file the texts of the lines that no test runs. A reason is in the line above them."""
     exceptions = collections.defaultdict(set)
     path = os.path.join(os.path.dirname(__file__), "coverage-exceptions.txt")
     with open(path) as file:

@@ -101,7 +101,7 @@ void CVEK_AsciiFile_Import_Dlg::OnEditChangeDir() {
     if (!text.IsEmpty()) m_strDefaultPartLibDir = text;
 }
 
-/// Works on the fields as they stand, not on the controls.
+/// Uses the values of the fields, and does not read the controls.
 void CVEK_AsciiFile_Import_Dlg::OnBnClickedOk() {
     const SBUtility& utility = SBUtility::GetInstance();
     if (!utility.DoesFileOrDirExist(m_strVEKAsciiFilePath, __FILE__, __LINE__)) {

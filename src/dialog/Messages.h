@@ -6,7 +6,7 @@ inline constexpr const char* kAsciiPathFail = "VEK Ascii File Path Fail!";
 inline constexpr const char* kXmlPathFail = "VEK XML File Path Fail!";
 inline constexpr const char* kLibraryDirectoryMissing = "VEK Library Directory Not Exist!";
 inline constexpr const char* kAsciiReadFail = "VEK Ascii File read Fail!";
-/// Stands directly behind the closing quote of the target path.
+/// Follows the closing quote of the target path directly.
 inline constexpr const char* kAlreadyExists = "is already exist. Do you want to overwrite";
 
 inline constexpr const char* kAsciiCaption = "Import ASCII Part Data File";

@@ -45,7 +45,7 @@ private:
     CString m_path;
     veka::WatchedMemory m_watched;
     std::unique_ptr<char[]> m_buffer;
-    size_t m_size = 0;   // of the buffer, without the kReadable bytes behind it
+    size_t m_size = 0;   // of the buffer, without the kReadable bytes after it
     size_t m_begin = 0;  // of the bytes that have not been given yet
     size_t m_end = 0;
     std::uint64_t m_bytesRead = 0;

@@ -8,7 +8,7 @@ namespace veka {
 /// A text that is read in blocks of whole lines.
 class LineSource {
 public:
-    /// Number of bytes behind each block that can be read, whatever they are.
+    /// Number of bytes after each block that can be read. Their values do not matter.
     static constexpr std::size_t kReadable = 64;
 
     virtual ~LineSource();

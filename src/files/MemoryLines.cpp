@@ -14,7 +14,7 @@ constexpr std::size_t kBlock = std::size_t{64} * 1024;
 bool MemoryLines::ReadLines(std::string_view& lines) {
     if (m_rest.empty()) return false;
     if (m_rest.size() > kReadable) {
-        // Lines up to here have enough bytes behind them in the text itself.
+        // After each line up to here the text itself has enough bytes.
         const std::string_view head = m_rest.substr(0, m_rest.size() - kReadable);
         std::size_t feed = head.rfind('\n', kBlock - 1);
         if (feed == std::string_view::npos) feed = head.find('\n', kBlock);

@@ -18,7 +18,7 @@ public:
 private:
     std::string_view m_rest;  // the text that has not been given yet
     WatchedMemory m_watched;
-    std::unique_ptr<char[]> m_tail;  // a copy of the last lines, with bytes behind it that can be read
+    std::unique_ptr<char[]> m_tail;  // a copy of the last lines, followed by bytes that can be read
 };
 
 }  // namespace veka

@@ -37,7 +37,7 @@ std::wstring Absolute(const std::wstring& path) {
     return absolute;
 }
 
-/// The path as it stands, if all functions take it; otherwise absolute and with a prefix.
+/// The unchanged path, if all functions accept it; otherwise the absolute path with a prefix.
 std::wstring Prefixed(std::wstring path) {
     constexpr size_t kTakenByAll = MAX_PATH - 12;  // as long as a directory's path may be
     constexpr std::wstring_view kShare = LR"(\\)", kPrefix = LR"(\\?\)", kSharePrefix = LR"(\\?\UNC\)",

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 #include <type_traits>
 #include <typeinfo>
 #include <vector>
@@ -47,6 +48,10 @@ struct FieldDescription {
     std::size_t size;                  ///< bytes of the value
     std::ptrdiff_t offset;             ///< bytes from the start of the record to the value
     const RecordDescription* content;  ///< the class of a record or an array; null for the other kinds
+    const RecordDescription* owner;    ///< the class whose row the field is
+    std::string_view getterName;       ///< empty where the field has no getter
+    std::string_view setterName;       ///< empty where the field has no setter
+    bool givesConstant;                ///< a constant record's getter gives a constant record or array
     /// Calls the getter and stores what it gives at `result`: a value of the field's type, or the address of
     /// a record or an array as a `const void*`. Null where the field has no getter.
     void (*get)(const FieldDescription& field, const void* record, void* result);

@@ -197,6 +197,9 @@ private:
         field.name = row.name;
         field.doc = row.doc;
         field.row = &row;
+        field.owner = &m_all.at(typeid(Record));
+        field.getterName = row.getterName;
+        field.setterName = row.setterName;
         const void* address = &value;
         field.size = sizeof value;
         if constexpr (requires { value.get(); }) {
@@ -209,7 +212,13 @@ private:
             field.kind = kKindOf<T>;
         }
         field.offset = static_cast<const char*>(address) - static_cast<const char*>(sample);
-        if constexpr (!std::is_null_pointer_v<decltype(row.getter)>) field.get = Get<Row, Record, T>;
+        if constexpr (!std::is_null_pointer_v<decltype(row.getter)>) {
+            field.get = Get<Row, Record, T>;
+            if constexpr (requires { value.get(); }) {
+                using Given = decltype((std::declval<const Record&>().*row.getter)());
+                field.givesConstant = std::is_const_v<std::remove_pointer_t<Given>>;
+            }
+        }
         if constexpr (!std::is_null_pointer_v<decltype(row.setter)>) field.set = Set<Row, Record, T>;
         description.fields.push_back(field);
     }

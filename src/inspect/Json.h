@@ -18,8 +18,8 @@ VEKA_API std::string MarkedUtf8(std::string_view bytes);
 VEKA_API std::string JsonString(std::string_view bytes);
 
 /// Writes records as JSON. A record is an object whose members are the fields by their names. An array is a
-/// list. An object of a drawing has the name of its class as the member "kind". A number that is infinite or
-/// not a number is a string.
+/// list. An object of a drawing has the name of its class as the member "kind". Numbers that JSON does not
+/// have are the strings "inf", "-inf" and "nan". `docs/part.schema.json` is the schema of an imported part.
 class VEKA_API Json {
 public:
     explicit Json(std::ostream& out) : m_out(out) {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -43,9 +44,21 @@ struct Field {
     Member member;
     Getter getter;
     Setter setter;
+    std::string_view getterName;  ///< empty where the field has no getter
+    std::string_view setterName;  ///< empty where the field has no setter
 };
 template <class Member, class Getter, class Setter>
-Field(const char*, const char*, Member, Getter, Setter) -> Field<Member, Getter, Setter>;
+Field(const char*, const char*, Member, Getter, Setter, std::string_view, std::string_view)
+    -> Field<Member, Getter, Setter>;
+
+/// The name of the function in an expression for a pointer to a member function: what follows the last "::".
+/// Empty for `nullptr`.
+constexpr std::string_view FunctionNameIn(std::string_view expression) {
+    const std::size_t colon = expression.rfind(':');
+    if (colon == std::string_view::npos) return {};
+    const std::string_view name = expression.substr(colon + 1);
+    return name.substr(0, name.find(')'));
+}
 
 /// Ranks the overloads that count the rows of a record: the overload of the last row is the best match.
 template <int N>
@@ -149,6 +162,7 @@ public:                                               \
     Class(Class&&) = default;                         \
     virtual ~Class() = default;                       \
     virtual Class& operator=(const Class&) = default; \
+    /** A deep copy. The caller owns the copy. */     \
     virtual Class* Clone() const {                    \
         return new Class(*this);                      \
     }                                                 \
@@ -187,8 +201,10 @@ private:                                      \
     static std::integral_constant<int, 0> VekaCount(::veka::Rank<0>);
 
 /// Makes a row of a field that is declared elsewhere. `Getter` and `Setter` are member pointers or null.
-#define VEKA_DESCRIBE(Name, Getter, Setter, Doc) \
-    VEKA_DESCRIBE_AS(Name, Doc, (::veka::Field{#Name, Doc, &VekaSelf::Name, Getter, Setter}))
+#define VEKA_DESCRIBE(Name, Getter, Setter, Doc)                                 \
+    VEKA_DESCRIBE_AS(Name, Doc,                                                  \
+                     (::veka::Field{#Name, Doc, &VekaSelf::Name, Getter, Setter, \
+                                    ::veka::FunctionNameIn(#Getter), ::veka::FunctionNameIn(#Setter)}))
 /// As above, with any description that has at least the name, the doc and the member.
 #define VEKA_DESCRIBE_AS(Name, Doc, Description)                                                            \
 private:                                                                                                    \
@@ -289,12 +305,13 @@ public:                                                      \
 private:
 
 /// A second setter of a list, which appends one string.
-#define VEKA_LIST_APPEND(Name, Append) \
-public:                                \
-    void Append(CString value) {       \
-        Name.Add(std::move(value));    \
-    }                                  \
-                                       \
+#define VEKA_LIST_APPEND(Name, Append)   \
+public:                                  \
+    /** Appends one text to the list. */ \
+    void Append(CString value) {         \
+        Name.Add(std::move(value));      \
+    }                                    \
+                                         \
 private:
 
 /// A public field of any type, without accessors.
@@ -327,13 +344,16 @@ public:                                                                         
         if (this != &other) Copy(other);                                                           \
         return *this;                                                                              \
     }                                                                                              \
+    /** A deep copy without the null elements. The caller owns the copy. */                        \
     virtual Array* Clone() const {                                                                 \
         return new Array(*this);                                                                   \
     }                                                                                              \
+    /** Replaces the elements by copies of the other array's elements. */                          \
     virtual void Copy(const Array& other) {                                                        \
         DeleteAll();                                                                               \
         Append(other);                                                                             \
     }                                                                                              \
+    /** Appends copies of the other array's elements. */                                           \
     virtual void Append(const Array& other) {                                                      \
         const INT_PTR count = other.GetSize();                                                     \
         for (INT_PTR i = 0; i < count; ++i)                                                        \

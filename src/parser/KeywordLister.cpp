@@ -26,10 +26,22 @@ std::string KeywordLister::ClassName(const std::type_info& type) {
     return type.name();
 }
 
-/// The name of a field, of the innermost record first; empty for what is no field.
-std::string KeywordLister::NameAt(const void* address) const {
+/// Adds one more field of the same row. A value that no field keeps has no name. The context of several fields is named
+/// once.
+void KeywordLister::Join(Target& all, const Target& one) {
+    if (one.name.empty()) return;
+    all.name += (all.name.empty() ? "" : ", ") + one.name;
+    all.meaning += all.meaning.empty() ? "" : "; ";
+    if (!one.context.empty() && all.context != one.context) all.meaning += one.context + ": ";
+    all.meaning += one.meaning;
+    all.context = one.context;
+    all.base = one.base;
+}
+
+/// The field at an address, of the innermost record first; empty for what is no field.
+KeywordLister::Target KeywordLister::TargetAt(const void* address) const {
     for (auto target = m_targets.rbegin(); target != m_targets.rend(); ++target)
-        if (target->address == address) return target->name;
+        if (target->address == address) return *target;
     return {};
 }
 

@@ -15,6 +15,9 @@ struct KeywordRow {
     std::string keyword;  ///< "*" for a child of any name, empty for what the level itself gives
     std::string form;     ///< how the level is read
     std::string target;   ///< the class and the fields that are filled
+    std::string meaning;  ///< what the fields mean, and their units
+    std::string kind;     ///< the kind of object that the row belongs to; empty for a row of a section
+    std::string base;     ///< the base class of the kind, where the field belongs to that class
 };
 
 /// A parser that lists its rows instead of reading by them: every parser method, called without a level, lists the rows
@@ -28,16 +31,17 @@ public:
     template <class T, class Rows>
     void List(const T& record, const Rows& rows) {
         const std::size_t former = m_targets.size();
-        AddTargets(record, ClassName(typeid(T)) + "::");
+        AddTargets(record);
         rows.Describe(*this);
         m_targets.resize(former);
     }
     /// Lists the rows of an object kind by one of its parser methods.
     template <class Method>
     void ListKind(const std::string& level, Method method) {
-        m_parent = level;
+        m_parent = m_kind = level;
         delete method(*this, nullptr);
         m_parent.clear();
+        m_kind.clear();
     }
 
     // What a row says on the children that it finds.
@@ -52,13 +56,13 @@ public:
     void Nothing() { Add("not read"); }
     template <class... Fields>
     void Values(const char* form, const Fields&... fields) {
-        std::string targets;
-        ((targets += (targets.empty() ? "" : ", ") + NameOf(fields)), ...);
-        Add(form, targets);
+        Target all;
+        (Join(all, TargetOf(fields)), ...);
+        Add(form, all);
     }
     template <class T, class Make>
     void Record(const char* form, const T& target, const Make& make) {
-        Add(form, NameOf(target));
+        Add(form, TargetOf(target));
         const std::string former = std::exchange(m_parent, m_keyword);
         ListRecord(make);
         m_parent = former;
@@ -74,8 +78,9 @@ public:
 private:
     /// A field that rows can fill, with the class and the names that lead to the field.
     struct Target {
-        const void* address;
-        std::string name;
+        const void* address = nullptr;
+        std::string name, meaning, base;
+        std::string context;  ///< what the record in which the field is means; empty for the record of the rows
     };
 
     static std::string ClassName(const std::type_info& type);
@@ -83,29 +88,60 @@ private:
         m_keyword = keyword;
         m_condition.clear();
     }
-    void Add(const std::string& form, const std::string& target = {}) {
-        m_rows.push_back({m_parent, m_keyword, m_condition + form, target});
+    void Add(const std::string& form) { Add(form, Target()); }
+    void Add(const std::string& form, const Target& target) {
+        m_rows.push_back(
+            {m_parent, m_keyword, m_condition + form, target.name, target.meaning, m_kind, target.base});
     }
-    std::string NameAt(const void* address) const;
+    static void Join(Target& all, const Target& one);
+    Target TargetAt(const void* address) const;
     template <class Field>
-    std::string NameOf(const Field& field) const {
+    Target TargetOf(const Field& field) const {
         if constexpr (requires { field.field; })
-            return NameAt(&field.field);
+            return TargetAt(&field.field);
         else
-            return NameAt(&field);
+            return TargetAt(&field);
+    }
+    /// Adds a record or an array, and all fields of the record.
+    template <class T>
+    void AddTargets(const T& record) {
+        m_targets.push_back({&record, ClassName(typeid(T)), IsArray<T> ? "one element" : "", "", ""});
+        if constexpr (!IsArray<T>) AddFields(record);
     }
     template <class T>
-    void AddTargets(const T& record, const std::string& prefix) {
-        m_targets.push_back({&record, prefix.substr(0, prefix.size() - (prefix.ends_with("::") ? 2 : 1))});
-        if constexpr (!IsArray<T>) {
-            ForEachField(record, [&](const auto& row, const auto& field) {
-                if constexpr (requires { field.get(); })
-                    AddTargets(*field, prefix + row.name + ".");
-                else
-                    m_targets.push_back({&field, prefix + row.name});
-            });
+    void AddFields(const T& record) {
+        ForEachField(record, [&](const auto& row, const auto& field) {
+            using Base = typename FieldAccess::RowsOf<T>::Base;
+            Target target;
+            if constexpr (!std::is_same_v<decltype(OwnerOf(row.member)), T>) target.base = ClassName(typeid(Base));
+            target.name = (target.base.empty() ? ClassName(typeid(T)) : target.base) + "::" + row.name;
+            target.meaning = row.doc;
+            AddField(target, field);
+        });
+    }
+    /// Adds a field, and where the field is a record its fields.
+    template <class Field>
+    void AddField(Target& target, const Field& field) {
+        if constexpr (requires { field.get(); }) {
+            using Content = std::remove_cvref_t<decltype(*field)>;
+            target.address = field.get();
+            m_targets.push_back(target);
+            if constexpr (!IsArray<Content>) {
+                ForEachField(*field, [&](const auto& row, const auto& inner) {
+                    Target within = target;
+                    within.name += std::string(".") + row.name;
+                    within.context = target.meaning;
+                    within.meaning = row.doc;
+                    AddField(within, inner);
+                });
+            }
+        } else {
+            target.address = &field;
+            m_targets.push_back(target);
         }
     }
+    template <class Record, class Field>
+    static Record OwnerOf(Field Record::*);
     template <class Result>
     void ListRecord(Result* (CVEK_AsciiParser::*method)(CECadClsLvl*)) {
         delete (this->*method)(nullptr);
@@ -122,7 +158,7 @@ private:
 
     std::vector<KeywordRow> m_rows;
     std::vector<Target> m_targets;
-    std::string m_parent, m_keyword, m_condition;
+    std::string m_parent, m_keyword, m_condition, m_kind;
 };
 
 /// Lists the sections of a file.

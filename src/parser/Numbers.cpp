@@ -76,7 +76,7 @@ bool ToShortNumber(std::string_view text, double& value) {
 /// valid number without a sign and is not zero.
 bool IsLarge(std::string_view number) {
     constexpr long long kLimit = 100'000'000'000'000'000;
-    long long magnitude = 0;  // digits before the point, or minus the zeros behind it
+    long long magnitude = 0;  // digits before the point, or minus the zeros after it
     bool significant = false, point = false;
     size_t i = 0;
     for (; i < number.size() && (IsDigit(number[i]) || (number[i] == '.' && !point)); ++i) {
@@ -105,7 +105,7 @@ constexpr std::uint64_t Eight(unsigned char byte) {
     return byte * UINT64_C(0x0101010101010101);
 }
 
-/// A text of up to eight bytes, the first one lowest, and zeros behind it.
+/// A text of up to eight bytes, the first one lowest, followed by zeros.
 struct ShortText {
     std::uint64_t bytes;
     unsigned size;
@@ -120,7 +120,7 @@ struct ShortText {
         size -= minus;
         return minus;
     }
-    /// Takes the first point out, and returns how many bytes stood behind it.
+    /// Takes the first point out, and returns how many bytes followed it.
     unsigned TakePoint() noexcept {
         const std::uint64_t points = bytes ^ Eight('.');
         // The lowest bit that is set belongs to the first byte that is zero, a point.
@@ -134,7 +134,7 @@ struct ShortText {
     /// The number that the text is; -1 if there is none, or another byte than a digit.
     std::int64_t Digits() const noexcept {
         if (size - 1 > 7) return -1;
-        // The last digit becomes the highest byte; below the first one stand zeros.
+        // The last digit becomes the highest byte; the bytes below the first digit are zeros.
         const unsigned shift = 64 - 8 * size;
         std::uint64_t digits = (bytes ^ Eight('0')) << shift;
         if (((digits + Eight(0x80 - 10)) | digits) & Eight(0x80)) return -1;

@@ -17,7 +17,7 @@ class CVEK_AsciiParser;
 /// A form names the fields that it fills. No form reads a value that is not there: what a level lacks leaves the field as
 /// it is. Values beyond those that a form reads are ignored.
 ///
-/// `Read` does the reading. `Describe` tells the table of all keywords what the form does.
+/// `Read` does the reading. `Describe` describes the form for the table of all keywords.
 namespace veka {
 
 /// A level that is to be read, and where it was found.
@@ -286,7 +286,7 @@ struct ElementOrNull : Element<Array, Make> {
 template <class Array, class Make>
 ElementOrNull(Array&, Make) -> ElementOrNull<Array, Make>;
 
-/// As `Element`, but the rows are tried on one child of the level alone: the child whose place in the level is the
+/// As `Element`, but the rows are tried on only one child of the level: the child whose place in the level is the
 /// level's own place in its parent. A level that has children, but none there, raises `CInvalidAccessException`.
 template <class Array, class Make>
 struct ElementByPlace : Element<Array, Make> {

@@ -21,8 +21,8 @@
 /// The rows are tried on one child of the level after another. The first row that finds a child reads the child; a child
 /// that no row finds is passed over.
 ///
-/// `ReadOwn` reads from the level itself, `Try` from one child: true where the row has found the child. `Describe` tells
-/// the table of all keywords what the row does.
+/// `ReadOwn` reads from the level itself, `Try` from one child: true where the row has found the child. `Describe`
+/// describes the row for the table of all keywords.
 namespace veka {
 
 /// A row that finds children.

@@ -51,7 +51,7 @@ auto Sections::SectionRows() {
         Row("PADS", LastLevel(m_pads, &CVEK_AsciiParser::PADParser)),
         Row("PADSTACKS", LastLevel(m_padStacks, &CVEK_AsciiParser::PadStackParser)),
         Row("FOOTPRINTS", LastLevel(m_footprints, &CVEK_AsciiParser::FOOTPRINTParser)),
-        Row("NSHAPE", Element(m_shapes, &CVEK_AsciiParser::NSHAPEParser)),
+        Row("NSHAPE", Element(m_shapes, &CVEK_AsciiParser::NSHAPEParser)),  // Q2
         Row("PARTITIONS", LastLevel(m_partitions, &CVEK_AsciiParser::PARTITIONParser)));
 }
 

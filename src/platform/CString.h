@@ -296,6 +296,8 @@ private:
 /// Writes all bytes of a string.
 VEKA_API std::ostream& operator<<(std::ostream& out, const CString& text);
 
+// Doxygen does not understand a specialization in another namespace.
+/// @cond
 /// Equal strings have equal hashes, and so has a `std::string_view` of the same bytes.
 template <>
 struct std::hash<CString> {
@@ -303,3 +305,4 @@ struct std::hash<CString> {
         return std::hash<std::string_view>()(text.View());
     }
 };
+/// @endcond

@@ -7,7 +7,7 @@
 
 namespace veka {
 
-/// A text on one line of a terminal. Every byte that could control a terminal is written as \xNN: control
+/// A text on one line of a terminal. Every byte that could control a terminal is written as `\xNN`: control
 /// bytes, bytes that are no UTF-8, and characters that control the terminal or the direction of text. So is a
 /// backslash before an "x", so that no text looks like another one.
 VEKA_API std::string Printable(std::string_view text);

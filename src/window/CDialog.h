@@ -19,7 +19,7 @@
 #undef GetDlgItemText
 #endif
 
-/// A window as the logic sees it: a caption, and controls with texts. While no window stands, setting
+/// A window as the logic sees it: a caption, and controls with texts. While there is no window, setting
 /// does nothing and every text is empty.
 class VEKA_API CWnd {
 public:
@@ -52,7 +52,7 @@ public:
     void EndDialog(int result);
 
     /// Carries the controls into the fields, or with false the fields into the controls. What that
-    /// changes in the controls is not told as a change of their text.
+    /// changes in the controls is not reported as a change of their text.
     bool UpdateData(bool saveAndValidate = true);
     void SetWindowText(const CString& caption);
     void SetDlgItemText(int control, const CString& text);

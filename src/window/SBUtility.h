@@ -19,7 +19,7 @@ public:
     /// The directory that the user picks, or empty.
     CString GetDirectoryFromUser(const CString& title, const CString& current, void* owner) const;
     /// A name that is safe in every file system, at most 200 bytes long; different texts give different
-    /// names. ASCII letters, digits and - _ + stand for themselves, a point too inside the name; any other
+    /// names. ASCII letters, digits and - _ + stay as they are, a point too inside the name; any other
     /// byte becomes `&#N;` with its decimal number, and so does the first letter of a name that Windows
     /// reserves. A longer name is cut and ends in a hash of the whole text. Empty stays empty.
     CString EncodeEntityCode(const CString& text) const;

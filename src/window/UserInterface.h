@@ -33,7 +33,7 @@ struct DialogTemplate {
 class VEKA_API DialogEvents {
 public:
     virtual ~DialogEvents();
-    /// The window stands, with its controls, and is about to be shown.
+    /// The window and its controls exist. The window is about to be shown.
     virtual void WindowReady() noexcept = 0;
     /// A button was pressed; also OK by Enter and Cancel by Escape or the close box.
     virtual void ButtonClicked(int control) noexcept = 0;
@@ -45,7 +45,7 @@ public:
 class VEKA_API DialogWindow {
 public:
     virtual ~DialogWindow();
-    /// Shows the window, tells its events until `End` is called, and returns the number given to it.
+    /// Shows the window, reports its events until `End` is called, and returns the number given to it.
     virtual int Run() = 0;
     /// Ends `Run` as soon as the running event has been handled.
     virtual void End(int result) = 0;

@@ -90,6 +90,27 @@ TEST(Description, ReachesTheValueOfEveryKindOfField) {
     EXPECT_EQ(names.set, nullptr);
 }
 
+TEST(Description, NamesTheAccessorsOfAField) {
+    const RecordDescription& general = veka::Describe(typeid(CVEKA_PartGeneral));
+    EXPECT_EQ(Field(general, "Unit").getterName, "GetUnit");
+    EXPECT_EQ(Field(general, "Unit").setterName, "SetUnit");
+    EXPECT_EQ(Field(general, "CPN").getterName, "GetCPNArr");
+    EXPECT_EQ(Field(general, "BOM").getterName, "GetBOM");
+    EXPECT_TRUE(Field(general, "BOM").givesConstant);
+    EXPECT_FALSE(Field(veka::Describe(typeid(CVEKA_Electrical)), "PowerRails").givesConstant);
+    const RecordDescription& cuboid = veka::Describe(typeid(CVEKA_3DOJ_CUBOID));
+    EXPECT_EQ(Field(cuboid, "Rotate").getterName, "GetRotate");
+    EXPECT_EQ(Field(cuboid, "Rotate").setterName, "");
+    EXPECT_EQ(Field(cuboid, "WIDTH").getterName, "");
+}
+
+TEST(Description, AFieldKnowsTheClassOfItsRow) {
+    const RecordDescription& cuboid = veka::Describe(typeid(CVEKA_3DOJ_CUBOID));
+    EXPECT_EQ(Field(cuboid, "WIDTH").owner, &cuboid);
+    EXPECT_EQ(Field(cuboid, "Front").owner, cuboid.base);
+    EXPECT_EQ(Field(cuboid, "Type").owner, cuboid.base->base);
+}
+
 TEST(Description, EveryKindOfObjectIsItsOwnClass) {
     int count = 0;
     const auto check = [&](const CVEKA_3DObject& object, const std::string& kind) {

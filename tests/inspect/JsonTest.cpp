@@ -55,7 +55,8 @@ TEST(Json, WritesNumbersSoThatTheyReadBack) {
     CVEKA_Coordinate point;
     point.SetX(0.1);
     point.SetY(std::numeric_limits<double>::infinity());
-    EXPECT_EQ(Text(point), "{\"X\":0.1,\"Y\":\"inf\",\"Z\":0}\n");
+    point.SetZ(-std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(Text(point), "{\"X\":0.1,\"Y\":\"inf\",\"Z\":\"nan\"}\n");
 }
 
 TEST(Json, WritesObjectsWithTheirKind) {

@@ -34,6 +34,31 @@ TEST(KeywordLister, NamesTheFormAndTheFieldOfAKeyword) {
     EXPECT_EQ(Find("", "VEK")[0].target, "CVEKA_Manager::VEK");
 }
 
+TEST(KeywordLister, SaysWhatTheFieldsMean) {
+    EXPECT_EQ(Find("PARTGENERAL", "MPN")[0].meaning,
+              "manufacturer's part number, which names the part in a library");
+    EXPECT_EQ(Find("BOM", "COST")[0].meaning, "currency of the cost; price of one piece");
+    EXPECT_EQ(Find("RL", "R")[0].meaning,
+              "target of resistance and inductance; its capacitance stays 0: resistance");
+    EXPECT_EQ(Find("FOOTPRINTSPEC", "TOE")[0].meaning,
+              "tolerance at the toe of a lead: smallest value; largest value");
+    EXPECT_EQ(Find("FONTS", "FONT")[0].meaning, "one element");
+    EXPECT_EQ(Find("HISTORY", "DATE")[0].meaning, "");
+}
+
+TEST(KeywordLister, AValueThatNoFieldKeepsHasNoName) {
+    EXPECT_EQ(Find("SIGNALNAME", "")[0].target, "CVEKA_SignalName::StrSignalName");
+    EXPECT_EQ(Find("SIGNALNAME", "")[0].meaning, "name of the signal");
+}
+
+TEST(KeywordLister, SaysWhichFieldsOfAKindBelongToTheBaseClass) {
+    EXPECT_EQ(Find("CUBOID", "WIDTH")[0].kind, "CUBOID");
+    EXPECT_EQ(Find("CUBOID", "WIDTH")[0].base, "");
+    EXPECT_EQ(Find("CUBOID", "FRONT")[0].base, "CVEKA_3DOJ_AxisPivot");
+    EXPECT_EQ(Find("CUBOID", "FRONT")[0].target, "CVEKA_3DOJ_AxisPivot::Front");
+    EXPECT_EQ(Find("PARTGENERAL", "MPN")[0].kind, "");
+}
+
 TEST(KeywordLister, ListsTheKeywordsOfObjects) {
     ASSERT_EQ(Find("GULLWING", "BL").size(), 1u);
     EXPECT_EQ(Find("GULLWING", "BL")[0].target, "CVEKA_3DOJ_GULLWING::BL");

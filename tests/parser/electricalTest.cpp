@@ -114,6 +114,7 @@ TEST(POWERRAILSParser, LevelsMayBeEmpty) {
     EXPECT_TRUE(test::SameButApart(*rails->GetAt(0), CVEKA_PowerRail()));
 }
 
+// Q7
 TEST(POWERRAILSParser, OnlyTheFormatsOwnSpellingMakesABand) {
     EXPECT_EQ(Rails("(PRAIL (FREQUENCY 1 2 3))")->GetAt(0)->GetFrequencyArr()->GetSize(), 0);
     const auto rails = Rails("(PRAIL (FREQUECNY 1))");
@@ -148,6 +149,7 @@ TEST(POWERRAILSParser, ACapacitanceIsReadInOneOfItsTwoPlaces) {
     ExpectRLC(rails->GetAt(0)->GetRL(), 3, 0, 0);
 }
 
+// Q8
 TEST(POWERRAILSParser, ValuesDirectlyOnALumpedTargetAreNotRead) {
     ExpectRLC(Rails("(PRAIL (RLC 1 2 3) (RL 4 5))")->GetAt(0)->GetRLC(), 0, 0, 0);
 }
@@ -209,6 +211,7 @@ TEST(PASSIVEVALUEParser, EveryRatingIsItsFirstValue) {
     EXPECT_EQ(value->GetSpiceModel(), "c");
 }
 
+// Q9
 TEST(PASSIVEVALUEParser, AnUnknownNameIsTheTypeAndItsLastValueBothNumbers) {
     const auto value = Passive("(OHMS 1 2)");
     EXPECT_EQ(value->GetType()->Name, "OHMS");
@@ -231,6 +234,7 @@ TEST(PASSIVEVALUEParser, KnownWordsInTheWrongPlaceAreTypes) {
     EXPECT_EQ(Passive("(RLC (R 1))")->GetType()->Name, "RLC");
 }
 
+// Q8
 TEST(PASSIVEVALUEParser, TheModelsValuesStandInChildLevels) {
     ExpectRLC(Passive("(MODELS (RLC (R 1 2)))")->GetModels()->GetRLC(), 2, 0, 0);
     ExpectRLC(Passive("(MODELS (RLC 1 2 3))")->GetModels()->GetRLC(), 0, 0, 0);
@@ -280,6 +284,7 @@ TEST(ELECTRICALPINSParser, NamesKeepTheirLastValueAndPairsTheirFirstTwo) {
     EXPECT_EQ(pins->GetAt(0)->GetOUTPort(), "h");
 }
 
+// Q8
 TEST(ELECTRICALPINSParser, TheLumpedValuesArePositionalAndReplacedAsAWhole) {
     ExpectRLC(Pins("(EPIN (RLC 5))")->GetAt(0)->GetRLC(), 5, 0, 0);
     ExpectRLC(Pins("(EPIN (RLC 1 2 3) (RLC 4))")->GetAt(0)->GetRLC(), 4, 0, 0);
@@ -295,6 +300,7 @@ TEST(ELECTRICALPINSParser, DriversAreReplaced) {
                 ElementsAre());
 }
 
+// Q10
 TEST(ELECTRICALPINSParser, CommentsOfAPinAreDropped) {
     EXPECT_EQ(Pins("(EPIN (COMMENT (1 a b)))")->GetAt(0)->GetCommentArr()->GetSize(), 0);
 }

@@ -42,12 +42,14 @@ std::vector<std::string> Names(const T& holder) {
     return test::Strings(holder, &T::GetStandardizationPadNames);
 }
 
+// Q1
 TEST(Parser, ReadsTheFontsFirstAndTheirFirstLevelAlone) {
     const auto parser = Import("(PADS (PAD)) (FONTS (FONT (ID 1))) (FONTS (FONT (ID 2)) (FONT (ID 3)))");
     ASSERT_EQ(parser->GetCVEKA_Manager()->GetLibFonts()->GetSize(), 1);
     EXPECT_EQ(parser->GetCVEKA_Manager()->GetLibFonts()->GetAt(0)->GetFontID(), 1);
 }
 
+// Q1, Q2
 TEST(Parser, ALaterLibrarySectionReplacesAnEarlierOneAndPinShapesAddUp) {
     const auto parser = Import(
         "(PADS (PAD (PADNAME A)) (PAD)) (PADS (PAD (PADNAME B))) (NSHAPE A) (NSHAPE B) (NSHAPE)"
@@ -67,6 +69,7 @@ TEST(Parser, ALaterLibrarySectionReplacesAnEarlierOneAndPinShapesAddUp) {
     EXPECT_EQ(model.GetFootprintDBArr()->GetSize(), 0) << "nor does a lone footprint count";
 }
 
+// Q2
 TEST(Parser, TheSameParserReadingTwiceReplacesSectionsAndKeepsPinShapes) {
     const test::TemporaryDirectory directory;
     CVEK_AsciiParser parser;
@@ -77,6 +80,7 @@ TEST(Parser, TheSameParserReadingTwiceReplacesSectionsAndKeepsPinShapes) {
     EXPECT_EQ(parser.GetCVEKA_Manager()->GetPadArr()->GetSize(), 1);
 }
 
+// Q18
 TEST(Parser, NoNullElementReachesTheModel) {
     const auto parser = Import(
         "(FOOTPRINTS (FOOTPRINT (CAMLAYERS (LAYER (LINE) (NOSUCH) (POLYGON (BOUNDARY (NOSUCH) (LINE))) "
@@ -109,6 +113,7 @@ TEST(Parser, NoNullElementReachesTheModel) {
               0);
 }
 
+// Q18
 TEST(Parser, FreshResultsMayHoldNullElements) {
     const auto layers =
         Parse(&CVEK_AsciiParser::FOOTPRINT_CAMLAYERSParser, "(CAMLAYERS (LAYER (LINE) (NOSUCH)))");
@@ -186,6 +191,7 @@ TEST(PADParser, ReadsTheExample) {
     EXPECT_EQ(dynamic_cast<CVEKA_3DOJ_FILLCIRCLE&>(*pads->GetAt(0)->GetCamLayerDrawObjs()->GetAt(0)).D, 0.6);
 }
 
+// Q20
 TEST(PADParser, AnOffsetNeedsExactlyTwoValues) {
     EXPECT_EQ(Pads("(PAD (OFFSET 1 2 3))")->GetAt(0)->GetOffsetX(), 0);
     EXPECT_EQ(Pads("(PAD (OFFSET 1 2 3))")->GetAt(0)->GetOffsetY(), 0);
@@ -265,6 +271,7 @@ TEST(PadStackParser, EqualPadstacksAreKeptAndTheirNameListedOnce) {
     EXPECT_THAT(Names(*stacks), ElementsAre("A"));
 }
 
+// Q22
 TEST(PadStackParser, ASecondLayerReplacesTheFirstButNotItsNames) {
     const auto stacks = Stacks("(PADSTACK (TOP (CON A) (ANTI B)) (PADSTACKNAME N) (TOP (CON C)))");
     EXPECT_EQ(stacks->GetAt(0)->GetTop()->GetAnti(), "");
@@ -322,6 +329,7 @@ TEST(FOOTPRINTParser, AnOffsetTakesAnyNumberOfValuesAndAHeightOne) {
     EXPECT_EQ(footprints->GetAt(0)->GetMountHeight(), 2);
 }
 
+// Q21
 TEST(FOOTPRINTParser, EachKeyLevelIsAKey) {
     const auto footprints = Footprints("(FOOTPRINT (USGKEYS (USGTYPE A)) (USGKEYS (USGKEYS (USGTYPE B))))");
     const CVEKA_USGKeyArray& keys = *footprints->GetAt(0)->GetUSGKeys();
@@ -389,6 +397,7 @@ TEST(PARTITIONParser, ReadsTheExample) {
     EXPECT_EQ(partition.GetComment()->GetSize(), 1);
 }
 
+// Q14
 TEST(PARTITIONParser, OnlyTheInnerLevelGivesTheName) {
     const auto partitions = Partitions("(PARTITION VALUE) (PARTITION (PARTITION A B)) (X)");
     ASSERT_EQ(partitions->GetSize(), 2);

@@ -133,6 +133,7 @@ TEST(PARTITIONPINS, ANameTextWithOneValueKeepsTheJustification) {
     EXPECT_EQ(pins->GetAt(0)->GetJustification(), 6);
 }
 
+// Q19
 TEST(PARTITIONPINS, ALibraryPinChangesNothing) {
     EXPECT_TRUE(
         test::SameButApart(*Pins("(PARTITIONPIN (LIBPIN A B (LINE)))")->GetAt(0), CVEKA_PartitionPin()));
@@ -144,6 +145,7 @@ TEST(PARTITIONPINS, AnythingElseIsAnObjectOrDropped) {
     EXPECT_EQ(pins->GetAt(0)->GetDrawObjs()->GetAt(1)->GetType(), 38);
 }
 
+// Q13
 TEST(PROPERTYLABELS, EachLabelReadsTheChildAtItsOwnPosition) {
     const auto labels = Labels("(PROPLABEL (PROPERTY A) (PT 1 2)) (PROPLABEL (PROPERTY B) (PT 3 4))");
     ASSERT_EQ(labels->GetSize(), 2);
@@ -174,6 +176,7 @@ TEST(PROPERTYLABELS, AChildOfAnotherNameMovesThePosition) {
     EXPECT_EQ(Labels("(NOTE) (PROPLABEL (PROPERTY A) (FID 7))")->GetAt(0)->GetFID(), 7);
 }
 
+// Q13
 TEST(PROPERTYLABELS, AnAbsentChildEndsTheImport) {
     try {
         Labels("(PROPLABEL (PROPERTY A)) (PROPLABEL (PROPERTY B)) (PROPLABEL (PROPERTY C))");

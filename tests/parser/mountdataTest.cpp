@@ -37,6 +37,7 @@ TEST(MOUNTDATAParser, ReadsTheExample) {
     EXPECT_EQ(data->GetBodyHeight()->GetChecking(), 0);
 }
 
+// Q16
 TEST(MOUNTDATAParser, TheCheckOfAHeightIsTheByteOfCodeOneAlone) {
     for (const char* value : {"1", "TRUE", "\"\"", "\x02", "\"\x01\x01\""}) {
         const auto data = Mount(std::string("(BODYHEIGHT 2.5 ") + value + ")");
@@ -47,6 +48,7 @@ TEST(MOUNTDATAParser, TheCheckOfAHeightIsTheByteOfCodeOneAlone) {
     EXPECT_EQ(Mount("(BODYHEIGHT 2.5 \x01) (BODYHEIGHT 3)")->GetBodyHeight()->GetChecking(), 1);
 }
 
+// Q15
 TEST(MOUNTDATAParser, AMoldNeedsAChildForItsNumbers) {
     const auto without = Mount("(BODYSIZE (MOLD 3 4))");
     EXPECT_EQ(without->GetBodySize()->GetMold()->GetX(), 0);
@@ -70,6 +72,7 @@ TEST(MOUNTDATAParser, AFlatBodySizeStoresNothing) {
     EXPECT_EQ(data->GetBodySize()->GetChecking(), 0);
 }
 
+// Q15
 TEST(MOUNTDATAParser, TheLastChildWithValuesDecidesTheCheckOfASize) {
     EXPECT_EQ(Mount("(BODYSIZE (MOLD 3 4 (X)) (ANY TRUE))")->GetBodySize()->GetChecking(), 1);
     EXPECT_EQ(Mount("(BODYSIZE (ANY TRUE) (MOLD 3 4 (X)))")->GetBodySize()->GetChecking(), 0);
@@ -88,6 +91,7 @@ TEST(MOUNTDATAParser, PinsOfSeveralLevelsAddUp) {
     EXPECT_EQ(Mount("(MOUNTPINS (MOUNTPIN 1)) (MOUNTPINS (MOUNTPIN 2))")->GetMountPins()->GetSize(), 2);
 }
 
+// Q14
 TEST(MOUNTDATAParser, ACheckTypeInsideGivesTheTypeByItsLastValue) {
     EXPECT_EQ(Mount("(MOUNTCHECKTYPE (MOUNTCHECKTYPE 1 2) (OTHER 3))")->GetMountCheckType()->GetType(), 2);
 }

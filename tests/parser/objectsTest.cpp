@@ -114,6 +114,7 @@ TEST(ObjectParser, ALaterKeywordOverwritesAnEarlierOne) {
     ExpectPoint(cuboid->GetPoint(), 4, 0, 0);
 }
 
+// Q23
 TEST(ObjectParser, AWrapAroundEndBecomesAFlatLead) {
     const auto flat = Object<CVEKA_3DOJ_FLAT>(
         "(WRAPAROUND (H 1) (L 2) (W 3) (T 4) (ROTATION 5 6 7) (MIRROR N) (COLOR 8 9 10) (PT 11 12 13))");
@@ -150,6 +151,7 @@ TEST(SolidObjects, ANegativeAngleIsCutTowardsZero) {
     EXPECT_NEAR(cuboid->GetFront()->GetY(), -std::sin(angle), 1e-12);
 }
 
+// Q27
 TEST(SolidObjects, TheOrderOfDirectionsAndRotationCounts) {
     ExpectPoint(Object<CVEKA_3DOJ_CUBOID>("(CUBOID (FRONT 1 2 3) (ROTATE 0 0 0))")->GetFront(), 1, 0, 0);
     ExpectPoint(Object<CVEKA_3DOJ_CUBOID>("(CUBOID (ROTATE 0 0 0) (FRONT 1 2 3))")->GetFront(), 1, 2, 3);
@@ -227,6 +229,7 @@ TEST(SolidObjects, APathKeepsItsLastValue) {
     EXPECT_EQ(Object<CVEKA_3DOJ_STEP>("(STEP (PATH a.stp b.stp))")->PATH, "b.stp");
 }
 
+// Q25
 TEST(SolidObjects, AParametricShapeReportsTheCuboidsNumber) {
     const auto shape = Object<CVEKA_3DOJ_3DSHAPE>("(3DSHAPE (OFFSET 1 2 3) (W1 4))");
     ExpectPoint(shape->OFFSET, 1, 2, 3);
@@ -253,6 +256,7 @@ TEST(SolidObjects, EachBaseHasItsOwnWordForARotation) {
     ExpectPoint(Object<CVEKA_3DOJ_3DSHAPE>("(3DSHAPE (ROTATION 0 0 90))")->GetRotation(), 0, 0, 90);
 }
 
+// Q24
 TEST(DrawnObjects, ALineTakesItsPointsByPlace) {
     const auto line = Object<CVEKA_3DOJ_3DLINE>("(3DLINE (LW 1) (PT 5 5 5) (PT 1 1 1))");
     EXPECT_EQ(line->LW, 1);
@@ -344,6 +348,7 @@ TEST(LeadObjects, ReadTheExampleOfABar) {
     EXPECT_EQ(bar->CLINCHROTATE, 30);
 }
 
+// Q26
 TEST(LeadObjects, AClinchIsTheNumberOneAndItsLastValueDecides) {
     EXPECT_TRUE(Object<CVEKA_3DOJ_BAR>("(BAR (CLINCH 1))")->CLINCH);
     for (const char* text : {"(BAR (CLINCH 1) (CLINCH 0))", "(BAR (CLINCH))", "(BAR (CLINCH 2))",
@@ -442,6 +447,7 @@ TEST(LeadObjects, EveryFormReadsItsLetters) {
     EXPECT_EQ(Letters<CVEKA_3DOJ_WIRE>("WIRE"), "T L ");
 }
 
+// Q24
 TEST(PlaneShapes, ALineTakesItsPointsByPlace) {
     const auto line = Object<CVEKA_3DOJ_LINE>("(LINE (PT 0 0) (PT 1 1) (LW 0.2))");
     ExpectPoint(line->EndPoint, 1, 1, 0);
@@ -459,6 +465,7 @@ TEST(PlaneShapes, AThirdPointOfALineIsIgnored) {
     ExpectPoint(line->EndPoint, 2, 2, 0);
 }
 
+// Q24
 TEST(PlaneShapes, AnArcTakesItsPointsByPlace) {
     const auto arc = Object<CVEKA_3DOJ_ARC>("(ARC (LW 1) (PT 1 0) (PT 0 1) (PT 2 2))");
     ExpectPoint(arc->StartPoint, 0, 0, 0);
@@ -472,6 +479,7 @@ TEST(PlaneShapes, AnArcTakesItsPointsByPlace) {
     EXPECT_EQ(example->DIR, "CCW");
 }
 
+// Q24
 TEST(PlaneShapes, ATaperedShapeTakesItsPointsAtItsOwnPlaces) {
     const auto none = Object<CVEKA_3DOJ_TAPERED>("(TAPERED (PT 1 1))");
     ExpectPoint(none->StartPoint, 0, 0, 0);
@@ -492,6 +500,7 @@ TEST(PlaneShapes, ARoundedRectangleTakesTwoWordsForItsRadius) {
     EXPECT_EQ(Object<CVEKA_3DOJ_CHAMPEREDRECT>("(CHAMPEREDRECT (CHAMPEREDVALUE 1))")->CHAMPEREDVALUE, 1);
 }
 
+// Q18
 TEST(PlaneShapes, UnknownElementsAreNullAndVanishInAClone) {
     const auto composite =
         Object<CVEKA_3DOJ_COMPOSITE>("(COMPOSITE (NOSUCH) (NAME n) (PT 1 2) (ROTATION 3))");
@@ -522,6 +531,7 @@ TEST(PlaneShapes, AContourHoldsWhatItsLastChildHolds) {
     EXPECT_EQ(Object<CVEKA_3DOJ_CONTOUR>("(CONTOUR (LINE (PT 0 0)))")->Elements->GetSize(), 0);
 }
 
+// Q26
 TEST(PlaneShapes, APropertyTextCanOnlyBeSwitchedOff) {
     EXPECT_EQ(Object<CVEKA_3DOJ_PROPTEXT>("(PTEXT)")->GetVisible(), 1);
     EXPECT_EQ(Object<CVEKA_3DOJ_PROPTEXT>("(PTEXT (VISIBLE TRUE))")->GetVisible(), 1);

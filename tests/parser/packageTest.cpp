@@ -95,6 +95,7 @@ TEST(PACKAGESParser, PackagesAddUpWhereverTheyStand) {
     EXPECT_EQ(Packages("(PACKAGE) (WEIGHT 1) (PACKAGE) (PACKAGE)")->GetPackageArr()->GetSize(), 3);
 }
 
+// Q6, Q11
 TEST(THERMALParser, TheTwoTemperaturesAreCrossed) {
     const auto both = Thermal("(OPERATINGTEMPERATURE 10 20)");
     std::string order;
@@ -175,6 +176,7 @@ TEST(PACKAGEParser, ASecondSectionReplacesTheFirst) {
         << "the shapes of both levels, no null";
 }
 
+// Q14
 TEST(PACKAGEParser, KeysStandOneLevelDeeper) {
     EXPECT_EQ(Package("(USGKEYS (USGTYPE A) (USGVALUE B))")->GetUSGKeys()->GetSize(), 0);
     EXPECT_EQ(Package("(USGKEYS (USGKEYS) (USGKEYS)) (USGKEYS (USGKEYS))")->GetUSGKeys()->GetSize(), 1);
@@ -201,6 +203,7 @@ TEST(MARKINGGEOMETRIESParser, OnlyTheLastExactWordMakesItVisible) {
     EXPECT_EQ(visible("FALSE TRUE"), 1);
 }
 
+// Q18
 TEST(MARKINGGEOMETRIESParser, AnUnknownObjectIsNullUntilItReachesThePackage) {
     const auto fresh =
         Parse(&CVEK_AsciiParser::PACKAGES_PACKAGE_MARKINGGEOMETRIESParser, "(M (TEXT) (NOSUCH) (LINE))");
@@ -213,6 +216,7 @@ TEST(MARKINGGEOMETRIESParser, AnUnknownObjectIsNullUntilItReachesThePackage) {
               2);
 }
 
+// Q17
 TEST(PACKAGESParser, EveryMountPinOfAFinishedModelIsBlank) {
     const auto packages =
         Packages("(PACKAGE (MOUNTDATA (MOUNTPINS (MOUNTPIN 1 A 2 TRUE B) (MOUNTPIN 2) (MOUNTPIN 3))))");
@@ -227,6 +231,7 @@ TEST(PACKAGESParser, EveryMountPinOfAFinishedModelIsBlank) {
     }
 }
 
+// Q17
 TEST(PACKAGESParser, BothTapeThicknessesOfAFinishedModelAreTheSecond) {
     const auto info = [](const char* children) {
         const auto packages =
@@ -251,6 +256,7 @@ TEST(PKGPINSParser, ReadsTheExample) {
     EXPECT_EQ(pin.Get3DObjects()->GetSize(), 1);
 }
 
+// Q12
 TEST(PKGPINSParser, AStepLevelGivesThePinItsOwnName) {
     EXPECT_EQ(Pins("(PKGPIN 1 (STEP abc))")->GetAt(0)->GetStepFileName(), "1");
     EXPECT_EQ(Pins("(PKGPIN (STEP abc))")->GetAt(0)->GetStepFileName(), "");
@@ -276,6 +282,7 @@ TEST(MECHANICALPINSParser, ReadsTheExample) {
     EXPECT_EQ(pins->GetAt(1)->GetStepFileName(), "");
 }
 
+// Q13
 TEST(MECHANICALPINSParser, TheFirstPinReadsItsFirstChildAlone) {
     const auto point = MechanicalPins("(MECHANICALPIN M (PT 1 2 3) (ROTATION 4))");
     EXPECT_EQ(point->GetAt(0)->GetPoint()->GetZ(), 3);
@@ -285,12 +292,14 @@ TEST(MECHANICALPINSParser, TheFirstPinReadsItsFirstChildAlone) {
     EXPECT_EQ(rotation->GetAt(0)->GetRotation(), 4);
 }
 
+// Q13
 TEST(MECHANICALPINSParser, TheSecondPinReadsItsSecondChildAlone) {
     const auto pins = MechanicalPins("(MECHANICALPIN) (MECHANICALPIN M (PT 1 2 3) (ROTATION 4))");
     EXPECT_EQ(pins->GetAt(1)->GetPoint()->GetX(), 0);
     EXPECT_EQ(pins->GetAt(1)->GetRotation(), 4);
 }
 
+// Q13
 TEST(MECHANICALPINSParser, AnAbsentChildEndsTheImport) {
     try {
         MechanicalPins("(MECHANICALPIN) (MECHANICALPIN) (MECHANICALPIN M (PT 1) (ROTATION 4))");

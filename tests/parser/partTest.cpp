@@ -49,6 +49,7 @@ TEST(PARTGENERALParser, ReadsEveryField) {
     EXPECT_EQ(general->GetCommentArr()->GetSize(), 1);
 }
 
+// Q3
 TEST(PARTGENERALParser, TheDescriptionAloneKeepsItsLastValue) {
     const auto general = General("(MPN A B) (PARTDESC A B)");
     EXPECT_EQ(general->GetMPN(), "A");
@@ -118,6 +119,7 @@ std::pair<int, int> Version(const char* values) {
     return {history->GetVersion()->GetMajorVersion(), history->GetVersion()->GetMinorVersion()};
 }
 
+// Q4
 TEST(HISTORYParser, TheMinorVersionIsReadFromAsManyLastBytesAsStandBeforeThePoint) {
     EXPECT_EQ(Version("2.1"), std::pair(2, 1));
     EXPECT_EQ(Version("12.34"), std::pair(12, 34));
@@ -148,6 +150,7 @@ std::string Dates(const std::string& children) {
     return text + "|" + std::string(date.GetApprovedDate()->GetDate().View());
 }
 
+// Q5
 TEST(HISTORYParser, CreatedAndApprovedCountOnlyAsTheFirstChild) {
     EXPECT_EQ(Dates("(DATE (CREATED a) (MODIFIED b c) (APPROVED d))"), "a|b,c,|");
     EXPECT_EQ(Dates("(DATE (APPROVED d) (CREATED a))"), "||d");
@@ -210,6 +213,7 @@ TEST(LAYERParser, ReadsEveryField) {
     EXPECT_EQ(layer->GetFilmType(), 8);
 }
 
+// Q6
 TEST(LAYERParser, AColourIsReadInPlace) {
     const auto layer = Layer("(COLOR 255 128) (COLOR 1)");
     EXPECT_EQ(layer->GetColor()->GetRed(), 1);
@@ -217,6 +221,7 @@ TEST(LAYERParser, AColourIsReadInPlace) {
     EXPECT_EQ(layer->GetColor()->GetBlue(), 0);
 }
 
+// Q7
 TEST(LAYERParser, TheOrdinarySpellingOfTheFilmTypeIsUnknown) {
     EXPECT_EQ(Layer("(FILMTYPE 3)")->GetFilmType(), 0);
 }

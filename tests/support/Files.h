@@ -36,7 +36,7 @@ std::string ReadFile(const std::filesystem::path& path);
 /// A folder of the project.
 std::filesystem::path ProjectFolder(std::string_view name);
 
-/// The real parts beside the project, sorted; empty where the project stands alone.
+/// The real parts beside the project, sorted; empty if they are not there.
 std::vector<std::filesystem::path> CorpusFiles();
 
 }  // namespace test

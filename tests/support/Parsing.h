@@ -30,7 +30,7 @@ std::unique_ptr<Result> Parse(Result* (CVEK_AsciiParser::*method)(CECadClsLvl*),
     return std::unique_ptr<Result>((parser.*method)(tree->m_pRootLevels->GetAt(0)));
 }
 
-/// The parser behind the import of a whole file.
+/// The parser after the import of a whole file.
 inline std::unique_ptr<CVEK_AsciiParser> Import(std::string_view text) {
     const TemporaryDirectory directory;
     auto parser = std::make_unique<CVEK_AsciiParser>();

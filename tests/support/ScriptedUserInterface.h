@@ -38,7 +38,7 @@ public:
     void SetCaption(const CString& caption) override { m_caption = caption; }
     void* Handle() const noexcept override { return const_cast<ScriptedWindow*>(this); }
 
-    /// Types into an edit field letter by letter, behind what stands there.
+    /// Types into an edit field letter by letter, after the text that is there.
     void Type(int control, std::string_view text) {
         for (const char letter : text) SetText(control, m_texts[control] + CString(letter));
     }

@@ -38,7 +38,7 @@ public:
         return Then(title, [button](HWND window) { Click(window, button); });
     }
 
-    // What is pressed is done behind the step, so that a window that it opens is the next step's.
+    // A press takes effect after its step, so that a window that it opens belongs to the next step.
     static void Click(HWND window, int button) { PostMessageW(Child(window, button), BM_CLICK, 0, 0); }
 
     /// A control of a window by its number; it must be there.

@@ -16,7 +16,7 @@ namespace veka {
 
 namespace {
 
-/// A dialog that tells its Cancel, by Escape and by the close box too, and does not end by itself.
+/// A dialog that reports its Cancel, also by Escape and by the close box, and does not end by itself.
 class Dialog : public QDialog {
 public:
     Dialog(DialogEvents& events, QWidget* parent)
@@ -64,7 +64,7 @@ QWidget* QtDialogWindow::MakeControl(const ControlTemplate& control) {
     switch (control.kind) {
         case ControlKind::GroupBox: {
             auto* box = new QGroupBox(m_dialog);
-            box->lower();  // it comes behind the controls that it frames
+            box->lower();  // below the controls that it frames
             return box;
         }
         case ControlKind::Label: {

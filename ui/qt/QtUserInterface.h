@@ -24,7 +24,7 @@ private:
 ///
 /// All is called on the thread of the `QApplication`. Where the process has none, the user interface makes
 /// one, which lives as long as it does and leaves the C locale as it was. Qt ends the process where it finds
-/// no display; `HasDisplay` tells before.
+/// no display; ask `HasDisplay` first.
 class QtUserInterface : public UserInterface {
 public:
     /// Raises `std::logic_error` where the process has a Qt application without windows.

@@ -30,7 +30,7 @@ ControlForm FormOf(ControlKind kind) {
     return {kEdit, ES_LEFT | ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP};
 }
 
-/// 16-bit words, one behind the other.
+/// 16-bit words, one after the other.
 class Words {
 public:
     void Add(int word) { m_words.push_back(static_cast<std::uint16_t>(word)); }
@@ -77,7 +77,7 @@ std::vector<std::uint32_t> MakeDialogResource(const DialogTemplate& dialog) {
     words.AddText(dialog.caption);
     words.Add(dialog.fontSize);
     words.Add(FW_NORMAL);
-    words.Add(kAnyCharacterSet << 8);  // behind the byte for italics
+    words.Add(kAnyCharacterSet << 8);  // after the byte for italics
     words.AddText(dialog.fontName);
     for (const ControlTemplate& control : dialog.controls) {
         const ControlForm form = FormOf(control.kind);

@@ -10,7 +10,7 @@ namespace veka {
 /// A dialog as a window of the system, from the resource of the module that registered its template or, where
 /// the module has none, from the template itself.
 ///
-/// The window stands while `Run` runs. A text ends at its first zero byte, since the system's do.
+/// The window exists while `Run` runs. A text ends at its first zero byte, as the texts of the system do.
 class Win32DialogWindow : public DialogWindow {
 public:
     /// `events` outlives the window; the parent is a window handle or null.
@@ -25,9 +25,9 @@ public:
     /// The window's handle.
     void* Handle() const noexcept override { return m_window; }
 
-    /// The window stands; what its procedure calls.
+    /// Called by the window procedure when the window exists.
     void Ready(void* window) noexcept;
-    /// A control tells something by the system's code for it.
+    /// A control reports an event by the system's code of the event.
     void Told(int control, int code) noexcept;
     /// The window is gone.
     void Gone() noexcept { m_window = nullptr; }

@@ -3,7 +3,7 @@
 #include "model/CVEKA_RLC.h"
 #include "model/CVEKA_Type.h"
 
-/// The models that stand for a passive part; nothing chooses among them.
+/// The simulation models of a passive part. Nothing chooses among them.
 class VEKA_API CVEKA_PassiveValueModels {
     VEKA_RECORD(CVEKA_PassiveValueModels)
     VEKA_TEXT(CurrentModelType, "kind of the model in use; it selects none of the others")

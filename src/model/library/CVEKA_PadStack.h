@@ -43,8 +43,8 @@ private:
     friend class CVEKA_PadStackArray;
 };
 
-/// The padstacks of a library, with the distinct names that they use. `Append` appends the names as they
-/// stand, so that one can then be there twice.
+/// The padstacks of a library, with the distinct names that they use. `Append` appends all
+/// names, so that a name can be there twice afterwards.
 class VEKA_API CVEKA_PadStackArray : public CExPtrArray<CVEKA_PadStack*, CVEKA_PadStack*> {
 public:
     CVEKA_PadStackArray() = default;

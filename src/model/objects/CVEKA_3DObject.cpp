@@ -6,7 +6,7 @@
 
 namespace {
 
-// Two kinds, 54 and 55, have no name, and no kind has the number 7 or 15. That is required.
+// Q25: the kinds 54 and 55 have no name, and no kind has the number 7 or 15. Hosts store these numbers.
 constexpr std::array kNames = {
     "CUBOID",      "HOLECUBOID",   "CYLINDER",      "DONUT",       "PYRAMID",
     "SPHERE",      "ELLIPSE",      "3DSHAPE",       "3DLINE",      "3DARC",

@@ -13,7 +13,8 @@ class object;
 
 /// Anything that is drawn: the base of solids, leads, lines, texts and pin marks.
 ///
-/// Assigning through this class copies the number, the colour and the point alone, whatever the objects are.
+/// An assignment through this class copies only the number, the colour and the point, whatever the objects
+/// are.
 class VEKA_API CVEKA_3DObject {
 public:
     CVEKA_3DObject() = default;
@@ -28,7 +29,7 @@ public:
     virtual int GetType() const;
     virtual void SetType(int type);
 
-    /// The name of a kind by its number, "NONE" for a number without a name. It looks at the argument alone.
+    /// The name of a kind by its number, "NONE" for a number without a name. It does not look at the object.
     CString GetType(int type) const;
 
     /// Makes a solid of each object that has a solid form and appends it. Only in builds with the bridge.

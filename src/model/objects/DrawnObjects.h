@@ -2,7 +2,7 @@
 
 #include "model/objects/CVEKA_3DOJ_RotMirror.h"
 
-// Plane shapes that stand in space. None is exported: hosts meet them through the parser.
+// Plane shapes at a place in space. None is exported: hosts get them from the parser.
 
 /// A line in space.
 class CVEKA_3DOJ_3DLINE : public CVEKA_3DOJ_RotMirror {

@@ -59,12 +59,14 @@ struct ObjectField {
     Form form;
     std::nullptr_t getter = nullptr;
     std::nullptr_t setter = nullptr;
+    std::string_view getterName{};
+    std::string_view setterName{};
 };
 
 template <class Member, class Form>
 constexpr ObjectField<Member, Form> DescribeObjectField(const char* name, const char* doc, Member member,
                                                         Form form) {
-    return {name, doc, member, form};
+    return {.name = name, .doc = doc, .member = member, .form = form};
 }
 
 }  // namespace veka

@@ -12,7 +12,7 @@ using VOID = void;
 // The drawing of a part in the plane. These have no colour and no base point of their own: where one has a
 // point, it is a field of its own.
 
-/// A line. Its points are told by their places among the children.
+/// A line. The place of a point among the children says which point it is.
 class VEKA_API CVEKA_3DOJ_LINE : public CVEKA_3DObject {
     VEKA_OBJECT(CVEKA_3DOJ_LINE, CVEKA_3DObject)
     VEKA_PLACED_POINT(StartPoint, 0, "start of the line")
@@ -20,7 +20,7 @@ class VEKA_API CVEKA_3DOJ_LINE : public CVEKA_3DObject {
     VEKA_REAL(LW, "width of the line")
 };
 
-/// An arc. Its points are told by their places among the children.
+/// An arc. The place of a point among the children says which point it is.
 class VEKA_API CVEKA_3DOJ_ARC : public CVEKA_3DObject {
     VEKA_OBJECT(CVEKA_3DOJ_ARC, CVEKA_3DObject)
     VEKA_PLACED_POINT(StartPoint, 0, "start of the arc")
@@ -132,7 +132,7 @@ class VEKA_API CVEKA_3DOJ_VOID : public CVEKA_3DObject {
     VEKA_OBJECT_LIST(Elements, OtherChildren{}, "lines and arcs of the outline; null for an unknown object")
 };
 
-/// A line whose width changes. Its points are told by their places among the children.
+/// A line whose width changes. The place of a point among the children says which point it is.
 class VEKA_API CVEKA_3DOJ_TAPERED : public CVEKA_3DObject {
     VEKA_OBJECT(CVEKA_3DOJ_TAPERED, CVEKA_3DObject)
     VEKA_REAL(SWIDTH, "width at the start")

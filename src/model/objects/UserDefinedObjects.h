@@ -38,7 +38,7 @@ class VEKA_API CVEKA_3DOJ_METAKMASKSHAPE : public CVEKA_3DObject {
     VEKA_OBJECT_FIELD(int, HIGHLIGHT, 0, WordFlag{}, "1 if the shape is highlighted")
     VEKA_OBJECT_LIST(Shapes, OtherChildren{}, "further objects; null for an unknown one")
 
-    /// Copies into `PT`; the base's point is left alone. Null raises `CInvalidArgException`.
+    /// Copies into `PT`; the base's point stays as it is. Null raises `CInvalidArgException`.
     void SetPoint(const CVEKA_Coordinate* point) {
         if (!point) AfxThrowInvalidArgException();
         *PT = *point;

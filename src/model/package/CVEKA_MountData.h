@@ -10,8 +10,8 @@ class VEKA_API CVEKA_MountCheckType {
     VEKA_FLAG(AllowReverse, "1 if the part may be mounted reversed")
 };
 
-/// One mounted pin. A copy takes nothing over: assigning, copying and cloning give a blank pin. That is
-/// required; it makes every pin of a finished model blank.
+/// One mounted pin. Q17: a copy is blank, whatever the source holds. So every pin of an imported model is
+/// blank, since the parser's result is copied into the model, and hosts rely on that.
 class VEKA_API CVEKA_MountPin {
     VEKA_RECORD_OPERATIONS(CVEKA_MountPin)
 public:

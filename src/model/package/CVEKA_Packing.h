@@ -2,8 +2,8 @@
 
 #include "model/Record.h"
 
-/// The tape of a reel. A copy has the source's `T2` as its `T1` too: the source's `T1` is lost. That is
-/// required; it makes the two equal in every finished model.
+/// The tape of a reel. Q17: a copy has the source's `T2` as its `T1` too. So both are equal in every imported
+/// model, since the parser's result is copied into the model, and hosts rely on that.
 class VEKA_API CVEKA_Packing_ReelInfo {
     VEKA_RECORD_OPERATIONS(CVEKA_Packing_ReelInfo)
 public:

@@ -2,8 +2,8 @@
 
 #include "model/package/CVEKA_ThermalModel.h"
 
-/// A pair of temperatures. The names tell which value of the file each field takes, and the field of the
-/// second value comes first: that crossing is required. The fields are used directly.
+/// A pair of temperatures. Q11: each field is named after the value of the file that it takes, and the field
+/// of the second value comes first. Hosts use the fields by their names and by their order.
 class VEKA_API CVEKA_OperatingTemperature {
     VEKA_RECORD(CVEKA_OperatingTemperature)
     VEKA_PUBLIC(double, SecondValue, 0, "second value of the level; the format fixes no unit")

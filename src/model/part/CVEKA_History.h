@@ -19,7 +19,7 @@ class VEKA_API CVEKA_Date_DDMMYYYY {
 /// Dates in file order.
 VEKA_ARRAY(CVEKA_Date_DDMMYYYYArray, CVEKA_Date_DDMMYYYY)
 
-/// The dates of the part data. Its cloning operation alone has a name in lower case.
+/// The dates of the part data. Only here the cloning operation has a name in lower case.
 class VEKA_API CVEKA_Date {
     VEKA_RECORD_CLONED_BY(CVEKA_Date, clone)
     VEKA_OWNED(CVEKA_Date_DDMMYYYY, CreatedDate, "date of creation")
