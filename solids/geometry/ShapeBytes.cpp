@@ -67,7 +67,7 @@ std::string MakeTriangles(const TopoDS_Shape& shape) {
     BRepBndLib::Add(shape, box);
     if (box.IsVoid() || box.IsOpen()) return "it has no size that triangles can have";
     const double size = std::sqrt(box.SquareExtent());
-    BRepMesh_IncrementalMesh(shape, std::max(size * kDeflection, 1e-6), false, kAngle, false);
+    const BRepMesh_IncrementalMesh mesher(shape, std::max(size * kDeflection, 1e-6), false, kAngle, false);
     int triangles = 0;
     for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
         TopLoc_Location place;
