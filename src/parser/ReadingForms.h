@@ -7,7 +7,6 @@
 #include "leveltree/CECadClsLvl.h"
 #include "model/CVEKA_Color.h"
 #include "model/CVEKA_Coordinate.h"
-#include "parser/CInvalidAccessException.h"
 #include "parser/Conversions.h"
 
 class CVEK_AsciiParser;
@@ -17,7 +16,8 @@ class CVEK_AsciiParser;
 /// A form names the fields that it fills. No form reads a value that is not there: what a level lacks leaves the field as
 /// it is. Values beyond those that a form reads are ignored.
 ///
-/// `Read` does the reading. `Describe` describes the form for the table of all keywords.
+/// `Read` does the reading, through a reader: a `FieldReader` fills the fields, a `TracingReader` also notes what became
+/// of each value. `Describe` describes the form for the table of all keywords.
 namespace veka {
 
 /// A level that is to be read, and where it was found.
@@ -62,7 +62,7 @@ struct First : OneField<Field> {
     template <class Reader>
     [[gnu::always_inline]] void Read(const Reader& reader, const Source& from) const {
         const CStringArray& values = from.level->m_aValues;
-        if (values.GetSize() > 0) reader.Value(values[0], this->field);
+        if (values.GetSize() > 0) reader.Value(from, values[0], this->field);
     }
     template <class Lister>
     void Describe(Lister& lister) const {
@@ -80,7 +80,7 @@ struct Last : OneField<Field> {
     [[gnu::always_inline]] void Read(const Reader& reader, const Source& from) const {
         const CStringArray& values = from.level->m_aValues;
         const INT_PTR count = values.GetSize();
-        if (count > 0) reader.Value(values[count - 1], this->field);
+        if (count > 0) reader.Value(from, values[count - 1], this->field);
     }
     template <class Lister>
     void Describe(Lister& lister) const {
@@ -96,7 +96,7 @@ struct Each : OneField<Field> {
     using OneField<Field>::OneField;
     template <class Reader>
     void Read(const Reader& reader, const Source& from) const {
-        for (const CString& value : from.level->m_aValues) reader.Value(value, this->field);
+        for (const CString& value : from.level->m_aValues) reader.Value(from, value, this->field);
     }
     template <class Lister>
     void Describe(Lister& lister) const {
@@ -112,7 +112,7 @@ struct Name : OneField<Field> {
     using OneField<Field>::OneField;
     template <class Reader>
     void Read(const Reader& reader, const Source& from) const {
-        reader.Value(from.level->m_strName, this->field);
+        reader.Value(from, from.level->m_strName, this->field);
     }
     template <class Lister>
     void Describe(Lister& lister) const {
@@ -129,10 +129,9 @@ struct ByPosition {
     explicit ByPosition(Fields&&... targets) : fields(std::forward<Fields>(targets)...) {}
     template <class Reader>
     [[gnu::always_inline]] void Read(const Reader& reader, const Source& from) const {
-        const CStringArray& values = from.level->m_aValues;
         std::apply([&](auto&... field) {
             INT_PTR next = 0;
-            (ReadOne(reader, values, next, field), ...);
+            (ReadOne(reader, from, next, field), ...);
         }, fields);
     }
     template <class Lister>
@@ -142,12 +141,14 @@ struct ByPosition {
 
 private:
     template <class Reader, class Field>
-    static void ReadOne(const Reader& reader, const CStringArray& values, INT_PTR& next, Field& field) {
-        if (next < values.GetSize()) reader.Value(values[next++], field);
+    static void ReadOne(const Reader& reader, const Source& from, INT_PTR& next, Field& field) {
+        const CStringArray& values = from.level->m_aValues;
+        if (next < values.GetSize()) reader.Value(from, values[next++], field);
     }
     template <class Reader>
-    static void ReadOne(const Reader& reader, const CStringArray& values, INT_PTR& next, const Rest& rest) {
-        while (next < values.GetSize()) reader.Value(values[next++], rest);
+    static void ReadOne(const Reader& reader, const Source& from, INT_PTR& next, const Rest& rest) {
+        const CStringArray& values = from.level->m_aValues;
+        while (next < values.GetSize()) reader.Value(from, values[next++], rest);
     }
 };
 template <class... Fields>
@@ -177,6 +178,7 @@ struct Point {
     void Read(const Reader& reader, const Source& from) const {
         double x = 0, y = 0, z = 0;
         ByPosition(x, y, z).Read(reader, from);
+        reader.Replaces(from, field);
         field.SetX(x);
         field.SetY(y);
         field.SetZ(z);
@@ -195,6 +197,7 @@ struct Color {
     void Read(const Reader& reader, const Source& from) const {
         int red = 0, green = 0, blue = 0;
         ByPosition(red, green, blue).Read(reader, from);
+        reader.Replaces(from, field);
         field.SetRed(red);
         field.SetGreen(green);
         field.SetBlue(blue);
@@ -210,8 +213,8 @@ struct List {
     CStringArray& field;
     explicit List(CStringArray& list) : field(list) {}
     template <class Reader>
-    void Read(const Reader&, const Source& from) const {
-        field.Append(from.level->m_aValues);
+    void Read(const Reader& reader, const Source& from) const {
+        field.Append(reader.Values(from));
     }
     template <class Lister>
     void Describe(Lister& lister) const {
@@ -224,8 +227,9 @@ struct NewList {
     CStringArray& field;
     explicit NewList(CStringArray& list) : field(list) {}
     template <class Reader>
-    void Read(const Reader&, const Source& from) const {
-        field.Copy(from.level->m_aValues);
+    void Read(const Reader& reader, const Source& from) const {
+        reader.Replaces(from, field);
+        field.Copy(reader.Values(from));
     }
     template <class Lister>
     void Describe(Lister& lister) const {
@@ -246,9 +250,11 @@ struct Replace {
     void Read(const Reader& reader, const Source& from) const {
         if constexpr (kGivesRows<Make>) {
             RecordOf<Make> fresh;
-            reader.Level(from, make(fresh));
+            reader.Fill(from, fresh, make);
+            reader.Replaces(from, *field);
             *field = std::move(fresh);
         } else if (const auto fresh = reader.New(make, from)) {
+            reader.Replaces(from, *field);
             *field = std::move(*fresh);
         }
     }
@@ -294,14 +300,7 @@ struct ElementByPlace : Element<Array, Make> {
     template <class Reader>
     void Read(const Reader& reader, const Source& from) const {
         auto record = std::make_unique<RecordOf<Make>>();
-        const auto rows = this->make(*record);
-        rows.ReadOwn(reader, from);
-        CECadClsLvlArray& children = *from.level->m_pChildren;
-        if (children.GetSize() > 0) {
-            CECadClsLvl* child = children.GetAt(from.place);
-            if (!child) throw CInvalidAccessException(from.level->m_strName, from.place);
-            rows.Try(reader, Source{child, from.level, from.place});
-        }
+        reader.FillByPlace(from, *record, this->make);
         this->field.Add(std::move(record));
     }
     template <class Lister>
@@ -321,7 +320,10 @@ struct IfItHasChildren {
     explicit IfItHasChildren(Form inner) : form(inner) {}
     template <class Reader>
     void Read(const Reader& reader, const Source& from) const {
-        if (from.level->m_pChildren->GetSize() > 0) form.Read(reader, from);
+        CECadClsLvlArray& children = *from.level->m_pChildren;
+        if (children.GetSize() == 0) return;
+        [[maybe_unused]] const auto because = reader.Because(children.GetSize() == 1 ? children.GetAt(0) : nullptr);
+        form.Read(reader, from);
     }
     template <class Lister>
     void Describe(Lister& lister) const {
@@ -337,6 +339,7 @@ struct Parent {
     explicit Parent(Form inner) : form(inner) {}
     template <class Reader>
     void Read(const Reader& reader, const Source& from) const {
+        [[maybe_unused]] const auto because = reader.Because(from.level);
         form.Read(reader, Source{from.parent, nullptr, 0});
     }
     template <class Lister>

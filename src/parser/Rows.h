@@ -4,8 +4,10 @@
 #include <memory>
 #include <utility>
 
+#include "parser/CInvalidAccessException.h"
 #include "parser/CVEK_AsciiParser.h"
 #include "parser/KeywordLister.h"
+#include "parser/ReadTracer.h"
 #include "parser/ReadingForms.h"
 #include "platform/Watch.h"
 
@@ -41,6 +43,7 @@ struct Row : ChildRow {
     template <class Reader>
     [[gnu::always_inline]] bool Try(const Reader& reader, const Source& child) const {
         if (child.level->m_strName != keyword) return false;
+        reader.Reads(child);
         form.Read(reader, child);
         return true;
     }
@@ -75,7 +78,9 @@ struct FirstChild : ChildRow {
     template <class Reader>
     [[gnu::always_inline]] bool Try(const Reader& reader, const Source& child) const {
         if (child.level->m_strName != keyword) return false;
-        if (child.place == 0) form.Read(reader, child);
+        if (child.place != 0) return true;
+        reader.Reads(child);
+        form.Read(reader, child);
         return true;
     }
     template <class Lister>
@@ -96,6 +101,7 @@ struct AtPlace : ChildRow {
     template <class Reader>
     [[gnu::always_inline]] bool Try(const Reader& reader, const Source& child) const {
         if (child.place != place || child.level->m_strName != keyword) return false;
+        reader.Reads(child);
         form.Read(reader, child);
         return true;
     }
@@ -114,6 +120,7 @@ struct Any : ChildRow {
     explicit Any(Form reading) : form(reading) {}
     template <class Reader>
     [[gnu::always_inline]] bool Try(const Reader& reader, const Source& child) const {
+        reader.Reads(child);
         form.Read(reader, child);
         return true;
     }
@@ -131,6 +138,7 @@ struct Every : ChildRow {
     explicit Every(Form reading) : form(reading) {}
     template <class Reader>
     [[gnu::always_inline]] bool Try(const Reader& reader, const Source& child) const {
+        reader.Reads(child);
         form.Read(reader, child);
         return false;
     }
@@ -206,8 +214,37 @@ struct Within {
     }
 };
 
+/// The child of a level whose place is the level's own place in its parent; null for a level without children. A level
+/// that has children, but none there, raises `CInvalidAccessException`.
+inline CECadClsLvl* ChildAtOwnPlace(const Source& from) {
+    CECadClsLvlArray& children = *from.level->m_pChildren;
+    if (children.GetSize() == 0) return nullptr;
+    CECadClsLvl* child = children.GetAt(from.place);
+    if (!child) throw CInvalidAccessException(from.level->m_strName, from.place);
+    return child;
+}
+
+/// What a reader tells on the way. Nothing of it changes what is read; a reader that nobody asks for a report passes over
+/// all of it, at no cost.
+struct NobodyListens {
+    struct Nothing {};
+    /// A row has found a child and its form is going to read the child.
+    void Reads(const Source&) const {}
+    /// A field is going to hold what a level gave, in place of all that it holds.
+    template <class Content>
+    void Replaces(const Source&, const Content&, const void* = nullptr) const {}
+    /// As `Replaces`, where the new content is more than defaults whatever the level holds.
+    template <class Content>
+    void Overwrites(const Source&, const Content&) const {}
+    /// While the result lives, values are read only since this level is there, which may be null.
+    Nothing Because(const CECadClsLvl*) const { return {}; }
+    /// A level that could fill a field is passed over, since the slot is taken.
+    template <class Method>
+    void PassesOver(const Source&, Method, const void*) const {}
+};
+
 /// Reads by rows: converts values into fields, and levels into records.
-class FieldReader {
+class FieldReader : public NobodyListens {
 public:
     explicit FieldReader(CVEK_AsciiParser& parser) : m_parser(parser) {}
 
@@ -221,10 +258,24 @@ public:
             TickAtStep(static_cast<std::size_t>(++place));
         }
     }
-    /// Converts a value into a field.
+    /// Converts a value of a level, or the name of the level, into a field.
     template <class Field>
-    void Value(const CString& value, Field&& field) const {
+    void Value(const Source&, const CString& value, Field&& field) const {
         Convert(value, field);
+    }
+    /// All values of a level, for a list.
+    const CStringArray& Values(const Source& from) const { return from.level->m_aValues; }
+    /// Reads a level into a record.
+    template <class Record, class Make>
+    [[gnu::always_inline]] void Fill(const Source& from, Record& record, const Make& rowsOf) const {
+        Level(from, rowsOf(record));
+    }
+    /// As `Fill`, but the rows are tried on one child alone; see `ElementByPlace`.
+    template <class Record, class Make>
+    void FillByPlace(const Source& from, Record& record, const Make& rowsOf) const {
+        const auto rows = rowsOf(record);
+        rows.ReadOwn(*this, from);
+        if (CECadClsLvl* child = ChildAtOwnPlace(from)) rows.Try(*this, Source{child, from.level, from.place});
     }
     /// The record of a level, by a parser method or by rows.
     template <class Result>
@@ -242,13 +293,106 @@ private:
     CVEK_AsciiParser& m_parser;
 };
 
+/// Reads by rows as a `FieldReader` does, but a field gets the number of its value's mark in place of the value. What is
+/// left in the model in the end tells which values arrived. See `ReadTracer`.
+class TracingReader {
+public:
+    explicit TracingReader(ReadTracer& tracer) : m_tracer(tracer) {}
+
+    template <class Rows>
+    void Level(const Source& from, const Rows& rows) const {
+        m_tracer.Enter(from.level, TableOf(rows));
+        rows.ReadOwn(*this, from);
+        INT_PTR place = 0;
+        for (CECadClsLvl* child : *from.level->m_pChildren)
+            if (rows.Try(*this, Source{child, from.level, place++})) m_tracer.Found(child);
+    }
+    template <class Field>
+    void Value(const Source& from, const CString& value, Field&& field) const {
+        const int mark = m_tracer.Add(from.level, value, LossOf(value, field));
+        if constexpr (requires { field.kOnlyWord; })
+            m_tracer.MarkOneWord(mark, field.field, value == field.kOnlyWord);
+        else
+            PutMark(mark, field);
+        if constexpr (requires { field.field; })
+            m_tracer.Wrote(mark, &field.field);
+        else
+            m_tracer.Wrote(mark, &field);
+    }
+    CStringArray Values(const Source& from) const {
+        CStringArray marks;
+        for (const CString& value : from.level->m_aValues) marks.Add(ReadTracer::Text(m_tracer.Add(from.level, value, Loss::None)));
+        return marks;
+    }
+    template <class Record, class Make>
+    void Fill(const Source& from, Record& record, const Make& rowsOf) const {
+        const ReadTracer::Scope scope(m_tracer, from.level, record);
+        Level(from, rowsOf(record));
+    }
+    template <class Record, class Make>
+    void FillByPlace(const Source& from, Record& record, const Make& rowsOf) const {
+        const ReadTracer::Scope scope(m_tracer, from.level, record);
+        const auto rows = rowsOf(record);
+        m_tracer.Enter(from.level, TableOf(rows));
+        rows.ReadOwn(*this, from);
+        m_tracer.OnlyOneChild(from.level);
+        m_tracer.Failing(from.level);
+        if (CECadClsLvl* child = ChildAtOwnPlace(from))
+            if (rows.Try(*this, Source{child, from.level, from.place})) m_tracer.Found(child);
+        m_tracer.Failing(nullptr);
+    }
+    template <class Result>
+    std::unique_ptr<Result> New(Result* (CVEK_AsciiParser::*method)(CECadClsLvl*), const Source& from) const {
+        m_tracer.Ask(from);
+        std::unique_ptr<Result> result((m_tracer.*method)(nullptr));
+        if (result) m_tracer.Made(*result);
+        return result;
+    }
+    template <class Make>
+    std::unique_ptr<RecordOf<Make>> New(const Make& rowsOf, const Source& from) const {
+        auto record = std::make_unique<RecordOf<Make>>();
+        Fill(from, *record, rowsOf);
+        return record;
+    }
+
+    void Reads(const Source& child) const { m_tracer.Reads(child.level); }
+    template <class Content>
+    void Replaces(const Source& from, const Content& content, const void* slot = nullptr) const {
+        m_tracer.Replaced(from.level, slot ? slot : &content, !IsBlank(content));
+    }
+    template <class Content>
+    void Overwrites(const Source& from, const Content& content) const {
+        m_tracer.Replaced(from.level, &content, true);
+    }
+    ReadTracer::Reason Because(const CECadClsLvl* level) const { return ReadTracer::Reason(m_tracer, level); }
+    template <class Method>
+    void PassesOver(const Source& from, Method method, const void* slot) const {
+        const auto fresh = New(method, from);
+        m_tracer.PassedOver(from.level, slot, fresh && !IsBlank(*fresh));
+    }
+
+private:
+    template <class Rows>
+    static KeywordTable TableOf(const Rows& rows) {
+        KeywordCollector collector;
+        rows.Describe(collector);
+        return std::move(collector.table);
+    }
+
+    ReadTracer& m_tracer;
+};
+
 /// What a parser method does: makes a record and reads a level into it by the record's rows. Without a level, a
-/// `KeywordLister` lists the rows, and any other parser gives a record of defaults.
+/// `KeywordLister` lists the rows, a `ReadTracer` traces the reading of the level that it was asked for, and any other
+/// parser gives a record of defaults.
 template <class Make>
 RecordOf<Make>* Read(CVEK_AsciiParser& parser, CECadClsLvl* level, const Make& rowsOf) {
     if (!level) [[unlikely]] {
         auto record = std::make_unique<RecordOf<Make>>();
-        if (auto* lister = dynamic_cast<KeywordLister*>(&parser)) lister->List(*record, rowsOf(*record));
+        if (auto* lister = dynamic_cast<KeywordLister*>(&parser))
+            lister->List(*record, rowsOf(*record));
+        else if (auto* tracer = dynamic_cast<ReadTracer*>(&parser); tracer && tracer->Asked().level)
+            TracingReader(*tracer).Fill(tracer->Asked(), *record, rowsOf);
         return record.release();
     }
     return FieldReader(parser).New(rowsOf, Source{level, nullptr, 0}).release();

@@ -15,7 +15,9 @@ struct LastLevel {
     LastLevel(Section<T>& target, T* (CVEK_AsciiParser::*parser)(CECadClsLvl*)) : section(target), method(parser) {}
     template <class Reader>
     void Read(const Reader& reader, const Source& from) const {
-        section.Replace(reader.New(method, from));
+        auto fresh = reader.New(method, from);
+        reader.Replaces(from, section.Content(), &section);
+        section.Replace(std::move(fresh));
     }
     template <class Lister>
     void Describe(Lister& lister) const {
@@ -29,7 +31,10 @@ struct FirstLevel : LastLevel<T> {
     using LastLevel<T>::LastLevel;
     template <class Reader>
     void Read(const Reader& reader, const Source& from) const {
-        if (!this->section.IsRead()) LastLevel<T>::Read(reader, from);
+        if (!this->section.IsRead())
+            LastLevel<T>::Read(reader, from);
+        else
+            reader.PassesOver(from, this->method, &this->section);
     }
 };
 
@@ -55,8 +60,8 @@ auto Sections::SectionRows() {
         Row("PARTITIONS", LastLevel(m_partitions, &CVEK_AsciiParser::PARTITIONParser)));
 }
 
-bool Sections::Read(CECadClsLvl* level) {
-    const FieldReader reader(m_parser);
+template <class Reader>
+bool Sections::ReadBy(const Reader& reader, CECadClsLvl* level) {
     const Source source{level, nullptr, 0};
     if (FontRows().Try(reader, source)) return true;
     // After a failure the rest of the file is read all the same: it may hold the fonts, and an error to be shown.
@@ -68,6 +73,10 @@ bool Sections::Read(CECadClsLvl* level) {
         m_failure = std::current_exception();
         return true;
     }
+}
+
+bool Sections::Read(CECadClsLvl* level) {
+    return ReadBy(FieldReader(m_parser), level);
 }
 
 void Sections::MoveIntoModel() {
@@ -85,6 +94,16 @@ void Sections::MoveIntoModel() {
 void ListSections(KeywordLister& lister) {
     Sections sections(lister);
     lister.List(*lister.GetCVEKA_Manager(), Rows(sections.FontRows(), sections.SectionRows()));
+}
+
+void TraceSections(ReadTracer& tracer, std::span<CECadClsLvl* const> levels) {
+    Sections sections(tracer);
+    const TracingReader reader(tracer);
+    KeywordCollector top;
+    Rows(sections.FontRows(), sections.SectionRows()).Describe(top);
+    tracer.EnterTop(top.table);
+    for (CECadClsLvl* level : levels) sections.ReadBy(reader, level);
+    sections.MoveIntoModel();
 }
 
 }  // namespace veka

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <memory>
+#include <span>
 #include <utility>
 
 #include "model/CVEKA_Manager.h"
@@ -17,6 +18,8 @@ public:
     bool IsRead() const { return m_fresh != nullptr; }
     /// The field of the model.
     const T& Field() const { return m_field; }
+    /// What the levels gave so far.
+    const T& Content() const { return m_fresh ? *m_fresh : m_field; }
     /// Takes what a level gave; a later level replaces an earlier one.
     void Replace(std::unique_ptr<T> fresh) {
         if (!m_fresh) m_fresh = std::move(fresh);
@@ -44,6 +47,10 @@ public:
     /// Puts the sections into the model, those before a failed one; then raises what failed.
     void MoveIntoModel();
 
+    /// Reads a top-level level by any reader; false if it is none that is read.
+    template <class Reader>
+    bool ReadBy(const Reader& reader, CECadClsLvl* level);
+
     /// The rows of the top-level levels.
     auto FontRows();
     auto SectionRows();
@@ -61,5 +68,10 @@ private:
     Section<CVEKA_PartitionDBArray> m_partitions{*m_model.GetPartitionDBArr()};
     std::exception_ptr m_failure;
 };
+
+class ReadTracer;
+/// Traces the reading of the top-level levels of a file, in their order. The levels must be `NumberedLevel`s. Raises what
+/// the import would raise.
+void TraceSections(ReadTracer& tracer, std::span<CECadClsLvl* const> levels);
 
 }  // namespace veka

@@ -15,6 +15,12 @@ struct Target {
 void Convert(const CString& value, Target target) {
     target.signal.SetTargetType(value == "RLC" ? 1 : value == "RL" ? 2 : 0);
 }
+Loss LossOf(const CString& value, const Target&) noexcept {
+    return value == "RLC" || value == "RL" || value.IsEmpty() ? Loss::None : Loss::UnknownTarget;
+}
+void PutMark(int mark, const Target& target) {
+    target.signal.SetTargetType(mark);
+}
 
 }  // namespace
 

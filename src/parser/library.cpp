@@ -24,7 +24,7 @@ struct PadNames {
     template <class Reader>
     void Read(const Reader& reader, const Source& from) const {
         Last(field).Read(reader, from);
-        for (const CString& name : from.level->m_aValues) record.AddStandardizationPadName(name);
+        for (const CString& name : reader.Values(from)) record.AddStandardizationPadName(name);
     }
     template <class Lister>
     void Describe(Lister& lister) const {
@@ -42,6 +42,7 @@ struct Layer {
     void Read(const Reader& reader, const Source& from) const {
         const auto fresh = reader.New(&CVEK_AsciiParser::PadStack_LAYERInfoParser, from);
         stack.AddStandardizationPadName(fresh.get());
+        reader.Replaces(from, *field);
         *field = std::move(*fresh);
     }
     template <class Lister>

@@ -15,6 +15,9 @@ struct ByteOne {
 void Convert(const CString& value, ByteOne flag) {
     flag.field = value == "\x01";
 }
+Loss LossOf(const CString& value, const ByteOne&) noexcept {
+    return value == "\x01" || value == "FALSE" || value == "0" || value.IsEmpty() ? Loss::None : Loss::NotByteOne;
+}
 
 }  // namespace
 

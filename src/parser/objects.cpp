@@ -87,14 +87,22 @@ struct IsOne {
 void Convert(const CString& value, IsOne flag) noexcept {
     flag.field = ToInt(value) == 1;
 }
+Loss LossOf(const CString& value, const IsOne&) noexcept {
+    const Loss loss = LossOfWhole(value.View());
+    return loss != Loss::None || value.IsEmpty() || ToInt(value) == 1 || ToInt(value) == 0 ? loss : Loss::NotOne;
+}
 
 /// Q26: a flag that "FALSE" clears and no word sets.
 struct ClearedByFalse {
+    static constexpr const char* kOnlyWord = "FALSE";
     int& field;
     explicit ClearedByFalse(int& flag) : field(flag) {}
 };
 void Convert(const CString& value, ClearedByFalse flag) noexcept {
-    if (value == "FALSE") flag.field = 0;
+    if (value == ClearedByFalse::kOnlyWord) flag.field = 0;
+}
+Loss LossOf(const CString& value, const ClearedByFalse&) noexcept {
+    return value == "TRUE" || value == ClearedByFalse::kOnlyWord || value.IsEmpty() ? Loss::None : Loss::NeverSet;
 }
 
 template <class Member, class Form>
@@ -181,6 +189,9 @@ struct Rotate {
     void Read(const Reader& reader, const Source& from) const {
         CVEKA_Coordinate degrees;
         Point(degrees).Read(reader, from);
+        reader.Replaces(from, *solid.GetRotate());
+        reader.Overwrites(from, *solid.GetFront());
+        reader.Overwrites(from, *solid.GetUp());
         solid.SetRotation(&degrees, true);
     }
     template <class Lister>
@@ -241,8 +252,21 @@ CVEKA_3DObjectArray* CVEK_AsciiParser::ObjectsParser(CECadClsLvl* level) {
     });
 }
 
+namespace {
+
+/// The object of the level that a tracer was asked for; null for any other parser.
+CVEKA_3DObject* TraceObject(CVEK_AsciiParser& parser) {
+    auto* tracer = dynamic_cast<ReadTracer*>(&parser);
+    if (!tracer || !tracer->Asked().level) return nullptr;
+    const KindMethod method = FindKind(tracer->Asked().level->m_strName.View());
+    if (!method) tracer->UnknownObject(tracer->Asked().level);
+    return method ? method(parser, nullptr) : nullptr;
+}
+
+}  // namespace
+
 CVEKA_3DObject* CVEK_AsciiParser::ObjectParser(CECadClsLvl* level) {
-    if (!level) return nullptr;
+    if (!level) [[unlikely]] return TraceObject(*this);
     const KindMethod method = FindKind(level->m_strName.View());
     return method ? method(*this, level) : nullptr;
 }

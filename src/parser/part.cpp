@@ -18,6 +18,19 @@ void Convert(const CString& value, Version version) {
     version.field.SetMajorVersion(ToInt(value.Left(point)));
     version.field.SetMinorVersion(ToInt(value.Right(point)));
 }
+Loss LossOf(const CString& value, const Version&) {
+    if (value.IsEmpty()) return Loss::None;
+    const int point = value.Find('.');
+    if (point < 0) return Loss::NoPoint;
+    const CString minor = value.Mid(point + 1);
+    for (const CString& number : {value.Left(point), minor})
+        if (const Loss loss = LossOfWhole(number.View()); loss != Loss::None) return loss;
+    return ToInt(minor) == ToInt(value.Right(point)) ? Loss::None : Loss::MinorNumber;
+}
+void PutMark(int mark, const Version& version) {
+    version.field.SetMajorVersion(mark);
+    version.field.SetMinorVersion(mark);
+}
 
 /// One more date in an array of dates.
 struct NewDate {
@@ -28,6 +41,9 @@ void Convert(const CString& value, NewDate dates) {
     auto date = std::make_unique<CVEKA_Date_DDMMYYYY>();
     date->SetDate(value);
     dates.field.Add(std::move(date));
+}
+void PutMark(int mark, const NewDate& dates) {
+    Convert(ReadTracer::Text(mark), dates);
 }
 
 }  // namespace

@@ -1,0 +1,18 @@
+#include "report/ImportReport.h"
+
+#include "report/Arrivals.h"
+#include "report/Structure.h"
+#include "report/Unread.h"
+
+namespace veka {
+
+ImportReport ReportImport(std::string_view bytes, const ReportOptions& options) {
+    const PositionedText text = ReadWithPositions(bytes);
+    ReportWriter report(text, options.most);
+    FindStructure(text, report);
+    const Arrivals arrivals(text);
+    FindUnread(text, arrivals, report);
+    return report.Finish();
+}
+
+}  // namespace veka
