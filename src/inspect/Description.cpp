@@ -24,25 +24,6 @@ void AppendName(DistinctNames& names, const CString& name) {
     names.Append(one);
 }
 
-bool HaveEqualValues(const FieldDescription& field, const void* a, const void* b) {
-    switch (field.kind) {
-        case FieldKind::Whole:
-        case FieldKind::Flag:
-            return field.Whole(a) == field.Whole(b);
-        case FieldKind::Real:
-            return field.Real(a) == field.Real(b) || (std::isnan(field.Real(a)) && std::isnan(field.Real(b)));
-        case FieldKind::Text:
-            return field.Text(a) == field.Text(b);
-        case FieldKind::TextList:
-        case FieldKind::DistinctNames:
-            return field.Texts(a) == field.Texts(b);
-        case FieldKind::Record:
-        case FieldKind::Array:
-            break;
-    }
-    return AreEqual(field.Content(a), field.Content(b));
-}
-
 }  // namespace
 
 void DeleteRecord::operator()(const RecordView& record) const noexcept {
@@ -67,6 +48,25 @@ const CStringArray& FieldDescription::Texts(const void* record) const noexcept {
     const void* value = In(record);
     return kind == FieldKind::DistinctNames ? static_cast<const DistinctNames*>(value)->Names()
                                             : *static_cast<const CStringArray*>(value);
+}
+
+bool FieldDescription::HaveEqualValues(const void* a, const void* b) const {
+    switch (kind) {
+        case FieldKind::Whole:
+        case FieldKind::Flag:
+            return Whole(a) == Whole(b);
+        case FieldKind::Real:
+            return Real(a) == Real(b) || (std::isnan(Real(a)) && std::isnan(Real(b)));
+        case FieldKind::Text:
+            return Text(a) == Text(b);
+        case FieldKind::TextList:
+        case FieldKind::DistinctNames:
+            return Texts(a) == Texts(b);
+        case FieldKind::Record:
+        case FieldKind::Array:
+            break;
+    }
+    return AreEqual(Content(a), Content(b));
 }
 
 void FieldDescription::StoreWhole(void* record, long long value) const noexcept {
@@ -127,7 +127,7 @@ bool AreEqual(const RecordView& a, const RecordView& b) {
     if (!a.record || !b.record || a.description != b.description) return false;
     const RecordDescription& description = *a.description;
     for (const FieldDescription& field : description.fields)
-        if (!HaveEqualValues(field, a.record, b.record)) return false;
+        if (!field.HaveEqualValues(a.record, b.record)) return false;
     if (!description.IsArray()) return true;
     const INT_PTR size = description.size(a.record);
     if (size != description.size(b.record)) return false;

@@ -70,6 +70,8 @@ struct FieldDescription {
     VEKA_API const CString& Text(const void* record) const noexcept;
     /// The value of a field of the kind `TextList` or `DistinctNames`.
     VEKA_API const CStringArray& Texts(const void* record) const noexcept;
+    /// True if two records of the class have equal values, as `AreEqual` compares them.
+    VEKA_API bool HaveEqualValues(const void* a, const void* b) const;
     /// Stores a number or a flag without the setter. A number that does not fit is cut off.
     VEKA_API void StoreWhole(void* record, long long value) const noexcept;
     /// Replaces the list of a field of the kind `TextList` or `DistinctNames` without the setter. Texts that
