@@ -134,9 +134,10 @@ def test_the_user_can_interrupt_the_reading_of_a_file(tmp_path):
     os.mkfifo(pipe)
     process = subprocess.Popen([sys.executable, "-c", f"import veka; veka.read({str(pipe)!r})"],
                                stderr=subprocess.PIPE, text=True)
-    with open(pipe, "wb") as file:
+    with pytest.raises(BrokenPipeError), open(pipe, "wb", buffering=0) as file:
         file.write(b"(VEK ")
-        file.flush()
         process.send_signal(signal.SIGINT)
-        _, err = process.communicate(timeout=60)
+        while True:
+            file.write(b"(NOSUCH text)\n" * 100)
+    _, err = process.communicate(timeout=60)
     assert "KeyboardInterrupt" in err
