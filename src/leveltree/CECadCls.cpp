@@ -26,21 +26,25 @@ int CECadCls::ReadLevelTree(int nReserved) {
 }
 
 int CECadCls::ReadLevelTreeFrom(veka::LineSource& source, int nReserved) {
-    return Read(source, nReserved, [this](CECadClsLvl* level) { m_pRootLevels->Add(level); });
+    if (!m_pages) m_pages.reset(new veka::Pages);
+    return Read(source, *m_pages, nReserved,
+                [this](CECadClsLvl* level) { m_pRootLevels->Add(std::unique_ptr<CECadClsLvl>(level)); });
 }
 
-int CECadCls::ReadTopLevels(int nReserved, const std::function<void(CECadClsLvl*)>& take) {
+int CECadCls::ReadTopLevels(int nReserved, const std::function<void(const CECadClsLvl*)>& take) {
     m_nLineCount = 0;
     CStdioFile file;
     if (!file.Open(m_strFilePath)) return 0;
-    return Read(file, nReserved, [&](CECadClsLvl* level) {
+    veka::Pages pages;
+    return Read(file, pages, nReserved, [&](CECadClsLvl* level) {
         take(level);
-        m_pages.Reset();
+        pages.Reset();
     });
 }
 
-int CECadCls::Read(veka::LineSource& source, int nReserved, const std::function<void(CECadClsLvl*)>& take) {
-    veka::LevelReader reader(m_pages, [&](CECadClsLvl* level, int) { take(level); },
+int CECadCls::Read(veka::LineSource& source, veka::Pages& pages, int nReserved,
+                   const std::function<void(CECadClsLvl*)>& take) {
+    veka::LevelReader reader(pages, [&](CECadClsLvl* level, int) { take(level); },
                              {static_cast<char>(nReserved), m_bStopAtDepthZero != 0});
     const auto read = [&] {
         const LineCountCopy copy{m_nLineCount, reader};

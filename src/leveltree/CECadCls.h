@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 
 #include "leveltree/CECadClsLvl.h"
 #include "leveltree/Pages.h"
@@ -14,7 +15,7 @@ class LineSource;
 
 /// Root of one level tree, which is read from a file.
 class VEKA_API CECadCls {
-    veka::Pages m_pages;  // the memory of the levels, so it must outlive m_pRootLevels
+    std::unique_ptr<veka::Pages, veka::Pages::EndUser> m_pages;  // of the levels; made by the first read
 
 public:
     CECadCls();
@@ -31,9 +32,10 @@ public:
     int ReadLevelTree(int nReserved);
     /// As `ReadLevelTree`, from any text.
     int ReadLevelTreeFrom(veka::LineSource& source, int nReserved);
-    /// As `ReadLevelTree`, but passes each top-level level to `take` once it is closed, and does not keep it:
-    /// the level ends when `take` returns. So a file of many parts needs the memory of one part.
-    int ReadTopLevels(int nReserved, const std::function<void(CECadClsLvl*)>& take);
+    /// As `ReadLevelTree`, but passes each top-level level to `take` when the level is closed, and does not
+    /// keep it: the level ends when `take` returns, and must not be changed. So a file of many parts needs
+    /// the memory of one part.
+    int ReadTopLevels(int nReserved, const std::function<void(const CECadClsLvl*)>& take);
 
     int m_bStopAtDepthZero = 0;  ///< not 0: stop after a line, not the first, that ends outside all levels
     Owned<CECadClsLvlArray> m_pRootLevels;  ///< closed top-level levels in file order
@@ -43,5 +45,6 @@ public:
     CArray<std::uint64_t> m_aReserved64;
 
 private:
-    int Read(veka::LineSource& source, int nReserved, const std::function<void(CECadClsLvl*)>& take);
+    int Read(veka::LineSource& source, veka::Pages& pages, int nReserved,
+             const std::function<void(CECadClsLvl*)>& take);
 };

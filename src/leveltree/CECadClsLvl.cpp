@@ -1,45 +1,38 @@
 #include "leveltree/CECadClsLvl.h"
 
-#include <algorithm>
-
-namespace {
-
-/// A view of nothing, so that it cannot grow.
-class NoChildren : public CECadClsLvlArray {
-public:
-    NoChildren() { Show(&m_nothing, 0); }
-
-private:
-    CECadClsLvl* m_nothing = nullptr;
-};
-NoChildren g_noChildren;
-
-}  // namespace
-
-CECadClsLvlArray* const CECadClsLvl::ms_noChildren = &g_noChildren;
+#ifdef __GNUC__
+static_assert(sizeof(CECadClsLvl) == 80, "each byte more costs time: a file has many levels");
+#endif
 
 CECadClsLvlArray::CECadClsLvlArray() = default;
 CECadClsLvlArray::~CECadClsLvlArray() = default;
-
-veka::LevelChildren::LevelChildren() : m_children(new CECadClsLvlArray) {}
-
-veka::LevelChildren::~LevelChildren() {
-    delete m_children;
-}
 
 CECadClsLvl::CECadClsLvl() = default;
 CECadClsLvl::~CECadClsLvl() = default;
 
 void CECadClsLvl::operator delete(CECadClsLvl* level, std::destroying_delete_t) {
-    if (level->m_inPages) return;
-    level->~CECadClsLvl();
-    ::operator delete(level);
+    if (veka::Pages* pages = level->m_pages) {
+        pages->EndUsers(level->EndInPages());
+    } else {
+        level->~CECadClsLvl();
+        ::operator delete(level);
+    }
 }
 
-CECadClsLvlArray* CECadClsLvl::MakeSomeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children) {
-    auto** levels = pages.Allocate<CECadClsLvl*>(children.size());
-    std::ranges::copy(children, levels);
-    auto* array = new (pages.Allocate<CECadClsLvlArray>(1)) CECadClsLvlArray;
-    array->Show(levels, static_cast<INT_PTR>(children.size()));
-    return array;
+/// Ends a level in pages with all levels below it. Returns how many of them were in the same pages.
+std::size_t CECadClsLvl::EndInPages() noexcept {
+    std::size_t ended = 1;
+    for (CECadClsLvl* child : *m_pChildren) {
+        if (!child || child->m_pages != m_pages)
+            delete child;
+        else if (child->m_pChildren->IsEmpty() && !child->OwnsMemory())
+            ++ended;  // the most frequent case: nothing is to be freed
+        else
+            ended += child->EndInPages();
+    }
+    if (OwnsMemory()) {
+        m_pChildren->RemoveAll();
+        CECadClsLvl::~CECadClsLvl();
+    }
+    return ended;
 }

@@ -12,63 +12,77 @@
 
 class CECadClsLvl;
 
+namespace veka {
+class LevelChildren;
+}
+
 /// Owning array of levels.
 class VEKA_API CECadClsLvlArray : public CExPtrArray<CECadClsLvl*, CECadClsLvl*> {
 public:
     CECadClsLvlArray();
     ~CECadClsLvlArray() override;
 
-    /// Shows levels that live in pages, in an array that is empty.
-    using CArray::Show;
+private:
+    friend class veka::LevelChildren;
+    friend class CECadClsLvl;
+    /// Takes over levels, but not the memory of the pointers to them.
+    CECadClsLvlArray(CECadClsLvl** levels, std::int32_t count) noexcept { Borrow(levels, count); }
 };
 
 namespace veka {
 
 /// The children of a level, used as a pointer to their array that is never null.
-class VEKA_API LevelChildren {
+class LevelChildren {
 public:
-    LevelChildren();
-    ~LevelChildren();
+    LevelChildren() = default;
     LevelChildren(const LevelChildren&) = delete;
     LevelChildren& operator=(const LevelChildren&) = delete;
 
-    CECadClsLvlArray* get() const noexcept { return m_children; }
-    CECadClsLvlArray* operator->() const noexcept { return m_children; }
-    CECadClsLvlArray& operator*() const noexcept { return *m_children; }
-    operator CECadClsLvlArray*() const noexcept { return m_children; }
+    CECadClsLvlArray* get() const noexcept { return &m_children; }
+    CECadClsLvlArray* operator->() const noexcept { return &m_children; }
+    CECadClsLvlArray& operator*() const noexcept { return m_children; }
+    operator CECadClsLvlArray*() const noexcept { return &m_children; }
 
 private:
     friend class ::CECadClsLvl;
-    explicit LevelChildren(CECadClsLvlArray* children) noexcept : m_children(children) {}
+    LevelChildren(CECadClsLvl** levels, std::int32_t count) noexcept : m_children(levels, count) {}
 
-    CECadClsLvlArray* m_children;
+    // Without the attribute the array would be four bytes larger.
+    [[no_unique_address]] mutable CECadClsLvlArray m_children;
 };
 
 }  // namespace veka
 
 /// One parenthesised level of a file: its first token is the name, all others are values.
 ///
-/// The levels of a tree that was read live in the tree's pages, and die with it. They cannot grow: to add a
-/// value or a child raises `CInvalidArgException`, and deleting one does nothing. A level made by itself has
-/// no such limits.
+/// A level that was read is in pages, with its values and the pointers to its children. A value or a child
+/// that is added to it makes its list move to memory of its own. The pages live as long as any level in them
+/// that has not been deleted.
 class VEKA_API CECadClsLvl {
 public:
     CECadClsLvl();
     virtual ~CECadClsLvl();
     CECadClsLvl(const CECadClsLvl&) = delete;
     CECadClsLvl& operator=(const CECadClsLvl&) = delete;
-    /// Ends a level that has memory of its own.
+    /// Ends a level. Its pages end with the last one of their levels.
     static void operator delete(CECadClsLvl* level, std::destroying_delete_t);
 
-    /// Makes a level in pages, of its name with its values behind it and of its children; they are copied
-    /// there as they stand. Borrowed text lives as long as the pages. `kReadable` strings more can be read.
+    /// Makes a level in pages. Its strings are its name and its values, in this order. The bytes of the
+    /// strings are copied to the pages, and so are the pointers to the children. A text that is borrowed must
+    /// be in the pages. `kReadable` strings after the last one must be readable. The level is not yet a user
+    /// of its pages.
     static CECadClsLvl* Make(veka::Pages& pages, int depth, std::span<CString> strings,
                              std::span<CECadClsLvl* const> children) {
-        CECadClsLvlArray* array = children.empty() ? ms_noChildren : MakeSomeChildren(pages, children);
+        CECadClsLvl** levels = nullptr;
+        if (!children.empty()) {
+            levels = pages.Allocate<CECadClsLvl*>(children.size());
+            std::memcpy(levels, children.data(), children.size_bytes());
+        }
         constexpr std::size_t namePlace = sizeof(CECadClsLvl) - sizeof(CString);
         auto* memory = pages.Allocate<std::byte>(namePlace + strings.size_bytes());
         auto* copies = reinterpret_cast<CString*>(memory + namePlace);
-        auto* level = new (memory) CECadClsLvl(depth, {copies + 1, strings.size() - 1}, array);
+        auto* level = new (memory)
+            CECadClsLvl(pages, depth, {copies + 1, strings.size() - 1}, {levels, children.size()});
         // Four strings at once, if need be with what stands behind them: most levels have fewer, and to ask
         // would cost more.
         constexpr std::size_t atOnce = kReadable + 1;
@@ -83,23 +97,25 @@ public:
     static constexpr std::size_t kReadable = 3;
     static_assert(veka::Pages::kWritable >= kReadable * sizeof(CString));
 
-    veka::LevelChildren m_pChildren;  ///< closed child levels in file order
-    CStringArray m_aValues;           ///< values in file order
-    int m_nDepth = 0;                 ///< 1 for a top-level level, one more per nesting step
+    [[no_unique_address]] veka::LevelChildren m_pChildren;  ///< closed child levels in file order
+    int m_nDepth = 0;        ///< 1 for a top-level level, one more per nesting step
+    CStringArray m_aValues;  ///< values in file order
 
 private:
-    bool m_inPages = false;
+    veka::Pages* m_pages = nullptr;  // where the level is; null for a level that was made by itself
 
 public:
-    CString m_strName;  // the last, so that the values can stand behind it
+    CString m_strName;  // the last member: in pages the values follow it
 
 private:
-    CECadClsLvl(int depth, std::span<CString> values, CECadClsLvlArray* children) noexcept
-        : m_pChildren(children),
-          m_aValues(CStringArray::View(values.data(), static_cast<std::uint32_t>(values.size()))),
+    CECadClsLvl(veka::Pages& pages, int depth, std::span<CString> values,
+                std::span<CECadClsLvl*> children) noexcept
+        : m_pChildren(children.data(), static_cast<std::int32_t>(children.size())),
           m_nDepth(depth),
-          m_inPages(true) {}
-    static CECadClsLvlArray* MakeSomeChildren(veka::Pages& pages, std::span<CECadClsLvl* const> children);
-
-    static CECadClsLvlArray* const ms_noChildren;  // of every level in pages that has none
+          m_aValues(CStringArray::InMemoryOf(values.data(), static_cast<std::uint32_t>(values.size()))),
+          m_pages(&pages) {}
+    bool OwnsMemory() const noexcept {
+        return m_strName.OwnsMemory() || m_aValues.OwnsMemory() || m_pChildren->OwnsMemory();
+    }
+    std::size_t EndInPages() noexcept;
 };

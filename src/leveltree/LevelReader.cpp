@@ -3,6 +3,7 @@
 #include <cstring>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace veka {
 
@@ -128,12 +129,14 @@ const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialByte
         CString* const strings = m_strings.At(current->strings);
         CECadClsLvl* level = CECadClsLvl::Make(m_pages, static_cast<int>(m_depth) + 1, {strings, top},
                                                m_children.Last(current->children));
+        ++m_made;
         top = strings;
         if constexpr (kWatched) ++m_levelCount;
         m_children.Pop(current->children);
         const int line = current->line;
         --current;
         if (current == m_open.data()) {
+            m_pages.AddUsers(std::exchange(m_made, 0));
             m_take(level, line);
         } else {
             *m_children.Top() = level;

@@ -30,8 +30,8 @@ public:
         /// Count the levels, and call `Watch::Tick` once for each `kTickBytes` of the text.
         bool watched = false;
     };
-    /// Receives a top-level level once it has been closed, and the line of its open parenthesis. An exception
-    /// ends the reading.
+    /// Receives a top-level level when it has been closed, and the line of its open parenthesis. The level
+    /// and the levels below it are users of the pages until they are deleted. An exception ends the reading.
     using TakeLevel = std::function<void(CECadClsLvl* level, int line)>;
 
     /// The levels are made in `pages` and are valid as long as the memory of the pages.
@@ -94,7 +94,8 @@ private:
     OpenLevel* m_current = m_open.data();
     Stack<CString> m_strings;  // of each open level its name, then its values; none of them owns memory
     Stack<CECadClsLvl*> m_children;
-    int m_strayLine = 0;  // of the first stray close parenthesis
+    std::size_t m_made = 0;  // levels since the last top-level one
+    int m_strayLine = 0;     // of the first stray close parenthesis
     bool m_stopped = false;
     bool m_inString = false;
     const char* m_end = nullptr;        // of the block

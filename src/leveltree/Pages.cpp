@@ -51,6 +51,7 @@ void Pages::NextPage(std::size_t size) {
 void Pages::Reset() noexcept {
     m_used = 0;
     m_free = m_end = nullptr;
+    m_users = 1;
 }
 
 }  // namespace veka

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <vector>
@@ -9,8 +10,25 @@
 namespace veka {
 
 /// Memory that is allocated piece by piece and freed as a whole.
+///
+/// Pages can be shared: made with `new`, they are deleted when their last user ends.
 class VEKA_API Pages {
 public:
+    Pages() = default;
+    Pages(const Pages&) = delete;
+    Pages& operator=(const Pages&) = delete;
+
+    /// Adds users to the first one, who made the pages.
+    void AddUsers(std::size_t count) noexcept { m_users.fetch_add(count, std::memory_order_relaxed); }
+    /// Ends users, in any thread. Without users the pages delete themselves.
+    void EndUsers(std::size_t count) noexcept {
+        if (m_users.fetch_sub(count, std::memory_order_acq_rel) == count) delete this;
+    }
+    /// The deleter of a pointer that is a user.
+    struct EndUser {
+        void operator()(Pages* pages) const noexcept { pages->EndUsers(1); }
+    };
+
     /// Bytes after the last piece that can be written too, until the next piece is allocated.
     static constexpr std::size_t kWritable = 64;
 
@@ -27,7 +45,7 @@ public:
         static_assert(alignof(T) <= kAlignment);
         return static_cast<T*>(Allocate(count * sizeof(T)));
     }
-    /// Frees all pieces, and keeps the memory for the next ones.
+    /// Frees all pieces, and keeps the memory for the next ones. Only the first user is left.
     void Reset() noexcept;
 
 private:
@@ -43,6 +61,7 @@ private:
     std::size_t m_used = 0;       // pages in use; behind them stand those that are kept
     std::byte* m_free = nullptr;  // in the last page in use
     std::byte* m_end = nullptr;
+    std::atomic<std::size_t> m_users{1};
 };
 
 }  // namespace veka

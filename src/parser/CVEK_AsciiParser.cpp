@@ -21,7 +21,8 @@ int CVEK_AsciiParser::Parser() {
     const veka::RecordMemory::ImportScope import;
     veka::Sections sections(*this);
     // Unbalanced levels are no reason to drop what did close.
-    tree.ReadTopLevels(0, [&](CECadClsLvl* level) { sections.Read(level); });
+    // The parser methods take levels that are not constant, but change none.
+    tree.ReadTopLevels(0, [&](const CECadClsLvl* level) { sections.Read(const_cast<CECadClsLvl*>(level)); });
     sections.MoveIntoModel();
     return 1;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -19,44 +20,44 @@
 /// Without a grow step the capacity grows by an eighth of the size, at least 4 and at most 1024
 /// elements.
 ///
-/// An array may be a view of elements that live elsewhere: it cannot be resized, but to 0.
+/// The elements of an array can be in memory that belongs to something else. The array moves them to memory
+/// of its own when it grows. An array has at most 2^31 - 1 elements.
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray : public CObject {
     static_assert(std::is_trivially_copyable_v<TYPE>, "elements are moved as bytes");
 
 public:
     CArray() = default;
-    ~CArray() override {
-        if (!IsView()) std::free(m_pData);
-    }
+    ~CArray() override { FreeBlock(); }
 
     INT_PTR GetSize() const noexcept { return m_nSize; }
     INT_PTR GetCount() const noexcept { return m_nSize; }
     INT_PTR GetUpperBound() const noexcept { return m_nSize - 1; }
     bool IsEmpty() const noexcept { return m_nSize == 0; }
 
-    /// Sets the size, new elements being zero; a grow step of 0 or more is kept for later growth.
+    /// Sets the size. New elements are zero. A grow step of 0 or more is kept for later growth.
     /// A negative size is an invalid argument. Size 0 frees the storage.
     void SetSize(INT_PTR size, INT_PTR growBy = -1) {
         if (size < 0) AfxThrowInvalidArgException();
-        if (growBy >= 0) m_nGrowBy = growBy;
+        if (growBy >= 0) m_nGrowBy = static_cast<std::int32_t>(std::min(growBy, kLargestSize));
         if (size == 0) {
-            m_nSize = 0;
-            if (IsView()) return;
-            std::free(std::exchange(m_pData, nullptr));
-            m_nMaxSize = 0;
+            FreeBlock();
+            m_pData = nullptr;
+            m_nSize = m_nMaxSize = 0;
             return;
         }
-        if (size > m_nMaxSize) Reallocate(std::max(size, m_nMaxSize + GrowStep()));
-        if (size > m_nSize) std::fill(m_pData + m_nSize, m_pData + size, TYPE{});
-        m_nSize = size;
+        if (size > m_nSize) {
+            if (size > m_nMaxSize) Reallocate(std::max(size, m_nMaxSize + GrowStep()), size);
+            std::fill(m_pData + m_nSize, m_pData + size, TYPE{});
+        }
+        m_nSize = static_cast<std::int32_t>(size);
     }
     /// Gives storage that is not in use back.
     void FreeExtra() {
         if (m_nSize == 0)
             SetSize(0);
         else if (m_nSize < m_nMaxSize)
-            Reallocate(m_nSize);
+            Reallocate(m_nSize, m_nSize);
     }
     void RemoveAll() { SetSize(0); }
 
@@ -74,7 +75,7 @@ public:
     void SetAtGrow(INT_PTR index, ARG_TYPE element) {
         if (index < 0) AfxThrowInvalidArgException();
         const TYPE kept = element;  // the argument may lie in the block that is about to move
-        if (index >= m_nSize) SetSize(index + 1);
+        if (index >= m_nSize) SetSize(Sum(index, 1));
         m_pData[index] = kept;
     }
     /// Appends an element and returns its index.
@@ -87,7 +88,7 @@ public:
         if (index < 0 || count < 1) AfxThrowInvalidArgException();
         const TYPE kept = element;
         const INT_PTR old = m_nSize;
-        SetSize(std::max(index, old) + count);
+        SetSize(Sum(std::max(index, old), count));
         if (index < old) std::copy_backward(m_pData + index, m_pData + old, m_pData + old + count);
         std::fill(m_pData + index, m_pData + index + count, kept);
     }
@@ -96,7 +97,7 @@ public:
         if (index < 0 || count < 0 || index > m_nSize || count > m_nSize - index)
             AfxThrowInvalidArgException();
         std::copy(m_pData + index + count, m_pData + m_nSize, m_pData + index);
-        m_nSize -= count;
+        m_nSize -= static_cast<std::int32_t>(count);
     }
 
     TYPE* begin() noexcept { return m_pData; }
@@ -109,7 +110,7 @@ public:
         return &runtimeClass;
     }
     void AssertValid() const override {
-        if (m_nSize < 0 || (!IsView() && m_nSize > m_nMaxSize) || (m_nSize > 0 && !m_pData))
+        if (m_nSize < 0 || (m_nMaxSize > 0 && m_nSize > m_nMaxSize) || (m_nSize > 0 && !m_pData))
             AfxThrowInvalidArgException();
     }
     void Dump(std::ostream& out) const override {
@@ -124,21 +125,30 @@ protected:
         std::swap(m_nMaxSize, other.m_nMaxSize);
         std::swap(m_nGrowBy, other.m_nGrowBy);
     }
-    /// Shows elements which live as long as the array, in an array that is empty.
-    void Show(TYPE* elements, INT_PTR count) noexcept {
+    /// Gives elements to an array that is empty, in memory that the array does not free.
+    void Borrow(TYPE* elements, std::int32_t count) noexcept {
         m_pData = elements;
         m_nSize = count;
     }
+    /// True if the array has memory that the destructor frees.
+    bool OwnsMemory() const noexcept { return m_nMaxSize > 0; }
+    /// Shortens the array to the elements before one of its places.
+    void CutAt(const TYPE* end) noexcept { m_nSize = static_cast<std::int32_t>(end - m_pData); }
 
+    // Sizes of 32 bits: a record has many arrays, and most of them are empty.
     TYPE* m_pData = nullptr;
-    INT_PTR m_nSize = 0;
-    INT_PTR m_nMaxSize = 0;
-    INT_PTR m_nGrowBy = 0;
+    std::int32_t m_nSize = 0;
+    std::int32_t m_nMaxSize = 0;  // 0 where the elements are in memory that is not the array's
+    std::int32_t m_nGrowBy = 0;
 
 private:
-    /// True for elements that live elsewhere: they have no capacity.
-    bool IsView() const noexcept { return m_pData && m_nMaxSize == 0; }
+    static constexpr INT_PTR kLargestSize = std::numeric_limits<std::int32_t>::max();
 
+    /// The sum of two numbers of elements, neither of which is negative.
+    static INT_PTR Sum(INT_PTR a, INT_PTR b) {
+        if (a > kLargestSize || b > kLargestSize) throw std::bad_array_new_length();
+        return a + b;
+    }
     INT_PTR GrowStep() const { return m_nGrowBy > 0 ? m_nGrowBy : std::clamp<INT_PTR>(m_nSize / 8, 4, 1024); }
     INT_PTR Checked(INT_PTR index) const {
         if (index < 0 || index >= m_nSize) AfxThrowInvalidArgException();
@@ -149,16 +159,22 @@ private:
     static INT_PTR Room(INT_PTR capacity) {
         return static_cast<INT_PTR>(std::bit_ceil(static_cast<size_t>(capacity)));
     }
-    void Reallocate(INT_PTR capacity) {
-        if (IsView()) AfxThrowInvalidArgException();
-        constexpr INT_PTR most = std::numeric_limits<INT_PTR>::max() / 2 / INT_PTR{sizeof(TYPE)};
-        if (capacity > most) throw std::bad_array_new_length();
-        if (!m_pData || Room(capacity) != Room(m_nMaxSize)) {
-            void* block = std::realloc(m_pData, static_cast<size_t>(Room(capacity)) * sizeof(TYPE));
+    /// Makes room for a capacity, or for the size that is needed where the capacity is too large.
+    void Reallocate(INT_PTR capacity, INT_PTR needed) {
+        if (needed > kLargestSize) throw std::bad_array_new_length();
+        capacity = std::min(capacity, kLargestSize);
+        if (m_nMaxSize == 0 || Room(capacity) != Room(m_nMaxSize)) {
+            void* const own = m_nMaxSize > 0 ? m_pData : nullptr;
+            void* block = std::realloc(own, static_cast<size_t>(Room(capacity)) * sizeof(TYPE));
             if (!block) throw std::bad_alloc();
-            m_pData = static_cast<TYPE*>(block);
+            auto* elements = static_cast<TYPE*>(block);
+            if (m_nMaxSize == 0) std::copy_n(m_pData, m_nSize, elements);
+            m_pData = elements;
         }
-        m_nMaxSize = capacity;
+        m_nMaxSize = static_cast<std::int32_t>(capacity);
+    }
+    void FreeBlock() noexcept {
+        if (m_nMaxSize > 0) std::free(m_pData);
     }
 };
 

@@ -134,14 +134,11 @@ public:
     }
 
     /// Takes every null element out.
-    virtual void RemoveNullElement() {
-        this->m_nSize = std::remove(this->begin(), this->end(), nullptr) - this->begin();
-    }
+    virtual void RemoveNullElement() { this->CutAt(std::remove(this->begin(), this->end(), nullptr)); }
     /// Keeps the first occurrence of each pointer and takes the later ones out, without deleting them.
     virtual void RemoveDuplicatedElements() {
         std::unordered_set<const void*> seen;
-        this->m_nSize = std::remove_if(this->begin(), this->end(),
-                                       [&](TYPE element) { return !seen.insert(element).second; }) -
-                        this->begin();
+        this->CutAt(std::remove_if(this->begin(), this->end(),
+                                   [&](TYPE element) { return !seen.insert(element).second; }));
     }
 };

@@ -108,6 +108,9 @@ public:
         return bytes;
     }
 
+    /// True if the text is in memory that belongs to the string alone, and that its destructor frees.
+    bool OwnsMemory() const noexcept { return Where() == kOwned; }
+
     int GetLength() const noexcept { return static_cast<int>(View().size()); }
     bool IsEmpty() const noexcept { return Where() == 0; }
     void Empty() noexcept {

@@ -1,12 +1,11 @@
 #include "platform/CStringArray.h"
 
 #include <algorithm>
-#include <limits>
 #include <stdexcept>
 
 CStringArray& CStringArray::operator=(const CStringArray& other) {
     if (this == &other) return *this;
-    if (IsView() || other.m_size > m_capacity) return *this = CStringArray(other);
+    if (other.m_size > m_capacity) return *this = CStringArray(other);
     const CString* last = std::copy_n(other.m_strings, std::min(m_size, other.m_size), m_strings);
     if (m_size > other.m_size)
         std::destroy(m_strings + other.m_size, m_strings + m_size);
@@ -18,8 +17,7 @@ CStringArray& CStringArray::operator=(const CStringArray& other) {
 
 void CStringArray::SetSize(INT_PTR size) {
     if (size < 0) AfxThrowInvalidArgException();
-    RefuseView();
-    if (size > m_capacity) Reserve(size);
+    if (size > m_capacity && size > m_size) Reserve(size);
     const auto number = static_cast<std::uint32_t>(size);
     if (number > m_size)
         std::uninitialized_value_construct(m_strings + m_size, m_strings + number);
@@ -31,7 +29,6 @@ void CStringArray::SetSize(INT_PTR size) {
 INT_PTR CStringArray::Append(const CStringArray& other) {
     const std::uint32_t old = m_size, count = other.m_size;
     if (count == 0) return old;
-    RefuseView();
     if (INT_PTR{old} + count > m_capacity) old == 0 ? Reserve(count) : Grow(INT_PTR{old} + count);
     std::uninitialized_copy_n(other.m_strings, count, m_strings + old);
     m_size += count;
@@ -48,19 +45,16 @@ void CStringArray::InsertAt(INT_PTR index, CString text) {
 void CStringArray::RemoveAt(INT_PTR index, INT_PTR count) {
     if (index < 0 || count < 0 || index > GetSize() || count > GetSize() - index)
         AfxThrowInvalidArgException();
-    RefuseView();
     std::move(m_strings + index + count, m_strings + m_size, m_strings + index);
     SetSize(m_size - count);
 }
 
 void CStringArray::Grow(INT_PTR size) {
-    RefuseView();
     Reserve(std::max<INT_PTR>({size, 2 * INT_PTR{m_capacity}, 4}));
 }
 
 void CStringArray::Reserve(INT_PTR capacity) {
-    if (capacity > std::numeric_limits<std::int32_t>::max())
-        throw std::length_error("an array of more than 2^31 - 1 texts");
+    if (capacity > kLargestSize) throw std::length_error("an array of more than 2^31 - 1 texts");
     auto* strings = static_cast<CString*>(::operator new(static_cast<size_t>(capacity) * sizeof(CString)));
     std::uninitialized_move(m_strings, m_strings + m_size, strings);  // moving a string does not throw
     const std::uint32_t size = m_size;
@@ -71,9 +65,8 @@ void CStringArray::Reserve(INT_PTR capacity) {
 }
 
 void CStringArray::Free() noexcept {
-    if (IsView()) return;
     std::destroy(m_strings, m_strings + m_size);
-    ::operator delete(m_strings);
+    if (m_capacity > 0) ::operator delete(m_strings);
     m_strings = nullptr;
     m_size = m_capacity = 0;
 }

@@ -15,14 +15,18 @@ using INT_PTR = std::ptrdiff_t;
 /// Growable array of byte strings. An index outside the array raises `CInvalidArgException`, a size that does
 /// not fit into 31 bits `std::length_error`.
 ///
-/// An array may be a view of strings that live elsewhere: then each change of it raises
-/// `CInvalidArgException`.
+/// The strings of an array can be in memory that belongs to something else. The array moves them to memory of
+/// its own when it grows.
 class VEKA_API CStringArray {
 public:
     CStringArray() noexcept = default;
     CStringArray(const CStringArray& other) : CStringArray() { Append(other); }
-    /// A view stays a view, unlike in a copy.
-    CStringArray(CStringArray&& other) noexcept { Swap(other); }
+    /// Takes over the strings. The result has memory of its own; the program ends if there is no memory for
+    /// that.
+    CStringArray(CStringArray&& other) noexcept {
+        if (other.m_size > other.m_capacity) other.Reserve(other.m_size);
+        Swap(other);
+    }
     ~CStringArray() { Free(); }
     CStringArray& operator=(const CStringArray& other);
     CStringArray& operator=(CStringArray&& other) noexcept {
@@ -31,13 +35,18 @@ public:
         return *this;
     }
 
-    /// An array that shows strings which live as long as it.
-    static CStringArray View(CString* strings, std::uint32_t size) noexcept {
-        CStringArray view;
-        view.m_strings = strings;
-        view.m_size = size;
-        view.m_capacity = kView;
-        return view;
+    /// An array that takes over strings, but not their memory, which must live as long as the strings are
+    /// there. `size` is below 2^31.
+    static CStringArray InMemoryOf(CString* strings, std::uint32_t size) noexcept {
+        return CStringArray(strings, size);
+    }
+
+    /// True if the array or one of its strings has memory that the destructor frees.
+    bool OwnsMemory() const noexcept {
+        if (m_capacity > 0) return true;
+        for (const CString& text : *this)
+            if (text.OwnsMemory()) return true;
+        return false;
     }
 
     INT_PTR GetSize() const noexcept { return m_size; }
@@ -54,7 +63,7 @@ public:
     /// Stores at any index from 0 on; the array grows by empty strings up to there.
     void SetAtGrow(INT_PTR index, CString text) {
         if (index < 0) AfxThrowInvalidArgException();
-        if (index >= GetSize()) SetSize(index + 1);
+        if (index >= GetSize()) SetSize(std::min(index, kLargestSize) + 1);
         ElementAt(index) = std::move(text);
     }
 
@@ -63,7 +72,7 @@ public:
 
     /// Appends a string and returns its index.
     INT_PTR Add(CString text) {
-        if (m_size >= m_capacity || IsView()) Grow(INT_PTR{m_size} + 1);
+        if (m_size >= m_capacity) Grow(INT_PTR{m_size} + 1);
         std::construct_at(m_strings + m_size, std::move(text));
         return m_size++;
     }
@@ -84,15 +93,13 @@ public:
     }
 
 private:
-    static constexpr std::uint32_t kView = UINT32_MAX;  // as capacity
+    static constexpr INT_PTR kLargestSize = INT32_MAX;
 
-    bool IsView() const noexcept { return m_capacity == kView; }
+    CStringArray(CString* strings, std::uint32_t size) noexcept : m_strings(strings), m_size(size) {}
+
     size_t Checked(INT_PTR index) const {
         if (index < 0 || index >= GetSize()) AfxThrowInvalidArgException();
         return static_cast<size_t>(index);
-    }
-    void RefuseView() const {
-        if (IsView()) AfxThrowInvalidArgException();
     }
     void Swap(CStringArray& other) noexcept {
         std::swap(m_strings, other.m_strings);
@@ -106,5 +113,5 @@ private:
 
     CString* m_strings = nullptr;
     std::uint32_t m_size = 0;
-    std::uint32_t m_capacity = 0;
+    std::uint32_t m_capacity = 0;  // 0 where the strings are in memory that is not the array's
 };

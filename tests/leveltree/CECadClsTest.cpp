@@ -158,7 +158,8 @@ TEST_F(CECadClsTest, HandsTopLevelLevelsOverAndKeepsNone) {
     const std::string text = "(A 1 (B \"a value that is longer than fourteen bytes\"))\n(C)\n(D (E) x";
     tree.m_strFilePath = directory.Write("part.veka", text);
     std::vector<PlainLevel> levels;
-    EXPECT_EQ(tree.ReadTopLevels(0, [&](CECadClsLvl* level) { levels.push_back(test::Plain(*level)); }), -1);
+    EXPECT_EQ(tree.ReadTopLevels(0, [&](const CECadClsLvl* level) { levels.push_back(test::Plain(*level)); }),
+              -1);
     EXPECT_EQ(levels, test::ReadPlainly(text).roots);
     EXPECT_TRUE(tree.m_pRootLevels->IsEmpty());
     EXPECT_EQ(tree.m_nLineCount, 3);
@@ -167,7 +168,7 @@ TEST_F(CECadClsTest, HandsTopLevelLevelsOverAndKeepsNone) {
 TEST_F(CECadClsTest, AnExceptionOfWhoTakesTheLevelsEndsTheRead) {
     tree.m_strFilePath = directory.Write("part.veka", "\n(A)(B)\n");
     int taken = 0;
-    EXPECT_THROW(tree.ReadTopLevels(0, [&](CECadClsLvl*) { throw ++taken; }), int);
+    EXPECT_THROW(tree.ReadTopLevels(0, [&](const CECadClsLvl*) { throw ++taken; }), int);
     EXPECT_EQ(taken, 1);
     EXPECT_EQ(tree.m_nLineCount, 2);
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -49,6 +50,17 @@ TEST(Pages, GrowToManyMegabytes) {
         }
         pages.Reset();
     }
+}
+
+TEST(Pages, EndWithTheirLastUser) {
+    std::unique_ptr<veka::Pages, veka::Pages::EndUser> first(new veka::Pages);
+    veka::Pages& pages = *first;
+    auto* memory = pages.Allocate<char>(100);
+    pages.AddUsers(3);
+    first.reset();
+    pages.EndUsers(2);
+    std::memset(memory, 1, 100);
+    pages.EndUsers(1);  // a leak or a use after the end is an error of the sanitizer
 }
 
 TEST(Pages, UseTheirMemoryAgain) {

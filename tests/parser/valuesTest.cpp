@@ -68,4 +68,16 @@ TEST(USGKeysParser, ASecondListOfValuesReplacesTheFirst) {
     EXPECT_THAT(test::Strings(*keys->GetAt(1), &CVEKA_USGKey::GetValue), ElementsAre());
 }
 
+TEST(ColorParser, ReadsValuesThatWereAddedToALevel) {
+    const auto tree = test::ReadTree("(COLOR 1)");
+    CECadClsLvl* level = tree->m_pRootLevels->GetAt(0);
+    level->m_aValues.Add("2");
+    level->m_aValues.Add("3");
+    CVEK_AsciiParser parser;
+    const std::unique_ptr<CVEKA_Color> color(parser.ColorParser(level));
+    EXPECT_EQ(color->GetRed(), 1);
+    EXPECT_EQ(color->GetGreen(), 2);
+    EXPECT_EQ(color->GetBlue(), 3);
+}
+
 }  // namespace

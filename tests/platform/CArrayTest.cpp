@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <initializer_list>
+#include <limits>
+#include <memory>
+#include <span>
 #include <sstream>
 
 namespace {
@@ -144,22 +149,86 @@ TEST(CArray, TellsAboutItself) {
     EXPECT_EQ(out.str(), "CArray with 1 elements\n");
 }
 
-TEST(CArray, AViewShowsElementsAndCannotGrow) {
-    struct View : CArrayN {
-        using CArrayN::Show;
-    };
+/// An array of elements in memory that is not its own.
+struct Borrowing : CArrayN {
+    explicit Borrowing(std::span<int> elements) {
+        Borrow(elements.data(), static_cast<int>(elements.size()));
+    }
+    using CArrayN::OwnsMemory;
+    using CArrayN::Swap;
+};
+
+bool Holds(const CArrayN& array, std::initializer_list<int> expected) {
+    return std::equal(array.begin(), array.end(), expected.begin(), expected.end());
+}
+
+TEST(CArray, ShowsBorrowedElementsWhereTheyAre) {
     int elements[] = {1, 2, 3};
-    View view;
-    view.Show(elements, 3);
-    EXPECT_EQ(view.GetData(), elements);
-    view.AssertValid();
-    EXPECT_THROW(view.Add(4), CInvalidArgException);
-    EXPECT_THROW(view.SetSize(2), CInvalidArgException);
-    view.RemoveAt(0);
-    EXPECT_EQ(view.GetSize(), 2);
-    view.RemoveAll();
-    EXPECT_TRUE(view.IsEmpty());
-    EXPECT_THROW(view.Add(4), CInvalidArgException) << "it stays a view";
+    Borrowing array(elements);
+    EXPECT_EQ(array.GetData(), elements);
+    EXPECT_FALSE(array.OwnsMemory());
+    array.AssertValid();
+    array.SetAt(0, 4);
+    EXPECT_EQ(elements[0], 4);
+}
+
+TEST(CArray, MovesBorrowedElementsToMemoryOfItsOwnWhenItGrows) {
+    const auto after = [](auto change) {
+        int elements[] = {1, 2, 3};
+        auto array = std::make_unique<Borrowing>(elements);
+        change(*array);
+        EXPECT_TRUE(array->OwnsMemory());
+        EXPECT_EQ(elements[0], 1);
+        elements[1] = 9;
+        array->AssertValid();
+        return array;
+    };
+    EXPECT_TRUE(Holds(*after([](Borrowing& a) { a.Add(4); }), {1, 2, 3, 4}));
+    EXPECT_TRUE(Holds(*after([](Borrowing& a) { a.Add(a[1]); }), {1, 2, 3, 2}));
+    EXPECT_TRUE(Holds(*after([](Borrowing& a) { a.InsertAt(0, 0); }), {0, 1, 2, 3}));
+    EXPECT_TRUE(Holds(*after([](Borrowing& a) { a.SetAtGrow(4, 5); }), {1, 2, 3, 0, 5}));
+    EXPECT_TRUE(Holds(*after([](Borrowing& a) { a.SetSize(5); }), {1, 2, 3, 0, 0}));
+}
+
+TEST(CArray, ShortensBorrowedElementsInPlaceAndGrowsAgain) {
+    int elements[] = {1, 2, 3};
+    Borrowing array(elements);
+    array.RemoveAt(0);
+    EXPECT_TRUE(Holds(array, {2, 3}));
+    array.SetSize(1);
+    array.FreeExtra();
+    EXPECT_TRUE(Holds(array, {2}));
+    EXPECT_EQ(array.GetData(), elements);
+    array.RemoveAll();
+    EXPECT_TRUE(array.IsEmpty());
+    EXPECT_EQ(array.GetData(), nullptr);
+    array.Add(7);
+    EXPECT_TRUE(Holds(array, {7}));
+    EXPECT_EQ(elements[0], 2);
+}
+
+TEST(CArray, ExchangesBorrowedElements) {
+    int elements[] = {1};
+    Borrowing array(elements), other({});
+    other.Add(2);
+    array.Swap(other);
+    other.Add(3);
+    EXPECT_TRUE(Holds(array, {2}));
+    EXPECT_TRUE(Holds(other, {1, 3}));
+}
+
+TEST(CArray, RaisesForAPlaceThatCannotExist) {
+    constexpr INT_PTR largest = std::numeric_limits<INT_PTR>::max();
+    CArrayN array;
+    array.Add(1);
+    for (const INT_PTR place : {largest, INT_PTR{1} << 31, (INT_PTR{1} << 31) - 1}) {
+        EXPECT_THROW(array.SetAtGrow(place, 1), std::bad_alloc);
+        EXPECT_THROW(array.InsertAt(place, 1), std::bad_alloc);
+        EXPECT_THROW(array.InsertAt(0, 1, place), std::bad_alloc);
+    }
+    array.SetSize(1, largest);
+    array.FreeExtra();
+    EXPECT_TRUE(Holds(array, {1}));
 }
 
 TEST(CArray, KnowsWhenItIsNotConsistent) {

@@ -3,9 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <initializer_list>
+#include <limits>
+#include <memory>
+#include <optional>
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -119,29 +125,114 @@ TEST(CStringArray, IsAsAVectorOfTextsWhateverIsDoneToIt) {
     }
 }
 
-TEST(CStringArray, AViewShowsStringsAndCannotGrow) {
-    CString strings[] = {"a", "b"};
-    CStringArray view = CStringArray::View(strings, 2);
-    EXPECT_EQ(&view[0], strings);
-    EXPECT_THROW(view.Add("c"), CInvalidArgException);
-    EXPECT_THROW(view.Append(view), CInvalidArgException);
-    EXPECT_THROW(view.SetSize(1), CInvalidArgException);
-    EXPECT_THROW(view.InsertAt(0, "c"), CInvalidArgException);
-    EXPECT_THROW(view.RemoveAt(0), CInvalidArgException);
-    CStringArray copy = view;
-    copy.Add("c");
-    EXPECT_EQ(copy.GetSize(), 3);
-    strings[0] = "changed";
-    EXPECT_EQ(copy[0], "a");
-    view = copy;
-    EXPECT_EQ(view[0], "a");
-    EXPECT_EQ(strings[0], "changed") << "what was shown is not assigned to";
-    EXPECT_THROW(CStringArray::View(nullptr, 0).Add("a"), CInvalidArgException);
+/// Strings in memory of their own, and an array that takes the strings over.
+class Place {
+public:
+    Place(std::initializer_list<const char*> texts)
+        : m_memory(new std::byte[texts.size() * sizeof(CString)]),
+          array(CStringArray::InMemoryOf(Make(texts), static_cast<std::uint32_t>(texts.size()))) {}
+    const CString* begin() const { return reinterpret_cast<const CString*>(m_memory.get()); }
+
+private:
+    CString* Make(std::initializer_list<const char*> texts) {
+        std::byte* place = m_memory.get();
+        for (const char* text : texts) {
+            new (place) CString(CString::Borrow(text));
+            place += sizeof(CString);
+        }
+        return reinterpret_cast<CString*>(m_memory.get());
+    }
+
+    std::unique_ptr<std::byte[]> m_memory;
+
+public:
+    CStringArray array;  // ends before the memory
+};
+
+constexpr const char* kLong = "a text that needs memory of its own";
+
+TEST(CStringArray, ShowsStringsInOtherMemoryWhereTheyAre) {
+    Place place{"a", kLong};
+    CStringArray& array = place.array;
+    EXPECT_EQ(&array[1], place.begin() + 1);
+    EXPECT_EQ(array, Make({"a", kLong}));
+    EXPECT_FALSE(array.OwnsMemory());
+    array.SetAt(0, kLong);
+    array[1] += " and more";
+    EXPECT_EQ(&array[0], place.begin());
+    EXPECT_EQ(array, Make({kLong, "a text that needs memory of its own and more"}));
+    EXPECT_TRUE(array.OwnsMemory());
+}
+
+TEST(CStringArray, MovesStringsToMemoryOfItsOwnWhenItGrows) {
+    const auto after = [](auto change) {
+        auto place = std::make_unique<Place>(std::initializer_list<const char*>{"a", kLong});
+        CStringArray& array = place->array;
+        change(array);
+        EXPECT_TRUE(array.OwnsMemory());
+        EXPECT_NE(&array[0], place->begin());
+        CStringArray moved(std::move(array));
+        place.reset();
+        return moved;
+    };
+    EXPECT_EQ(after([](CStringArray& a) { a.Add("b"); }), Make({"a", kLong, "b"}));
+    EXPECT_EQ(after([](CStringArray& a) { a.Add(a[1]); }), Make({"a", kLong, kLong}));
+    EXPECT_EQ(after([](CStringArray& a) { a.Append(a); }), Make({"a", kLong, "a", kLong}));
+    EXPECT_EQ(after([](CStringArray& a) { a.InsertAt(1, "b"); }), Make({"a", "b", kLong}));
+    EXPECT_EQ(after([](CStringArray& a) { a.SetAtGrow(3, "b"); }), Make({"a", kLong, "", "b"}));
+    EXPECT_EQ(after([](CStringArray& a) { a.SetSize(3); }), Make({"a", kLong, ""}));
+    EXPECT_EQ(after([](CStringArray& a) { a.Copy(Make({"b", "c", "d"})); }), Make({"b", "c", "d"}));
+    EXPECT_EQ(after([](CStringArray& a) { a = Make({"b"}); }), Make({"b"}));
+}
+
+TEST(CStringArray, ShortensStringsInOtherMemoryInPlaceAndGrowsAgain) {
+    Place place{"a", kLong, "c"};
+    CStringArray& array = place.array;
+    array[1] += "!";
+    array.RemoveAt(0);
+    EXPECT_EQ(array, Make({"a text that needs memory of its own!", "c"}));
+    EXPECT_EQ(&array[0], place.begin());
+    array.SetSize(1);
+    EXPECT_EQ(array.GetSize(), 1);
+    array.RemoveAll();
+    EXPECT_TRUE(array.IsEmpty());
+    EXPECT_FALSE(array.OwnsMemory());
+    array.Add(kLong);
+    EXPECT_EQ(array, Make({kLong}));
+    array.Copy(CStringArray());
+    EXPECT_TRUE(array.IsEmpty());
+}
+
+TEST(CStringArray, IsCopiedAndMovedOutOfOtherMemory) {
+    std::optional<Place> place(std::in_place, std::initializer_list<const char*>{"a", kLong});
+    const CStringArray copy = place->array;
+    CStringArray assigned = Make({"x"});
+    assigned = place->array;
+    CStringArray moved = std::move(place->array);
+    EXPECT_TRUE(place->array.IsEmpty());
+    place->array.Add("again");
+    EXPECT_EQ(place->array, Make({"again"}));
+    place.reset();
+    moved.Add("b");
+    EXPECT_EQ(copy, Make({"a", kLong}));
+    EXPECT_EQ(assigned, Make({"a", kLong}));
+    EXPECT_EQ(moved, Make({"a", kLong, "b"}));
+}
+
+TEST(CStringArray, IsMovedOntoAnArrayInOtherMemory) {
+    Place place{"a", kLong}, other{"b"};
+    place.array = std::move(other.array);
+    EXPECT_EQ(place.array, Make({"b"}));
+    EXPECT_NE(&place.array[0], other.begin());
+    place.array = Make({});
+    EXPECT_TRUE(place.array.IsEmpty());
 }
 
 TEST(CStringArray, HasASizeBelowTwoToThe31) {
     CStringArray array;
     EXPECT_THROW(array.SetSize(INT_PTR{1} << 31), std::length_error);
+    EXPECT_THROW(array.SetAtGrow(std::numeric_limits<INT_PTR>::max(), "x"), std::length_error);
+    EXPECT_THROW(array.InsertAt(std::numeric_limits<INT_PTR>::max(), "x"), std::length_error);
     EXPECT_EQ(array.GetSize(), 0);
 }
 
