@@ -11,7 +11,6 @@
 #include "host/Desktop.h"
 #include "host/Failure.h"
 #include "host/ImportDialog.h"
-#include "host/Installed.h"
 #include "host/Messages.h"
 #include "host/OutputFile.h"
 #include "host/PinTable.h"
@@ -23,6 +22,7 @@
 #include "platform/Version.h"
 #include "window/AfxMessageBox.h"
 #include "window/SBUtility.h"
+#include "window/ScopedUserInterface.h"
 
 namespace host {
 
@@ -240,7 +240,7 @@ private:
 
 int ImportInWindows(const CommandLine& line, const Streams& streams, Desktop& desktop) {
     const std::unique_ptr<veka::UserInterface> windows = desktop.MakeUserInterface();
-    const Installed installed(*windows);
+    const veka::ScopedUserInterface installed(*windows);
     return line.Shown() ? Program(line, streams).ImportByDialog() : desktop.RunApplication(line);
 }
 
@@ -264,7 +264,7 @@ int Run(const CommandLine& line, const Streams& streams, Desktop* desktop) {
         return ImportInWindows(line, streams, *desktop);
     if (wanted) throw NoWindows("there is no display to show windows on");
     veka::ConsoleUserInterface console(streams.in, streams.err);
-    const Installed installed(console);
+    const veka::ScopedUserInterface installed(console);
     return Program(line, streams).ImportByDialog();
 }
 

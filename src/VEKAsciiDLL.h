@@ -21,4 +21,5 @@
 #include "window/CDialog.h"
 #include "window/ExtensionModule.h"
 #include "window/SBUtility.h"
+#include "window/ScopedUserInterface.h"
 #include "window/UserInterface.h"

@@ -11,6 +11,7 @@
 
 namespace {
 
+using test::PressOk;
 using test::ScriptedWindow;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -45,7 +46,6 @@ protected:
     static CString MPN(const CVEK_AsciiFile_Import_Dlg& one) {
         return one.GetParser()->GetCVEKA_Manager()->GetVEK()->GetPartGeneral()->GetMPN();
     }
-    static void PressOk(ScriptedWindow& window) { window.Click(IDOK); }
 
     test::TemporaryDirectory directory;
     CString file, library;
@@ -84,7 +84,7 @@ TEST_F(ImportDialog, TypedPathsAreUsed) {
                   [&](ScriptedWindow& window) {
                       window.Type(IDC_EDIT_VEK_ASCII_PATH, file.View());
                       window.Type(IDC_EDIT_VEK_DIR_PATH, library.View());
-                      window.Click(IDOK);
+                      window.Press(IDOK);
                   }),
               IDOK);
     EXPECT_EQ(dialog.GetVEKAsciiFilePath(), file);
@@ -139,13 +139,13 @@ TEST_F(ImportDialog, NoLeavesItOpenAndOkReadsTheFileAnew) {
     user.answers = {false, true};
     EXPECT_EQ(Run(dialog,
                   [&](ScriptedWindow& window) {
-                      window.Click(IDOK);
+                      window.Press(IDOK);
                       ASSERT_TRUE(window.IsOpen());
                       EXPECT_EQ(MPN(dialog), "ABC/1");
                       CVEKA_Manager* first = dialog.GetParser()->GetCVEKA_Manager();
                       first->GetVEK()->GetPartGeneral()->SetUnit("left over");
                       directory.Write("part.veka", "(VEK (PARTGENERAL (MPN ABC/1) (PACKAGETYPE new)))");
-                      window.Click(IDOK);
+                      window.Press(IDOK);
                       EXPECT_FALSE(window.IsOpen());
                   }),
               IDOK);
@@ -160,9 +160,9 @@ TEST_F(ImportDialog, OkAfterNoStartsFromAnEmptyModel) {
     Fill(dialog);
     user.answers = {false, true};
     Run(dialog, [&](ScriptedWindow& window) {
-        window.Click(IDOK);
+        window.Press(IDOK);
         directory.Write("part.veka", "(VEK (PARTGENERAL (MPN ABC/1))) (NSHAPE N)");
-        window.Click(IDOK);
+        window.Press(IDOK);
     });
     EXPECT_EQ(dialog.GetParser()->GetCVEKA_Manager()->GetNShapeArr()->GetSize(), 1);
     EXPECT_EQ(dialog.GetParser()->GetCVEKA_Manager()->GetLibFonts()->GetSize(), 0);
@@ -173,10 +173,10 @@ TEST_F(ImportDialog, AfterNoAnotherDirectoryCanBeChosen) {
     Fill(dialog);
     EXPECT_EQ(Run(dialog,
                   [&](ScriptedWindow& window) {
-                      window.Click(IDOK);
+                      window.Press(IDOK);
                       user.picked = directory / "";
-                      window.Click(IDC_BTN_VEK_DIR_PATH);
-                      window.Click(IDOK);
+                      window.Press(IDC_BTN_VEK_DIR_PATH);
+                      window.Press(IDOK);
                   }),
               IDOK);
     EXPECT_EQ(dialog.GetDefaultPartLibDir(), directory / "");
@@ -200,7 +200,7 @@ TEST_F(ImportDialog, AnEmptiedFieldKeepsItsLastTextForOk) {
                       EXPECT_EQ(dialog.GetVEKAsciiFilePath(), file);
                       window.Clear(IDC_EDIT_VEK_DIR_PATH);
                       EXPECT_EQ(dialog.GetDefaultPartLibDir(), library);
-                      window.Click(IDOK);
+                      window.Press(IDOK);
                   }),
               IDOK);
     EXPECT_EQ(MPN(dialog), "ABC/1");
@@ -221,10 +221,10 @@ TEST_F(ImportDialog, ThePickersFillTheFields) {
     Run(dialog, [&](ScriptedWindow& window) {
         window.Type(IDC_EDIT_VEK_ASCII_PATH, "typed");
         user.picked = file;
-        window.Click(IDC_BTN_VEK_ASCII_PATH);
+        window.Press(IDC_BTN_VEK_ASCII_PATH);
         EXPECT_EQ(window.GetText(IDC_EDIT_VEK_ASCII_PATH), file);
         user.picked = library;
-        window.Click(IDC_BTN_VEK_DIR_PATH);
+        window.Press(IDC_BTN_VEK_DIR_PATH);
         EXPECT_EQ(window.GetText(IDC_EDIT_VEK_DIR_PATH), library);
     });
     EXPECT_THAT(user.pickers,
@@ -236,8 +236,8 @@ TEST_F(ImportDialog, ThePickersFillTheFields) {
 TEST_F(ImportDialog, CancelInAPickerChangesNothing) {
     Fill(dialog);
     Run(dialog, [&](ScriptedWindow& window) {
-        window.Click(IDC_BTN_VEK_ASCII_PATH);
-        window.Click(IDC_BTN_VEK_DIR_PATH);
+        window.Press(IDC_BTN_VEK_ASCII_PATH);
+        window.Press(IDC_BTN_VEK_DIR_PATH);
         EXPECT_EQ(window.GetText(IDC_EDIT_VEK_ASCII_PATH), file);
         EXPECT_EQ(window.GetText(IDC_EDIT_VEK_DIR_PATH), library);
     });
@@ -249,7 +249,7 @@ TEST_F(ImportDialog, APickerReadsTheControlsFirst) {
     Fill(dialog);
     Run(dialog, [&](ScriptedWindow& window) {
         window.Clear(IDC_EDIT_VEK_ASCII_PATH);
-        window.Click(IDC_BTN_VEK_ASCII_PATH);
+        window.Press(IDC_BTN_VEK_ASCII_PATH);
         EXPECT_EQ(dialog.GetVEKAsciiFilePath(), "");
     });
 }
@@ -258,7 +258,7 @@ TEST_F(ImportDialog, TheDirectoryPickerReadsTheControlsFirst) {
     Fill(dialog);
     Run(dialog, [&](ScriptedWindow& window) {
         window.Clear(IDC_EDIT_VEK_DIR_PATH);
-        window.Click(IDC_BTN_VEK_DIR_PATH);
+        window.Press(IDC_BTN_VEK_DIR_PATH);
         EXPECT_EQ(dialog.GetDefaultPartLibDir(), "");
     });
     EXPECT_THAT(user.pickers, ElementsAre("directory|VEK Library Directory||owner"));
@@ -271,7 +271,7 @@ TEST_F(ImportDialog, TheXmlFormReadsTheControlsOnceMoreAtItsEnd) {
                   [&](ScriptedWindow& window) {
                       window.Clear(IDC_EDIT_VEK_DIR_PATH);
                       EXPECT_EQ(xml.GetDefaultPartLibDir(), library);
-                      window.Click(IDOK);
+                      window.Press(IDOK);
                   }),
               IDOK);
     EXPECT_EQ(xml.GetDefaultPartLibDir(), "");
@@ -290,8 +290,8 @@ TEST_F(ImportDialog, TheXmlFormOffersItsTypeAndReadsNothing) {
                   [&](ScriptedWindow& window) {
                       EXPECT_EQ(window.Caption(), "Import XML Part Data File");
                       EXPECT_EQ(window.GetText(IDC_STATIC_FILE_LABEL), "XML Part Data File");
-                      window.Click(IDC_BTN_VEK_ASCII_PATH);
-                      window.Click(IDOK);
+                      window.Press(IDC_BTN_VEK_ASCII_PATH);
+                      window.Press(IDOK);
                   }),
               IDOK);
     EXPECT_THAT(user.pickers, ElementsAre("file|VEKX File|vekx|" + std::string(file.View())));
@@ -305,8 +305,8 @@ TEST_F(ImportDialog, AnyOtherFileKindLooksLikeAsciiAndEndsLikeXml) {
     EXPECT_EQ(Run(other,
                   [&](ScriptedWindow& window) {
                       EXPECT_EQ(window.Caption(), "Import ASCII Part Data File");
-                      window.Click(IDC_BTN_VEK_ASCII_PATH);
-                      window.Click(IDOK);
+                      window.Press(IDC_BTN_VEK_ASCII_PATH);
+                      window.Press(IDOK);
                   }),
               IDOK);
     EXPECT_THAT(user.pickers, ElementsAre("file|VEKA File|veka|" + std::string(file.View())));
@@ -351,7 +351,7 @@ TEST_F(ImportDialog, TheParserCanBeTakenOut) {
 TEST_F(ImportDialog, AButtonThatItDoesNotHaveDoesNothing) {
     Fill(dialog);
     const INT_PTR result = Run(dialog, [](ScriptedWindow& window) {
-        window.Click(4711);
+        window.Press(4711);
         EXPECT_TRUE(window.IsOpen());
     });
     EXPECT_EQ(result, IDCANCEL);

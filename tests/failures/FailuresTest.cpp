@@ -229,7 +229,7 @@ TEST(OutOfMemory, TheDialogEndsAndRaises) {
     const size_t failures = FailEachAllocation(
         [&] {
             test::ScriptedUserInterface user;
-            user.script = [](test::ScriptedWindow& window) { window.Click(IDOK); };
+            user.script = test::PressOk;
             CVEK_AsciiFile_Import_Dlg dialog;
             dialog.SetVEKAsciiFilePath(path);
             dialog.SetDefaultPartLibDir(library);

@@ -37,8 +37,7 @@ public:
     CString PickDirectory(const CString&, const CString&, void*) override { return ""; }
     std::unique_ptr<veka::DialogWindow> MakeDialogWindow(const veka::DialogTemplate& dialog,
                                                          veka::DialogEvents& events, void*) override {
-        return std::make_unique<test::ScriptedWindow>(
-            dialog, events, [](test::ScriptedWindow& window) { window.Click(IDOK); });
+        return std::make_unique<test::ScriptedWindow>(dialog, events, test::PressOk);
     }
 };
 

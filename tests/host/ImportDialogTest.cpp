@@ -25,7 +25,7 @@ protected:
     /// Presses OK in the dialog, with a file and a library filled in.
     std::optional<host::DialogChoice> PressOk(const CString& path, const CString& libraryPath) {
         user.script = [this](test::ScriptedWindow& window) {
-            window.Click(IDOK);
+            window.Press(IDOK);
             stayedOpen = window.IsOpen();
         };
         return host::RunImportDialog(path, libraryPath);
@@ -59,7 +59,7 @@ TEST_F(ImportDialog, KnowsItsFileAndLibraryThoughTheFieldsWereEmptied) {
     user.script = [](test::ScriptedWindow& window) {
         window.Clear(IDC_EDIT_VEK_ASCII_PATH);
         window.Clear(IDC_EDIT_VEK_DIR_PATH);
-        window.Click(IDOK);
+        window.Press(IDOK);
     };
     const auto choice = host::RunImportDialog(file, library);
     ASSERT_TRUE(choice);
@@ -118,7 +118,7 @@ TEST_F(ImportDialog, APartThatIsThereIsReplacedOnlyIfTheUserWasAsked) {
 }
 
 TEST_F(ImportDialog, APartThatChangesWhileTheUserIsAskedIsRefused) {
-    user.script = [&](test::ScriptedWindow& window) { window.Click(IDOK); };
+    user.script = test::PressOk;
     user.beforeAnswer = [&] { directory.Write("part.veka", "(VEK (PARTGENERAL (MPN B)))"); };
     directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A)))");
     user.answers = {true};

@@ -12,8 +12,8 @@
 #include <deque>
 #include <functional>
 
-#include "host/Installed.h"
 #include "qt/QtUserInterface.h"
+#include "window/ScopedUserInterface.h"
 
 namespace test {
 
@@ -108,7 +108,7 @@ private:
 class QtTest : public testing::Test {
 protected:
     veka::QtUserInterface user;
-    host::Installed installed{user};
+    veka::ScopedUserInterface installed{user};
     QtScript script;
 };
 

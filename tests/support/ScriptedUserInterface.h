@@ -2,69 +2,47 @@
 
 #include <deque>
 #include <functional>
-#include <map>
+#include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "window/AfxMessageBox.h"
-#include "window/UserInterface.h"
+#include "window/MemoryDialogWindow.h"
+#include "window/ScopedUserInterface.h"
 
 namespace test {
 
 /// A dialog's window that a script operates as a user would.
-class ScriptedWindow : public veka::DialogWindow {
+class ScriptedWindow : public veka::MemoryDialogWindow {
 public:
     ScriptedWindow(const veka::DialogTemplate& dialog, veka::DialogEvents& events,
                    std::function<void(ScriptedWindow&)> script)
-        : m_events(events), m_script(std::move(script)), m_caption(dialog.caption) {
-        for (const veka::ControlTemplate& control : dialog.controls) m_texts[control.id] = control.caption;
-    }
+        : MemoryDialogWindow(dialog, events), m_script(std::move(script)) {}
 
-    int Run() override {
-        m_events.WindowReady();
-        if (m_open) m_script(*this);
-        if (m_open) m_events.ButtonClicked(IDCANCEL);
-        return m_result;
-    }
-    void End(int result) override {
-        m_open = false;
-        m_result = result;
-    }
-    CString GetText(int control) const override { return m_texts.at(control); }
-    void SetText(int control, const CString& text) override {
-        m_texts[control] = text;
-        m_events.EditChanged(control);
-    }
-    void SetCaption(const CString& caption) override { m_caption = caption; }
     void* Handle() const noexcept override { return const_cast<ScriptedWindow*>(this); }
 
-    /// Types into an edit field letter by letter, after the text that is there.
+    /// Types text at the end of an edit field, letter by letter.
     void Type(int control, std::string_view text) {
-        for (const char letter : text) SetText(control, m_texts[control] + CString(letter));
+        for (const char letter : text) SetText(control, GetText(control) + CString(letter));
     }
     void Clear(int control) { SetText(control, ""); }
-    /// Presses a button, unless the dialog has ended.
-    void Click(int control) {
-        if (m_open) m_events.ButtonClicked(control);
-    }
-    bool IsOpen() const { return m_open; }
-    const CString& Caption() const { return m_caption; }
 
 private:
-    veka::DialogEvents& m_events;
+    void Operate() override { m_script(*this); }
+
     std::function<void(ScriptedWindow&)> m_script;
-    CString m_caption;
-    std::map<int, CString> m_texts;
-    bool m_open = true;
-    int m_result = 0;
 };
+
+/// A script that presses OK.
+inline void PressOk(ScriptedWindow& window) {
+    window.Press(IDOK);
+}
 
 /// A user interface that a test operates; installed as long as it lives.
 class ScriptedUserInterface : public veka::UserInterface {
 public:
-    ScriptedUserInterface() : m_former(veka::InstallUserInterface(this)) {}
-    ~ScriptedUserInterface() override { veka::InstallUserInterface(m_former); }
-
     void ShowMessage(const CString& text) override { messages.emplace_back(text); }
     bool AskYesNo(const CString& text) override {
         questions.emplace_back(text);
@@ -97,7 +75,7 @@ public:
     std::vector<std::string> messages, questions, pickers;
 
 private:
-    veka::UserInterface* m_former;
+    const veka::ScopedUserInterface m_installed{*this};
 };
 
 }  // namespace test

@@ -8,9 +8,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "host/Installed.h"
 #include "win32/WideText.h"
 #include "win32/Win32UserInterface.h"
+#include "window/ScopedUserInterface.h"
 
 namespace test {
 
@@ -120,7 +120,7 @@ class Win32Test : public testing::Test {
 protected:
     Win32Script script;
     veka::Win32UserInterface windows;
-    host::Installed installed{windows};
+    veka::ScopedUserInterface installed{windows};
 };
 
 }  // namespace test

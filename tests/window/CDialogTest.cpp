@@ -60,7 +60,7 @@ TEST_F(DialogTest, CarriesItsFieldsIntoTheControlsAndBackOnOk) {
         EXPECT_EQ(window.Caption(), "caption");
         EXPECT_NE(dialog.GetSafeHwnd(), nullptr);
         window.SetText(kEdit, "after");
-        window.Click(IDOK);
+        window.Press(IDOK);
         EXPECT_FALSE(window.IsOpen());
     };
     EXPECT_EQ(dialog.DoModal(), IDOK);
@@ -71,7 +71,7 @@ TEST_F(DialogTest, CarriesItsFieldsIntoTheControlsAndBackOnOk) {
 TEST_F(DialogTest, CancelEndsItWithoutReadingTheControls) {
     user.script = [&](test::ScriptedWindow& window) {
         window.SetText(kEdit, "after");
-        window.Click(IDCANCEL);
+        window.Press(IDCANCEL);
     };
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     EXPECT_EQ(dialog.text, "");
@@ -91,7 +91,7 @@ TEST_F(DialogTest, TellsChangesOfTheUserAloneAndNotThoseOfItsExchange) {
 
 TEST_F(DialogTest, OtherButtonsDoNotEndIt) {
     user.script = [&](test::ScriptedWindow& window) {
-        window.Click(kButton);
+        window.Press(kButton);
         EXPECT_TRUE(window.IsOpen());
     };
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
@@ -101,12 +101,12 @@ TEST_F(DialogTest, OtherButtonsDoNotEndIt) {
 TEST_F(DialogTest, AnExceptionOfAHandlerEndsItAndReachesTheCaller) {
     dialog.fail = true;
     user.script = [&](test::ScriptedWindow& window) {
-        window.Click(kButton);
+        window.Press(kButton);
         EXPECT_FALSE(window.IsOpen());
     };
     EXPECT_THROW(dialog.DoModal(), std::runtime_error);
     dialog.fail = false;
-    user.script = [](test::ScriptedWindow& window) { window.Click(IDOK); };
+    user.script = test::PressOk;
     EXPECT_EQ(dialog.DoModal(), IDOK) << "and it can be run again";
 }
 
@@ -139,8 +139,8 @@ TEST_F(DialogTest, CannotBeShownWithoutATemplateOrAUserInterface) {
 TEST_F(DialogTest, APlainDialogEndsOnOk) {
     user.script = [](test::ScriptedWindow& window) {
         window.Type(kEdit, "x");
-        window.Click(kButton);
-        window.Click(IDOK);
+        window.Press(kButton);
+        window.Press(IDOK);
     };
     CWnd parent;
     EXPECT_EQ(CDialog(4242, &parent).DoModal(), IDOK);
@@ -149,7 +149,7 @@ TEST_F(DialogTest, APlainDialogEndsOnOk) {
 TEST_F(DialogTest, AfterAnExceptionItsWindowIsNotListenedToAnyMore) {
     dialog.fail = true;
     user.script = [&](test::ScriptedWindow& window) {
-        window.Click(kButton);
+        window.Press(kButton);
         window.SetText(kEdit, "typed");
         EXPECT_THAT(dialog.changed, testing::IsEmpty());
     };

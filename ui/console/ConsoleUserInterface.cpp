@@ -1,13 +1,13 @@
 #include "console/ConsoleUserInterface.h"
 
 #include <istream>
-#include <map>
 #include <optional>
 #include <ostream>
 #include <string>
 
 #include "platform/Printable.h"
 #include "window/AfxMessageBox.h"
+#include "window/MemoryDialogWindow.h"
 
 namespace veka {
 
@@ -33,41 +33,17 @@ std::optional<std::string> Ask(std::istream& in, std::ostream& out, std::string_
 }
 
 /// A dialog as a form: it asks for each edit field and then presses OK, until the dialog ends.
-class ConsoleDialogWindow : public DialogWindow {
+class ConsoleDialogWindow : public MemoryDialogWindow {
 public:
     ConsoleDialogWindow(const DialogTemplate& dialog, DialogEvents& events, std::istream& in,
                         std::ostream& out)
-        : m_dialog(dialog), m_events(events), m_in(in), m_out(out), m_caption(dialog.caption) {
-        for (const ControlTemplate& control : dialog.controls) m_texts[control.id] = control.caption;
-    }
-
-    int Run() override {
-        m_open = true;
-        m_events.WindowReady();
-        if (m_open) m_out << Printable(m_caption.View()) << '\n';
-        while (m_open) {
-            const bool filled = FillIn();
-            if (m_open) m_events.ButtonClicked(filled ? IDOK : IDCANCEL);
-        }
-        return m_result;
-    }
-    void End(int result) override {
-        m_open = false;
-        m_result = result;
-    }
-    CString GetText(int control) const override {
-        const auto found = m_texts.find(control);
-        return found == m_texts.end() ? CString() : found->second;
-    }
-    void SetText(int control, const CString& text) override {
-        const auto found = m_texts.find(control);
-        if (found == m_texts.end() || found->second == text) return;
-        found->second = text;
-        m_events.EditChanged(control);
-    }
-    void SetCaption(const CString& caption) override { m_caption = caption; }
+        : MemoryDialogWindow(dialog, events), m_dialog(dialog), m_in(in), m_out(out) {}
 
 private:
+    void Operate() override {
+        m_out << Printable(Caption().View()) << '\n';
+        while (IsOpen()) Press(FillIn() ? IDOK : IDCANCEL);
+    }
     /// False at the end of the input.
     bool FillIn() {
         CString label;
@@ -83,13 +59,8 @@ private:
     }
 
     const DialogTemplate& m_dialog;
-    DialogEvents& m_events;
     std::istream& m_in;
     std::ostream& m_out;
-    CString m_caption;
-    std::map<int, CString> m_texts;
-    bool m_open = false;
-    int m_result = IDCANCEL;
 };
 
 }  // namespace

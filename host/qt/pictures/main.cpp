@@ -5,10 +5,10 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
-#include "host/Installed.h"
 #include "host/qt/MainWindow.h"
 #include "qt/QtUserInterface.h"
 #include "window/AfxMessageBox.h"
+#include "window/ScopedUserInterface.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
     veka::QtUserInterface user;
     const QString folder = QDir(argv[2]).absolutePath(),
                   example = QDir(argv[1]).absoluteFilePath("op-amp.veka");
-    const host::Installed installed(user);
+    const veka::ScopedUserInterface installed(user);
     const QTemporaryDir scratch;
     QDir::setCurrent(scratch.path());
     QDir().mkdir("library");
