@@ -12,7 +12,7 @@ namespace {
 constexpr size_t kBlock = size_t{64} * 1024;
 
 std::FILE* OpenForReading(const CString& path) {
-    // The system would take the bytes before a zero byte for the whole path.
+    // The system would use only the bytes before the zero byte.
     if (path.View().find('\0') != std::string_view::npos) return nullptr;
     const std::filesystem::path native = veka::ToPath(path);
     if (veka::IsDirectory(native)) return nullptr;

@@ -27,10 +27,10 @@ public:
     ///
     /// Returns 0 if each level was closed, and -1 if levels were unbalanced or too deep; the levels that were
     /// closed until then are in the tree. If a level was too deep, a message box is shown. A file that cannot
-    /// be opened gives 0 and no levels. The low byte of the argument is taken for the byte before the first
-    /// line. Raises `CFileException` if the file cannot be read to its end.
+    /// be opened gives 0 and no levels. The low byte of the argument counts as the byte before the first
+    /// line (Q28). Raises `CFileException` if the file cannot be read to its end.
     int ReadLevelTree(int nReserved);
-    /// As `ReadLevelTree`, from any text.
+    /// As `ReadLevelTree`, but reads any text.
     int ReadLevelTreeFrom(veka::LineSource& source, int nReserved);
     /// As `ReadLevelTree`, but passes each top-level level to `take` when the level is closed, and does not
     /// keep it: the level ends when `take` returns, and must not be changed. So a file of many parts needs
@@ -40,7 +40,7 @@ public:
     int m_bStopAtDepthZero = 0;  ///< not 0: stop after a line, not the first, that ends outside all levels
     Owned<CECadClsLvlArray> m_pRootLevels;  ///< closed top-level levels in file order
     CString m_strFilePath;
-    int m_nLineCount = 0;  ///< lines taken from the file so far
+    int m_nLineCount = 0;  ///< lines read from the file so far
     CArrayN m_aReserved32;
     CArray<std::uint64_t> m_aReserved64;
 

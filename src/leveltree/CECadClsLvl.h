@@ -6,6 +6,7 @@
 #include <span>
 
 #include "leveltree/Pages.h"
+#include "platform/Assert.h"
 #include "platform/CExPtrArray.h"
 #include "platform/CString.h"
 #include "platform/CStringArray.h"
@@ -73,6 +74,7 @@ public:
     /// of its pages.
     static CECadClsLvl* Make(veka::Pages& pages, int depth, std::span<CString> strings,
                              std::span<CECadClsLvl* const> children) {
+        VEKA_ASSERT(!strings.empty());
         CECadClsLvl** levels = nullptr;
         if (!children.empty()) {
             levels = pages.Allocate<CECadClsLvl*>(children.size());
@@ -83,7 +85,7 @@ public:
         auto* copies = reinterpret_cast<CString*>(memory + namePlace);
         auto* level = new (memory)
             CECadClsLvl(pages, depth, {copies + 1, strings.size() - 1}, {levels, children.size()});
-        // Four strings at once, if need be with what stands behind them: most levels have fewer, and to ask
+        // Four strings at once, even if there are fewer: most levels have at most four, and to count them
         // would cost more.
         constexpr std::size_t atOnce = kReadable + 1;
         std::size_t i = 0;

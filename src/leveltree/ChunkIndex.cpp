@@ -9,6 +9,7 @@
 
 #include "leveltree/Prefetch.h"
 #include "leveltree/SuffixSorter.h"
+#include "platform/Assert.h"
 #include "platform/Watch.h"
 
 namespace veka {
@@ -43,6 +44,7 @@ public:
     }
 
     std::size_t AfterFirstRun(std::size_t quote, std::size_t length) override {
+        VEKA_ASSERT(length >= 2 && length <= quote + 1);
         if (m_quotes[m_last] > quote) m_last = 0;
         m_last = Find(quote, m_last);
         const std::size_t first = FirstWithSuffix(m_last, length);

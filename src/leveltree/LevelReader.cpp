@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "platform/Assert.h"
+
 namespace veka {
 
 namespace {
@@ -34,12 +36,14 @@ std::string_view WithoutLineEnd(const char* begin, const char* feed) {
 }  // namespace
 
 LevelsRead LevelReader::Read(LineSource& source) {
+    VEKA_ASSERT(m_lineCount == 0);
     ReadLevels(source);
     return Summary();
 }
 
 void LevelReader::ReadLevels(LineSource& source) {
     for (std::string_view lines; source.ReadLines(lines);) {
+        VEKA_ASSERT(lines.empty() || lines.back() == '\n');
         const char* text = lines.data();
         m_block = text;
         m_end = text + lines.size();
@@ -103,7 +107,7 @@ void LevelReader::Tick(const char* text) {
 /// block and returns that. Null if reading is to stop.
 template <bool kWatched>
 const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialBytes) {
-    // Copies: the compiler keeps them in registers.
+    // Copies of members: the compiler keeps them in registers.
     SpecialBytes specials = specialBytes;
     CString* top = m_strings.Top();
     OpenLevel* current = m_current;
@@ -170,8 +174,8 @@ const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialByte
         } else if (c == '\n') {
             const char* feed = end;
             if (feed != m_lineBegin && feed[-1] == '\r') --end;
-            // A token ends with its line, but for a comment in the next line. Nobody sees the difference if
-            // the token is committed before the comment.
+            // If the next line is a comment, the token goes on over the comment. It is committed here all the
+            // same: no caller can see a difference.
             commit(end);
             if (!EndLine(end)) {
                 text = nullptr;
@@ -231,7 +235,7 @@ const char* LevelReader::ReadInside(const char* begin) {
     }
 }
 
-/// The next line feed. Each line of a block has one.
+/// The next line feed. Each line of a block ends with one.
 const char* LevelReader::LineEnd(const char* text) const {
     return static_cast<const char*>(std::memchr(text, '\n', static_cast<std::size_t>(m_end - text)));
 }
@@ -239,13 +243,13 @@ const char* LevelReader::LineEnd(const char* text) const {
 /// True if the quote may be escaped: the byte before the quote is a backslash that is not the second byte of
 /// a double-byte character.
 bool LevelReader::IsSuspect(std::string_view line, std::size_t quote) const {
-    // The byte before the first byte of a line is a byte of an earlier line. This is required.
+    // Q28: the byte before the first byte of a line is a byte of an earlier line.
     if (quote == 0) return m_previousByte == '\\';
     return line[quote - 1] == '\\' && !FollowsTrailByte(line, quote);
 }
 
-/// Ends a string at a quote that is not escaped. An empty string becomes one blank. A string whose closing
-/// quote is the first byte of a line gets one blank more.
+/// Ends a string at a quote that is not escaped. Q30: an empty string becomes one blank. Q31: a string whose
+/// closing quote is the first byte of a line gets one blank more.
 void LevelReader::CloseString(std::string_view lastBytes, bool opensLine) {
     m_inString = false;
     if (m_earlierLines.empty()) {
@@ -269,7 +273,7 @@ CString LevelReader::Keep(std::string_view text) {
     return CString::Borrow({copy, text.size()});
 }
 
-/// Adds a string, which is not empty, to the current level. One blank means the empty string, unless the
+/// Adds a string, which is not empty, to the current level. Q30: one blank means the empty string, unless the
 /// string is the name of the level.
 void LevelReader::CommitString(std::string_view text) {
     if (m_current == m_open.data()) return;

@@ -21,7 +21,7 @@ namespace veka {
 
 /// Reads the lines of one text into levels, byte by byte by the rules of the format.
 ///
-/// The rules look accidental in places. All of them are required.
+/// Some rules look accidental (Q28 to Q31). Files depend on them.
 class LevelReader {
 public:
     struct Options {
@@ -42,7 +42,7 @@ public:
           m_watched(options.watched),
           m_previousByte(options.previousByte) {}
 
-    /// Reads the whole text. To be called once.
+    /// Reads the whole text. Must be called only once.
     LevelsRead Read(LineSource& source);
     /// Number of lines that have been read so far, also after an exception.
     int LineCount() const noexcept { return m_lineCount; }
@@ -89,10 +89,11 @@ private:
     std::size_t m_bytesInBlock = 0;
     std::size_t m_nextTick = 0;     // in the block
     const char* m_block = nullptr;  // of lines
-    unsigned m_depth = 0;           // signed in meaning; unsigned, so that it may wrap around
-    std::array<OpenLevel, kMaximumDepth + 1> m_open;  // the first element is the place outside all levels
+    unsigned m_depth = 0;  // less than 0 after a stray parenthesis; unsigned, so that it can wrap around
+    std::array<OpenLevel, kMaximumDepth + 1>
+        m_open;  // the first element stands for the place outside all levels
     OpenLevel* m_current = m_open.data();
-    Stack<CString> m_strings;  // of each open level its name, then its values; none of them owns memory
+    Stack<CString> m_strings;  // for each open level its name and its values; no string owns memory
     Stack<CECadClsLvl*> m_children;
     std::size_t m_made = 0;  // levels since the last top-level one
     int m_strayLine = 0;     // of the first stray close parenthesis

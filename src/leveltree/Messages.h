@@ -2,7 +2,8 @@
 
 namespace veka::messages {
 
-/// A level too deep, or one opened after a stray close parenthesis: the depth and the line number.
+/// For a level that is too deep, or that opens after a stray close parenthesis. With the depth and the line
+/// number.
 inline constexpr const char* kUnexpectedBrace =
     "Parser meet unexpected Brace Counting Number, %d at line number %d.!";
 

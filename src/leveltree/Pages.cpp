@@ -13,19 +13,19 @@ namespace veka {
 
 namespace {
 
-// Pages of the first size come from the allocator's own store: larger ones would be fetched from the system
-// for each small file. The more is taken, the larger they get.
+// The allocator keeps memory for pages of the first size. It would fetch larger pages from the system for
+// each small file. The later a page is allocated, the larger it is.
 constexpr std::size_t kPage = std::size_t{64} * 1024;
 constexpr std::size_t kLargestPage = std::size_t{1024} * 1024;
 
-/// Has the system fetch fresh memory at once, which costs a quarter less than a page fault for each 4 KB.
+/// Asks the system for new memory at once. That costs a quarter less than a page fault for each 4 KB.
 void Fetch([[maybe_unused]] std::byte* memory, [[maybe_unused]] std::size_t size) {
 #ifdef MADV_POPULATE_WRITE
     static const auto systemPage = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
     const std::size_t ahead = -reinterpret_cast<std::uintptr_t>(memory) & (systemPage - 1);
     memory += ahead;
     size = (size - ahead) & ~(systemPage - 1);
-    // Memory that has been in use is there. To ask for all of it would cost a fifth of the reading.
+    // Memory that was in use before is there already. To ask for all of it would cost a fifth of the reading.
     unsigned char there = 0;
     if (mincore(memory + size - systemPage, systemPage, &there) == 0 && (there & 1) == 0)
         (void)madvise(memory, size, MADV_POPULATE_WRITE);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/Assert.h"
 #include "platform/Export.h"
 
 namespace veka {
@@ -22,6 +23,7 @@ public:
     void AddUsers(std::size_t count) noexcept { m_users.fetch_add(count, std::memory_order_relaxed); }
     /// Ends users, in any thread. Without users the pages delete themselves.
     void EndUsers(std::size_t count) noexcept {
+        VEKA_ASSERT(count > 0 && count <= m_users);
         if (m_users.fetch_sub(count, std::memory_order_acq_rel) == count) delete this;
     }
     /// The deleter of a pointer that is a user.
@@ -29,10 +31,10 @@ public:
         void operator()(Pages* pages) const noexcept { pages->EndUsers(1); }
     };
 
-    /// Bytes after the last piece that can be written too, until the next piece is allocated.
+    /// Number of bytes after the last piece that can be written, until the next piece is allocated.
     static constexpr std::size_t kWritable = 64;
 
-    /// Memory for an object of any type, uninitialised. It lives until `Reset`, or as long as the pages.
+    /// Uninitialised memory for an object of any type. It is valid until `Reset`, or as long as the pages.
     void* Allocate(std::size_t size) {
         size = (size + kAlignment - 1) & ~(kAlignment - 1);
         if (size > static_cast<std::size_t>(m_end - m_free)) NextPage(size);
@@ -58,7 +60,7 @@ private:
         std::size_t size;
     };
     std::vector<Page> m_pages;
-    std::size_t m_used = 0;       // pages in use; behind them stand those that are kept
+    std::size_t m_used = 0;       // pages in use; the pages after them are kept for later
     std::byte* m_free = nullptr;  // in the last page in use
     std::byte* m_end = nullptr;
     std::atomic<std::size_t> m_users{1};

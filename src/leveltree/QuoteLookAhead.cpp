@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "platform/Assert.h"
 #include "platform/Watch.h"
 
 namespace veka {
@@ -21,11 +22,14 @@ void QuoteLookAhead::StartLine(std::string_view line, std::size_t limit) {
 }
 
 void QuoteLookAhead::StartString(std::size_t begin) {
+    VEKA_ASSERT(begin <= m_line.size());
     m_string = begin;
     m_position = m_matched = 0;
 }
 
 bool QuoteLookAhead::EndsAt(std::size_t quote) {
+    VEKA_ASSERT(quote >= m_string && quote < m_line.size() && m_line[quote] == '"');
+    VEKA_ASSERT(quote == 0 || m_line[quote - 1] == '\\');
     const std::size_t after = AfterFirstRun(quote);
     return after < m_line.size() && m_line[after] == ')';
 }

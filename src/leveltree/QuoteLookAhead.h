@@ -12,8 +12,8 @@ namespace veka {
 ///
 /// The rule, for a chunk made of the string's bytes on this line up to and including the quote: delete
 /// everything before the chunk's first occurrence in the line, then remove every occurrence of the chunk.
-/// The string ends if what is left begins with a close parenthesis. The first occurrence can be to the left
-/// of the string, so the test does not always look at the bytes after the quote.
+/// The string ends if what is left begins with a close parenthesis. Q29: the first occurrence can be
+/// to the left of the string, so the test does not always look at the bytes after the quote.
 ///
 /// The rule costs the square of the line's length if each quote is tested from scratch. Here the search for
 /// the chunk of a string continues where the search for the string's last chunk ended. After too many steps

@@ -8,20 +8,21 @@
 #include <emmintrin.h>
 #endif
 
-/// Runs over plain bytes, sixteen at a time where the processor can: a byte may cost no branch of its own.
+/// Finds the bytes that have a meaning. It looks at 16 bytes at once where the processor can do that, because
+/// a branch for each byte would cost too much.
 namespace veka {
 
-/// Finds the bytes up to the right parenthesis, one after another: all that mean something outside a string,
-/// line feeds, blanks, double quotes and parentheses, and few others. It looks at a block of bytes at once,
-/// and remembers what it saw.
+/// Finds the bytes with codes up to that of the right parenthesis, one after another. These are all bytes
+/// with a meaning outside a string (line feed, blank, double quote, parentheses) and a few others. One look
+/// takes a whole block of bytes.
 class SpecialBytes {
 public:
-    /// Bytes that must be readable from any text on.
+    /// Number of bytes that must be readable from the beginning of any text on.
     static constexpr std::size_t kBlock = 64;
 
     explicit SpecialBytes(const char* text) noexcept : m_block(text), m_rest(Look(text)) {}
 
-    /// Goes on to a text, which lies behind what was found before or in another run of bytes.
+    /// Goes on to a text. It is after the last byte that was found, or in another block of memory.
     void Seek(const char* text) noexcept {
         const std::uintptr_t offset =
             reinterpret_cast<std::uintptr_t>(text) - reinterpret_cast<std::uintptr_t>(m_block);
@@ -32,7 +33,7 @@ public:
             m_rest = Look(text);
         }
     }
-    /// The first such byte from there on, and goes on behind it; there must be one.
+    /// Finds the next such byte and goes on after it. There must be one.
     const char* Next() noexcept {
         while (m_rest == 0) {
             m_block += kBlock;
@@ -64,11 +65,11 @@ private:
     }
 
     const char* m_block;
-    std::uint64_t m_rest;  // of the block's special bytes: those that have not been found yet
+    std::uint64_t m_rest;  // the special bytes of the block that have not been found yet
 };
 
-/// The first byte from `text` on that is no white space, a line feed being none. There must be one, with 16
-/// readable bytes behind it.
+/// The first byte from `text` on that is not white space. A line feed does not count as white space. There
+/// must be such a byte, and 16 bytes after it must be readable.
 inline const char* SkipWhiteSpace(const char* text) noexcept {
     if (static_cast<unsigned char>(*text) > ' ') return text;
 #ifdef __SSE2__

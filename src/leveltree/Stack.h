@@ -6,32 +6,46 @@
 #include <span>
 #include <utility>
 
+#include "platform/Assert.h"
+
 #include "platform/Watch.h"
 
 namespace veka {
 
-/// A stack of elements that are moved as bytes, and whose destructors have nothing to do.
+/// A stack of elements that are moved as bytes, and that are never destroyed.
 template <class T>
 class Stack {
 public:
-    /// Elements behind the top that can be read, whatever stands there.
+    /// Number of elements after the top that can be read. Their values do not matter.
     static constexpr std::size_t kReadable = 3;
-    /// A place on the stack, in bytes above its bottom: unlike a pointer it stays when the stack grows.
+    /// A place on the stack, in bytes above its bottom. Unlike a pointer it stays valid when the stack grows.
     enum class Height : std::size_t {};
 
     Stack() { m_top = Grow(nullptr); }
 
-    /// The place above the last element, where the next one is constructed; there is always room.
+    /// The place after the last element, where the next element is constructed. There is always room for it.
     T* Top() const noexcept { return m_top; }
-    void SetTop(T* top) noexcept { m_top = top; }
+    void SetTop(T* top) noexcept {
+        VEKA_ASSERT(top >= m_begin && top < m_end);
+        m_top = top;
+    }
     /// Takes the element that was constructed there.
     void Push() { m_top = Pushed(m_top); }
-    /// As `Push`, for a caller that keeps the top itself; returns the new one.
-    T* Pushed(T* top) { return ++top == m_end ? Grow(top) : top; }
+    /// As `Push`, for a caller that keeps the top in a variable of its own. Returns the new top.
+    T* Pushed(T* top) {
+        VEKA_ASSERT(top >= m_begin && top < m_end);
+        return ++top == m_end ? Grow(top) : top;
+    }
     /// The last elements; `count` of them must be there.
-    std::span<T> Last(std::size_t count) const noexcept { return {m_top - count, count}; }
-    /// Takes the last elements off.
-    void Pop(std::size_t count) noexcept { m_top -= count; }
+    std::span<T> Last(std::size_t count) const noexcept {
+        VEKA_ASSERT(count <= Size());
+        return {m_top - count, count};
+    }
+    /// Takes the last elements off; `count` of them must be there.
+    void Pop(std::size_t count) noexcept {
+        VEKA_ASSERT(count <= Size());
+        m_top -= count;
+    }
 
     /// The height of a place, and the place of a height.
     Height HeightOf(T* place) const noexcept { return Height(Bytes(place) - Bytes(m_begin)); }
@@ -40,6 +54,7 @@ public:
     }
 
 private:
+    std::size_t Size() const noexcept { return static_cast<std::size_t>(m_top - m_begin); }
     T* Grow(T* top) {
         const auto size = static_cast<std::size_t>(top - m_begin);
         const std::size_t capacity = size > 0 ? 2 * size : 64;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "leveltree/Prefetch.h"
+#include "platform/Assert.h"
 #include "platform/Watch.h"
 
 namespace veka {
@@ -21,6 +22,7 @@ public:
     /// Writes the start of each suffix to `sorted`, in the order of the suffixes. The last number of the text
     /// is 0 and the only 0. All numbers are below `letters`.
     static void Sort(const Number* text, Number* sorted, std::size_t size, std::size_t letters) {
+        VEKA_ASSERT(size > 0 && text[size - 1] == 0 && letters > 0);
         if (size == 1) {
             sorted[0] = 0;
             return;

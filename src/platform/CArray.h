@@ -11,6 +11,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "platform/Assert.h"
 #include "platform/CObject.h"
 #include "platform/CStringArray.h"
 #include "platform/Exceptions.h"
@@ -52,7 +53,7 @@ public:
         }
         m_nSize = static_cast<std::int32_t>(size);
     }
-    /// Gives storage that is not in use back.
+    /// Frees storage that is not in use.
     void FreeExtra() {
         if (m_nSize == 0)
             SetSize(0);
@@ -61,20 +62,21 @@ public:
     }
     void RemoveAll() { SetSize(0); }
 
-    /// Element by index; an index outside the array raises `CInvalidArgException`.
+    /// The element at an index. An index outside the array raises `CInvalidArgException`.
     const TYPE& GetAt(INT_PTR index) const { return m_pData[Checked(index)]; }
     TYPE& ElementAt(INT_PTR index) { return m_pData[Checked(index)]; }
     void SetAt(INT_PTR index, ARG_TYPE element) { m_pData[Checked(index)] = element; }
     const TYPE& operator[](INT_PTR index) const { return m_pData[Checked(index)]; }
     TYPE& operator[](INT_PTR index) { return m_pData[Checked(index)]; }
-    /// All elements in a row; null while there is no storage.
+    /// The elements, one after another in memory. Null as long as there is no storage.
     const TYPE* GetData() const noexcept { return m_pData; }
     TYPE* GetData() noexcept { return m_pData; }
 
-    /// Stores at any index from 0 on; the array grows by zero elements up to there.
+    /// Stores an element at an index, which may be after the end. Then the array grows, and the new elements
+    /// before the index are zero.
     void SetAtGrow(INT_PTR index, ARG_TYPE element) {
         if (index < 0) AfxThrowInvalidArgException();
-        const TYPE kept = element;  // the argument may lie in the block that is about to move
+        const TYPE kept = element;  // the argument may be an element, and the elements may move
         if (index >= m_nSize) SetSize(Sum(index, 1));
         m_pData[index] = kept;
     }
@@ -83,7 +85,8 @@ public:
         SetAtGrow(m_nSize, element);
         return m_nSize - 1;
     }
-    /// Puts `count` copies of an element before an index; behind the end the gap is filled with zeros.
+    /// Inserts `count` copies of an element before an index. If the index is after the end, the elements
+    /// between are zero.
     void InsertAt(INT_PTR index, ARG_TYPE element, INT_PTR count = 1) {
         if (index < 0 || count < 1) AfxThrowInvalidArgException();
         const TYPE kept = element;
@@ -92,7 +95,8 @@ public:
         if (index < old) std::copy_backward(m_pData + index, m_pData + old, m_pData + old + count);
         std::fill(m_pData + index, m_pData + index + count, kept);
     }
-    /// Closes the gap over `count` elements; a range outside the array raises `CInvalidArgException`.
+    /// Takes `count` elements out and closes the gap. A range outside the array raises
+    /// `CInvalidArgException`.
     void RemoveAt(INT_PTR index, INT_PTR count = 1) {
         if (index < 0 || count < 0 || index > m_nSize || count > m_nSize - index)
             AfxThrowInvalidArgException();
@@ -127,13 +131,17 @@ protected:
     }
     /// Gives elements to an array that is empty, in memory that the array does not free.
     void Borrow(TYPE* elements, std::int32_t count) noexcept {
+        VEKA_ASSERT(!m_pData && m_nSize == 0 && count >= 0 && (elements || count == 0));
         m_pData = elements;
         m_nSize = count;
     }
     /// True if the array has memory that the destructor frees.
     bool OwnsMemory() const noexcept { return m_nMaxSize > 0; }
     /// Shortens the array to the elements before one of its places.
-    void CutAt(const TYPE* end) noexcept { m_nSize = static_cast<std::int32_t>(end - m_pData); }
+    void CutAt(const TYPE* end) noexcept {
+        VEKA_ASSERT(end >= m_pData && end <= m_pData + m_nSize);
+        m_nSize = static_cast<std::int32_t>(end - m_pData);
+    }
 
     // Sizes of 32 bits: a record has many arrays, and most of them are empty.
     TYPE* m_pData = nullptr;
@@ -154,8 +162,9 @@ private:
         if (index < 0 || index >= m_nSize) AfxThrowInvalidArgException();
         return index;
     }
-    /// Elements that a block has room for, from its capacity. It is larger than the capacity says: each of
-    /// the small steps may be a copy of all elements, and would not stay linear.
+    /// The number of elements that a block of a capacity has room for: a power of two. Each step of the
+    /// capacity may copy all elements, and the steps are small. With blocks of their size the cost would not
+    /// be linear.
     static INT_PTR Room(INT_PTR capacity) {
         return static_cast<INT_PTR>(std::bit_ceil(static_cast<size_t>(capacity)));
     }

@@ -6,7 +6,7 @@
 
 #include "platform/CArray.h"
 
-/// Owning array of pointers: what stands in it when it dies is deleted, nulls excepted.
+/// Owning array of pointers: its destructor deletes the elements that are not null.
 /// Elements are compared as pointers, never by content.
 template <class TYPE, class ARG_TYPE>
 class CExPtrArray : public CArray<TYPE, ARG_TYPE> {
@@ -19,14 +19,14 @@ public:
     ~CExPtrArray() override { DeleteAll(); }
 
     bool IsValidIndex(INT_PTR index) const noexcept { return index >= 0 && index < this->m_nSize; }
-    /// The element, or null outside the array. Elements of a constant array are constant here and in loops;
-    /// the operators of `CArray` give the pointers as they are, and raise `CInvalidArgException` outside the
+    /// The element, or null outside the array. Elements of a constant array are constant here and in loops.
+    /// The operators of `CArray` give the pointers as they are. They raise `CInvalidArgException` outside the
     /// array.
     TYPE GetAt(INT_PTR index) noexcept { return IsValidIndex(index) ? this->m_pData[index] : nullptr; }
     const Element* GetAt(INT_PTR index) const noexcept {
         return IsValidIndex(index) ? this->m_pData[index] : nullptr;
     }
-    /// Stores at a valid index, without deleting the old element; does nothing at any other.
+    /// Stores an element at a valid index. The old element is not deleted. Does nothing at any other index.
     void SetAt(INT_PTR index, ARG_TYPE element) noexcept {
         if (IsValidIndex(index)) this->m_pData[index] = element;
     }
@@ -46,7 +46,7 @@ public:
         return found == end() ? -1 : found - begin();
     }
 
-    /// Appends an element and takes it over, also where the appending fails.
+    /// Appends an element. The array owns it from then on. If there is no memory, the element is deleted.
     INT_PTR Add(std::unique_ptr<Element> element) {
         const INT_PTR index = Base::Add(element.get());
         (void)element.release();

@@ -18,9 +18,9 @@ public:
     virtual ~CObject();
     /// Writes and reads nothing: no class of this system is stored by the toolkit.
     virtual void Serialize(CArchive& archive);
-    /// Raises `CInvalidArgException` if the object is not consistent in itself.
+    /// Raises `CInvalidArgException` if the fields of the object contradict each other.
     virtual void AssertValid() const;
-    /// Writes one line about the object for a person who debugs.
+    /// Writes one line about the object, for debugging.
     virtual void Dump(std::ostream& out) const;
 
     CObject(const CObject&) = delete;

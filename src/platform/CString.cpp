@@ -109,7 +109,7 @@ int CString::FindOneOf(const char* bytes) const noexcept {
 CString& CString::operator+=(std::string_view bytes) {
     const size_t old = View().size(), length = old + bytes.size();
     if (length > Capacity()) {
-        // The bytes may be this string's own, so the old text is freed last.
+        // The bytes can be a part of this string. So the old text is freed last.
         CString longer;
         char* text = longer.MakeOutside(length, std::max(length, 2 * old));
         std::memcpy(text, View().data(), old);

@@ -9,10 +9,11 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/Assert.h"
 #include "platform/Export.h"
 
-/// Marks what is valid only as long as the object that gave it. Clang then warns where the object is a
-/// temporary one and the result is kept.
+/// Marks a result that is valid only as long as the object of the call. Clang then warns where the object is
+/// temporary and the result is kept.
 #if defined(__has_cpp_attribute)
 #if __has_cpp_attribute(clang::lifetimebound)
 #define VEKA_LIFETIMEBOUND [[clang::lifetimebound]]
@@ -22,14 +23,14 @@
 #define VEKA_LIFETIMEBOUND
 #endif
 
-/// Byte string without an encoding; any byte may stand in it, a zero byte too.
+/// Byte string without an encoding. It can contain any byte, a zero byte too.
 ///
 /// Positions and counts are ints, as in the toolkit. A position or count outside the string is clamped
 /// to it; only `GetAt` and `SetAt` raise `CInvalidArgException`. A text of more than 2^31 - 1 bytes raises
 /// `std::length_error`.
 ///
-/// It takes 16 bytes: records hold many, most of them short or empty. Up to 14 bytes of text stand in the
-/// object itself; the last byte tells where a text is.
+/// A string takes 16 bytes, because records have many strings, and most are short or empty. Up to 14 bytes of
+/// text are in the object itself. The last byte says where the text is.
 class VEKA_API CString {
 public:
     CString() noexcept = default;
@@ -66,12 +67,17 @@ public:
         return *this;
     }
 
-    /// A string of a text that lives elsewhere, as long as the string, with a zero byte behind it.
-    /// A short text is copied.
-    static CString Borrow(std::string_view text) noexcept { return CString(text, Borrowed()); }
-    /// A string of a text of up to `kMaximumInside` bytes, where 16 bytes can be read whatever its length:
-    /// the quick way for a reader.
+    /// A string whose text stays where it is. The text must live as long as the string, and a zero byte must
+    /// follow it. A short text is copied.
+    static CString Borrow(std::string_view text) noexcept {
+        VEKA_ASSERT(text.empty() || text.data()[text.size()] == '\0');
+        VEKA_ASSERT(text.size() <= INT32_MAX);
+        return CString(text, Borrowed());
+    }
+    /// A copy of a text of up to `kMaximumInside` bytes, for a fast reader. 16 bytes must be readable from
+    /// `text` on, whatever the length.
     static CString Inside(const char* text, size_t length) noexcept {
+        VEKA_ASSERT(length <= kMaximumInside);
         std::uint64_t bytes[2];
         std::memcpy(bytes, text, sizeof bytes);
         bytes[0] &= kMasks[length][0];
@@ -95,13 +101,13 @@ public:
         return Where() <= kMaximumInside ? m_bytes : Pointer();
     }
     operator const char*() const noexcept VEKA_LIFETIMEBOUND { return GetString(); }
-    /// All bytes, of a string that has a name: those of a temporary one would be gone at once.
+    /// All bytes, but not of a temporary string: they would be gone at once.
     operator std::string_view() const& noexcept VEKA_LIFETIMEBOUND { return View(); }
     operator std::string_view() const&& = delete;
     /// A copy of all bytes. Explicit, because assigning a string to a `std::string` would be ambiguous.
     explicit operator std::string() const { return std::string(View()); }
 
-    /// The first eight bytes as a number, the first one lowest; zeros stand behind a shorter text.
+    /// The first eight bytes as a number, the first byte the lowest. After a shorter text come zeros.
     std::uint64_t FirstBytes() const noexcept {
         std::uint64_t bytes;
         std::memcpy(&bytes, GetString(), sizeof bytes);
@@ -132,7 +138,7 @@ public:
     CString Mid(int first, int count) const;
     CString Mid(int first) const;
 
-    /// Position of the first occurrence at or behind `start`, or -1.
+    /// Position of the first occurrence at or after `start`, or -1.
     int Find(std::string_view text, int start = 0) const noexcept;
     int Find(char c, int start = 0) const noexcept { return Find(std::string_view(&c, 1), start); }
     int Find(const char* text, int start = 0) const noexcept {
@@ -141,7 +147,7 @@ public:
     int Find(const CString& text, int start = 0) const noexcept { return Find(text.View(), start); }
     /// Position of the last occurrence, or -1.
     int ReverseFind(char c) const noexcept;
-    /// Position of the first byte that is one of the given, or -1.
+    /// Position of the first byte that is one of the given bytes, or -1.
     int FindOneOf(const char* bytes) const noexcept;
 
     /// Takes `count` bytes out and returns the new length.
@@ -159,17 +165,17 @@ public:
     CString& TrimRight();
     CString& Trim() { return TrimLeft().TrimRight(); }
 
-    /// Upper case for the letters a to z alone.
+    /// Makes the letters a to z upper case, and no other byte.
     CString& MakeUpper();
-    /// Lower case for the letters A to Z alone.
+    /// Makes the letters A to Z lower case, and no other byte.
     CString& MakeLower();
 
     /// Byte-wise order, bytes as unsigned numbers: negative, 0 or positive.
     int Compare(const CString& other) const noexcept { return View().compare(other.View()); }
-    /// As `Compare`, with A to Z taken for a to z.
+    /// As `Compare`, but A to Z count as a to z.
     int CompareNoCase(const CString& other) const noexcept;
 
-    /// Replaces the content by a text made in the manner of printf.
+    /// Replaces the content by a text that is formatted as by printf.
 #if defined(__GNUC__)
     __attribute__((format(printf, 2, 3)))
 #endif
@@ -204,13 +210,12 @@ public:
     }
 
     friend bool operator==(const CString& a, const CString& b) noexcept {
-        // A short text always stands inside, with zeros behind it.
+        // A short text is always inside, and zeros follow it.
         if (a.Where() <= kMaximumInside || b.Where() <= kMaximumInside)
             return std::memcmp(a.m_bytes, b.m_bytes, sizeof m_bytes) == 0;
         return a.View() == b.View();
     }
-    // Always inline, so that with a literal, as where keywords are compared, it is the comparison of two
-    // numbers.
+    // Always inline: the comparison with a literal, such as a keyword, is then the comparison of two numbers.
     [[gnu::always_inline]] friend bool operator==(const CString& a, const char* b) noexcept {
         const size_t length = b ? std::char_traits<char>::length(b) : 0;
         if (length > kMaximumInside) return a.View() == std::string_view(b, length);
@@ -232,11 +237,11 @@ private:
             Set(text.data(), text.size(), kBorrowed);
     }
 
-    // What the last byte tells: the length of a text inside, or one of these.
-    static constexpr unsigned char kOwned = 0x80;     // a block of memory, its capacity in front of the text
-    static constexpr unsigned char kBorrowed = 0x81;  // somebody else's memory
-    // What keeps the first bytes of two words: the first bytes are the low ones, on all systems that are
-    // built for.
+    // The last byte: the length of a text inside, or one of these.
+    static constexpr unsigned char kOwned = 0x80;     // in a block of memory, after the capacity of the block
+    static constexpr unsigned char kBorrowed = 0x81;  // in memory that is not the string's
+    // Masks that keep the first bytes of two words. The first byte is the lowest, on all systems that the
+    // library is built for.
     static constexpr auto kMasks = [] {
         std::array<std::array<std::uint64_t, 2>, kMaximumInside + 1> masks{};
         for (size_t length = 0; length <= kMaximumInside; ++length)
@@ -278,7 +283,7 @@ private:
         char* text = Make(bytes.size());
         if (!bytes.empty()) std::memcpy(text, bytes.data(), bytes.size());
     }
-    /// Room for a text of this length, in a string that is empty.
+    /// Makes room for a text of this length in a string that is empty.
     char* Make(size_t length) {
         if (length > kMaximumInside) return MakeOutside(length, length);
         m_bytes[15] = static_cast<char>(length);

@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "platform/Assert.h"
 #include "platform/CString.h"
 #include "platform/Exceptions.h"
 
@@ -38,6 +39,7 @@ public:
     /// An array that takes over strings, but not their memory, which must live as long as the strings are
     /// there. `size` is below 2^31.
     static CStringArray InMemoryOf(CString* strings, std::uint32_t size) noexcept {
+        VEKA_ASSERT(size <= kLargestSize && (strings || size == 0));
         return CStringArray(strings, size);
     }
 
@@ -60,14 +62,15 @@ public:
     CString& operator[](INT_PTR index) { return ElementAt(index); }
     void SetAt(INT_PTR index, CString text) { ElementAt(index) = std::move(text); }
 
-    /// Stores at any index from 0 on; the array grows by empty strings up to there.
+    /// Stores a string at an index, which may be after the end. Then the array grows, and the new strings
+    /// before the index are empty.
     void SetAtGrow(INT_PTR index, CString text) {
         if (index < 0) AfxThrowInvalidArgException();
         if (index >= GetSize()) SetSize(std::min(index, kLargestSize) + 1);
         ElementAt(index) = std::move(text);
     }
 
-    /// Cuts the array off, or lets it grow by empty strings. A negative size is an invalid argument.
+    /// Shortens the array, or appends empty strings. A negative size is an invalid argument.
     void SetSize(INT_PTR size);
 
     /// Appends a string and returns its index.
@@ -106,7 +109,7 @@ private:
         std::swap(m_size, other.m_size);
         std::swap(m_capacity, other.m_capacity);
     }
-    /// Makes room for a size, and more, as the array is growing.
+    /// Makes room for a size, and for more: an array that grows will grow again.
     void Grow(INT_PTR size);
     void Reserve(INT_PTR capacity);
     void Free() noexcept;

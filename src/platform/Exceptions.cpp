@@ -1,6 +1,7 @@
 #include "platform/Exceptions.h"
 
-// Out of line, so that the type information of each stands in one place and a host can catch it by type.
+// Not inline: the type information of each class is then in one place, and a host can catch the exception by
+// its type.
 CException::~CException() = default;
 CInvalidArgException::~CInvalidArgException() = default;
 CFileException::~CFileException() = default;

@@ -1,6 +1,6 @@
 #pragma once
 
-/// Marks what a host may link against; everything else stays hidden in the shared library.
+/// Marks what the shared library exports for hosts. All other names stay hidden.
 #if defined(_WIN32) && defined(VEKA_BUILDING)
 #define VEKA_API __declspec(dllexport)
 #elif defined(VEKA_STATIC)

@@ -4,8 +4,8 @@
 
 /// A sub-record that lives inside its owner and is used as a pointer that is never null.
 ///
-/// Copying copies the content, so two owners never share a sub-record. As with any pointer field, what
-/// it leads to can be changed through a const owner.
+/// A copy copies the content, so two owners never share a sub-record. The sub-record of a constant owner can
+/// be changed, as with a pointer.
 template <class T>
 class Owned {
 public:

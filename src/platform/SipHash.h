@@ -11,7 +11,7 @@ struct SipKey {
     std::uint64_t second = 0;
 };
 
-/// SipHash-2-4 of a text. Who does not know the key cannot choose texts whose hashes collide.
+/// SipHash-2-4 of a text. Nobody can choose texts whose hashes collide without knowing the key.
 std::uint64_t SipHash(const SipKey& key, std::string_view text) noexcept;
 
 /// The key of this process. It is random, and the same for each call.

@@ -6,7 +6,7 @@
 
 namespace veka {
 
-/// Length in bytes of the UTF-8 character at the front of a text; 0 where there is none.
+/// Length in bytes of the UTF-8 character at the beginning of a text; 0 if there is none.
 VEKA_API size_t Utf8Length(std::string_view text) noexcept;
 
 }  // namespace veka

@@ -1,6 +1,6 @@
 #pragma once
 
-// The release that these headers belong to. The build reads it here.
+// The release of these headers. The build reads the numbers from this file.
 #define VEKA_VERSION_MAJOR 1
 #define VEKA_VERSION_MINOR 0
 #define VEKA_VERSION_PATCH 0
@@ -11,7 +11,7 @@
 
 namespace veka {
 
-/// The release of the library that is loaded, as "1.0.0": it may be later than the headers'.
+/// The release of the loaded library, such as "1.0.0". It can be later than the release of the headers.
 VEKA_API const char* Version() noexcept;
 
 }  // namespace veka

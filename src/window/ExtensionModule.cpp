@@ -14,7 +14,7 @@ struct Registry {
     std::vector<std::unique_ptr<CDynLinkLibrary>> libraries;
 };
 
-// Made by the first registration, so that it outlives every module that registers at load.
+// The first registration makes it. So it is destroyed after every module that registered at its load.
 Registry& TheRegistry() {
     static Registry registry;
     return registry;

@@ -6,21 +6,21 @@
 #include "platform/Export.h"
 #include "window/UserInterface.h"
 
-/// What a library brings to the process that loads it: its dialog templates.
+/// The dialog templates that a library gives to the process that loads it.
 struct AFX_EXTENSION_MODULE {
     bool bInitialized = false;
-    void* hModule = nullptr;  ///< the program file whose resources are the module's, where a system has such
+    void* hModule = nullptr;  ///< on Windows the program file with the resources of the module
     std::vector<veka::DialogTemplate> templates;
 };
 
-/// Makes a library's module ready, once; false if it was ready already.
+/// Prepares the module of a library. False if the module is prepared already.
 VEKA_API bool AfxInitExtensionModule(AFX_EXTENSION_MODULE& module,
                                      std::vector<veka::DialogTemplate> templates);
-/// Takes everything that the module registered out of the process again.
+/// Removes everything that the module has registered.
 VEKA_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& module) noexcept;
 
-/// Registers an extension module, so that its dialog templates are found from the whole process. The
-/// process owns it: made with `new`, it is deleted by `AfxTermExtensionModule`.
+/// Registers an extension module, so that the whole process finds its dialog templates. Must be made with
+/// `new`; `AfxTermExtensionModule` deletes it.
 class VEKA_API CDynLinkLibrary {
 public:
     explicit CDynLinkLibrary(AFX_EXTENSION_MODULE& module);
@@ -38,10 +38,11 @@ VEKA_API void* AfxFindResourceHandle(unsigned templateId);
 
 namespace veka {
 
-/// The loaded program file that an address lies in; null where program files hold no resources.
+/// On Windows the loaded program file that contains an address. Null on other systems.
 VEKA_API void* ModuleOf(const void* address) noexcept;
 
-/// The template with a number among all registered modules, or null. It lives as long as its module.
+/// The template with a number, from any registered module, or null. It is valid as long as the module is
+/// registered.
 VEKA_API const DialogTemplate* FindDialogTemplate(unsigned id);
 
 }  // namespace veka

@@ -30,7 +30,7 @@ bool IsSafe(char c) {
            c == '_' || c == '+';
 }
 
-/// True for the names of devices, which Windows takes for the device with any extension too.
+/// True for the names of devices. On Windows they mean the device, also with any extension.
 bool IsReserved(std::string_view text) {
     CString stem(text.substr(0, text.find('.')));
     stem.MakeUpper();
@@ -74,14 +74,14 @@ CString SBUtility::GetDirectoryFromUser(const CString& title, const CString& cur
 CString SBUtility::EncodeEntityCode(const CString& text) const {
     const std::string_view bytes = text.View();
     const bool reserved = IsReserved(bytes);
-    // The mark of a cut name: no other name holds "&h", since every other "&" is followed by "#".
+    // The mark of a cut name. No other name contains "&h", because every other "&" is followed by "#".
     std::array<char, 24> mark{};
     const int markLength =
         std::snprintf(mark.data(), mark.size(), "&h%016llx;", static_cast<unsigned long long>(Hash(bytes)));
     const size_t room = kMaximumName - static_cast<size_t>(markLength);
 
     std::string name;
-    size_t cut = 0;  // the longest whole beginning that leaves room for the mark
+    size_t cut = 0;  // length of the longest beginning that leaves room for the mark
     for (size_t i = 0; i < bytes.size(); ++i) {
         const char c = bytes[i];
         const bool innerPoint = c == '.' && i > 0 && i + 1 < bytes.size();

@@ -6,7 +6,7 @@ namespace veka {
 
 namespace {
 
-// The library's only shared state: imports may run side by side while a window is installed.
+// Atomic: imports in several threads use it.
 std::atomic<UserInterface*> g_installed{nullptr};
 
 }  // namespace
