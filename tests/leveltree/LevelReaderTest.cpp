@@ -97,13 +97,13 @@ TEST(LevelReader, EmptyParenthesesGiveALevelWithoutNameAndValues) {
     EXPECT_EQ(level.depth, 1);
 }
 
-TEST(LevelReader, AnEmptyStringAsNameIsASingleBlank) {
+TEST(LevelReader, AnEmptyStringAsNameIsASingleBlank) {  // Q30
     const PlainLevel level = ReadOne("(\"\" x)");
     EXPECT_EQ(level.name, " ");
     EXPECT_THAT(level.values, ElementsAre("x"));
 }
 
-TEST(LevelReader, AnEmptyStringAndOneOfABlankBothGiveAnEmptyValue) {
+TEST(LevelReader, AnEmptyStringAndOneOfABlankBothGiveAnEmptyValue) {  // Q30
     EXPECT_THAT(ValuesOf("(N \"\")"), ElementsAre(""));
     EXPECT_THAT(ValuesOf("(N \" \")"), ElementsAre(""));
     EXPECT_THAT(ValuesOf("(N \"  \")"), ElementsAre("  "));
@@ -124,7 +124,7 @@ TEST(LevelReader, ABlankBeforeTheCloseParenthesisKeepsTheStringOpen) {
     EXPECT_THAT(ValuesOf("(N \"C:\\d\\\" )\nx\")"), ElementsAre("C:\\d\\\" )\nx"));
 }
 
-TEST(LevelReader, TheLookAheadSeesBytesBeforeTheString) {
+TEST(LevelReader, TheLookAheadSeesBytesBeforeTheString) {  // Q29
     const PlainResult read = Read("(x\\\" \"x\\\")");
     EXPECT_EQ(read.result, -1);
     EXPECT_THAT(ValuesOf("(x\\\" \"x\\\")\n\")"), ElementsAre("x\\\")\n "));
@@ -155,7 +155,7 @@ TEST(LevelReader, AStringRunsOverLinesWithTheirIndentation) {
                 ElementsAre("line one\n  line (two)\n\nend", "x"));
 }
 
-TEST(LevelReader, AClosingQuoteThatOpensItsLineAddsABlank) {
+TEST(LevelReader, AClosingQuoteThatOpensItsLineAddsABlank) {  // Q31
     EXPECT_THAT(ValuesOf("(N \"a\n\")"), ElementsAre("a\n "));
     EXPECT_THAT(ValuesOf("(N \"\n\")"), ElementsAre("\n "));
     EXPECT_THAT(ValuesOf("(N \"a\n \")"), ElementsAre("a\n "));
@@ -169,7 +169,7 @@ TEST(LevelReader, ATokenSurvivesACommentLine) {
     EXPECT_THAT(ValuesOf("(N a\n// comment\nb)"), ElementsAre("a", "b"));
 }
 
-TEST(LevelReader, TheByteBeforeALineIsThatOfAnEarlierLine) {
+TEST(LevelReader, TheByteBeforeALineIsThatOfAnEarlierLine) {  // Q28
     // The last but one byte of the line before is a backslash, so the first quote is suspected of an escape.
     EXPECT_THAT(ValuesOf("(N \"a\\b\n\" x\")"), ElementsAre("a\\b\n\" x"));
     EXPECT_THAT(ValuesOf("(N \"a\\b\n// comment\n\" x\")"), ElementsAre("a\\b\n\" x"));
