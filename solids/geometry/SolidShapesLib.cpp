@@ -37,6 +37,7 @@
 #include <numbers>
 #include <stdexcept>
 
+#include "geometry/OutlineCheck.h"
 #include "geometry/StepFiles.h"
 
 namespace geometry {
@@ -46,6 +47,11 @@ namespace {
 // What lies outside cannot be told from nothing, or from infinity, by the modeller.
 constexpr double kSmallest = 1e-5;
 constexpr double kLargest = 1e7;
+
+// The modeller takes the square of the pieces of an outline to check it. Up to a few it may; beyond that a
+// check of our own stands in.
+constexpr std::size_t kFewPieces = 100;
+constexpr std::size_t kMostPieces = 5'000;
 
 [[noreturn]] void Fail(const std::string& reason) {
     throw std::runtime_error(reason);
@@ -113,9 +119,17 @@ TopoDS_Shape BoxAtOrigin(double width, double height, double depth) {
     return BRepPrimAPI_MakeBox(gp_Pnt(-width / 2, -height / 2, 0), width, height, depth).Shape();
 }
 
-TopoDS_Shape Prism(const TopoDS_Wire& wire, double depth) {
-    const TopoDS_Face face = BRepBuilderAPI_MakeFace(gp_Pln(gp_Pnt(0, 0, 0), gp_Dir(0, 0, 1)), wire).Face();
-    return BRepPrimAPI_MakePrism(face, gp_Vec(0, 0, depth)).Shape();
+TopoDS_Shape Prism(const TopoDS_Wire& border, double depth, const std::vector<TopoDS_Wire>& holes = {}) {
+    const gp_Pln plane(gp_Pnt(0, 0, 0), gp_Dir(0, 0, 1));
+    BRepBuilderAPI_MakeFace face(plane, border);
+    for (const TopoDS_Wire& hole : holes) {
+        // A hole runs the other way round than a border, and a face of its own tells which way it runs.
+        const TopoDS_Face own = BRepBuilderAPI_MakeFace(plane, hole).Face();
+        const bool runsAsABorder =
+            TopExp_Explorer(own, TopAbs_WIRE).Current().Orientation() == TopAbs_FORWARD;
+        face.Add(runsAsABorder ? TopoDS::Wire(hole.Reversed()) : hole);
+    }
+    return BRepPrimAPI_MakePrism(face.Face(), gp_Vec(0, 0, depth)).Shape();
 }
 
 TopoDS_Shape Without(const TopoDS_Shape& body, const TopoDS_Shape& tool) {
@@ -291,7 +305,8 @@ const TopoDS_Shape* object::GetShape() const {
     TopoDS_Shape shape;
     try {
         shape = Make();
-        if (shape.IsNull() || !BRepCheck_Analyzer(shape).IsValid()) Fail("the body crosses itself");
+        if (shape.IsNull() || !BRepCheck_Analyzer(shape, !ChecksItself()).IsValid())
+            Fail("the body crosses itself");
     } catch (const Standard_Failure& failure) {
         m_failure = std::string("the modeller gave up: ") + failure.GetMessageString();
     } catch (const std::exception& failure) {
@@ -319,7 +334,7 @@ TopoDS_Shape multi_object::Make() const {
     place.SetValues(r.x.X, r.x.Y, r.x.Z, pivot.X - Dot(r.x, pivot) + m_point.X,  //
                     r.y.X, r.y.Y, r.y.Z, pivot.Y - Dot(r.y, pivot) + m_point.Y,  //
                     r.z.X, r.z.Y, r.z.Z, pivot.Z - Dot(r.z, pivot) + m_point.Z);
-    return BRepBuilderAPI_Transform(MakeAtOrigin(), place, true).Shape();
+    return MakeAtOrigin().Moved(TopLoc_Location(place));
 }
 
 type_multi_object::type_multi_object(const char* kind, const vector& point, const vector& front,
@@ -450,12 +465,32 @@ pillar::pillar(const vector& point, const vector& front, const vector& up, const
 
 TopoDS_Shape pillar::MakeAtOrigin() const {
     NeedSize("the depth", Depth);
-    TopoDS_Shape body = Prism(OutlineWire(Bound, "the outline"), Depth);
+    if (PieceCount() > kMostPieces) Fail("the outline and its voids have more than 5,000 pieces");
+    const TopoDS_Wire border = OutlineWire(Bound, "the outline");
+    std::vector<TopoDS_Wire> holes;
+    std::vector<std::vector<CPointD>> outlines{CornersOf(Bound)};
+    for (std::size_t i = 0; i < Voids.GetSize(); ++i) {
+        holes.push_back(OutlineWire(Voids[i].GetBoundary(), "a void"));
+        outlines.push_back(CornersOf(Voids[i].GetBoundary()));
+    }
+    const std::string reason = WhyNoFace(outlines);
+    if (reason.empty()) return Prism(border, Depth, holes);
+    if (ChecksItself()) Fail(reason);
+    TopoDS_Shape body = Prism(border, Depth);
     // Checked before anything is cut out of it: a cut would hide an outline that crosses itself.
     if (!BRepCheck_Analyzer(body).IsValid()) Fail("the outline crosses itself");
-    for (std::size_t i = 0; i < Voids.GetSize(); ++i)
-        body = Without(body, Prism(OutlineWire(Voids[i].GetBoundary(), "a void"), Depth));
+    for (const TopoDS_Wire& hole : holes) body = Without(body, Prism(hole, Depth));
     return body;
+}
+
+bool pillar::ChecksItself() const {
+    return PieceCount() > kFewPieces;
+}
+
+std::size_t pillar::PieceCount() const {
+    std::size_t count = Bound.GetSize();
+    for (std::size_t i = 0; i < Voids.GetSize(); ++i) count += Voids[i].GetBoundary().GetSize();
+    return count;
 }
 
 lead::lead(const vector& point, const vector& front, const vector& up, std::vector<sweep> sweeps,

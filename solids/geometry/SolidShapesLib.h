@@ -45,6 +45,9 @@ protected:
     object();
     /// Makes the shape in its place. Throws where it cannot.
     virtual TopoDS_Shape Make() const = 0;
+    /// True for a body that has checked itself. The check of the modeller takes the square of the faces of a
+    /// body.
+    virtual bool ChecksItself() const { return false; }
 
     vector m_angle;
 
@@ -176,6 +179,10 @@ public:
 
 protected:
     TopoDS_Shape MakeAtOrigin() const override;
+    bool ChecksItself() const override;
+
+private:
+    std::size_t PieceCount() const;
 };
 
 /// A section that is moved along a line of straight pieces and arcs in an upright plane through the Z axis.
@@ -225,6 +232,7 @@ public:
 
 protected:
     TopoDS_Shape Make() const override;
+    bool ChecksItself() const override { return true; }  // a sound body is sound at any place
 
 private:
     std::shared_ptr<const object> m_body;

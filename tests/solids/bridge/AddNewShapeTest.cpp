@@ -137,6 +137,94 @@ TEST(AddNewShape, APillarOverARectangleHasAnEmptyOutlineAndIsMadeAllTheSame) {
     EXPECT_EQ(pillar->Bound.GetSize(), 0u);
 }
 
+/// A STEP body with a value of its own in each field.
+const char* const kStep =
+    "(STEP (PATH a.step) (FRONT 4 5 6) (UP 7 8 9) (PIVOT 10 11 12) (PT 13 14 15) (COLOR 255 51 102))";
+
+TEST(AddNewShape, AStepBodyHasItsFrontBeforeItsUp) {
+    const auto step = MakeOne<geometry::step>(kStep);
+    ExpectVector(step->GetFront(), 4, 5, 6);
+    ExpectVector(step->GetUp(), 7, 8, 9);
+}
+
+TEST(AddNewShape, AStepBodyHasItsPoint) {
+    ExpectVector(MakeOne<geometry::step>(kStep)->GetPoint(), 13, 14, 15);
+}
+
+TEST(AddNewShape, AStepBodyHasItsColour) {
+    ExpectVector(MakeOne<geometry::step>(kStep)->GetColor(), 1, 0.2, 0.4);
+}
+
+TEST(AddNewShape, AStepBodyHasItsPivotAndItsAngles) {
+    ExpectVector(MakeOne<geometry::step>(kStep)->pivot, 10, 11, 12);
+    ExpectVector(MakeOne<geometry::step>("(STEP (ROTATE 10 20 30))")->GetAngle(), 10, 20, 30);
+}
+
+TEST(AddNewShape, TheLastFlagOfEverySolidIsFalse) {
+    const Shapes shapes = Make(
+        "(CUBOID) (HOLECUBOID) (CYLINDER) (DONUT) (PYRAMID) (SPHERE) (ELLIPSE) (PILLAR) (STEP (PATH "
+        "a.step))");
+    ASSERT_EQ(shapes.size(), 9u);
+    for (const auto& shape : shapes)
+        EXPECT_FALSE(dynamic_cast<geometry::type_multi_object&>(*shape).GetFlag()) << shape->GetKind();
+}
+
+TEST(AddNewShape, EverySolidHasItsPivotItsAnglesAndItsColour) {
+    const std::string common = " (ROTATE 10 20 30) (PIVOT 1 2 3) (COLOR 255 51 0))";
+    for (const char* kind :
+         {"CUBOID", "HOLECUBOID", "CYLINDER", "DONUT", "PYRAMID", "SPHERE", "ELLIPSE", "PILLAR", "STEP"}) {
+        const auto solid = MakeOne<geometry::object>("(" + std::string(kind) + common);
+        ExpectVector(solid->pivot, 1, 2, 3);
+        ExpectVector(solid->GetAngle(), 10, 20, 30);
+        ExpectVector(solid->GetColor(), 1, 0.2, 0);
+    }
+}
+
+TEST(AddNewShape, EverySolidButTheSphereHasItsPointItsFrontAndItsUp) {
+    for (const char* kind :
+         {"CUBOID", "HOLECUBOID", "CYLINDER", "DONUT", "PYRAMID", "ELLIPSE", "PILLAR", "STEP"}) {
+        const auto solid = MakeOne<geometry::multi_object>("(" + std::string(kind) +
+                                                           " (FRONT 4 5 6) (UP 7 8 9) (PT 1 2 3))");
+        ExpectVector(solid->GetPoint(), 1, 2, 3);
+        ExpectVector(solid->GetFront(), 4, 5, 6);
+        ExpectVector(solid->GetUp(), 7, 8, 9);
+    }
+    const auto sphere = MakeOne<geometry::sphere>("(SPHERE (FRONT 4 5 6) (UP 7 8 9) (PT 1 2 3))");
+    ExpectVector(sphere->GetPoint(), 1, 2, 3);
+    ExpectVector(sphere->GetFront(), 0, 0, 0);
+    ExpectVector(sphere->GetUp(), 0, 0, 0);
+}
+
+TEST(AddNewShape, AVoidHasItsOwnOutline) {
+    const auto pillar = MakeOne<geometry::pillar>(
+        "(PILLAR (THICKNESS 1) (BOUNDARY (LINE (PT 0 0) (PT 4 0)) (LINE (PT 4 0) (PT 0 0)))"
+        " (VOIDS (VOID (LINE (PT 1 2) (PT 3 4)))))");
+    ASSERT_EQ(pillar->Voids.GetSize(), 1u);
+    const CPCDrawObjArray& outline = pillar->Voids[0].GetBoundary();
+    ASSERT_EQ(outline.GetSize(), 1u);
+    EXPECT_EQ(outline[0].GetStartPt(), (CPointD{1, 2}));
+    EXPECT_EQ(outline[0].GetEndPt(), (CPointD{3, 4}));
+}
+
+TEST(AddNewShape, TheObjectsOfACompositeAreNotEntered) {
+    const std::string box = "(CUBOID (WIDTH 1) (HEIGHT 1) (THICKNESS 1))";
+    for (const char* kind : {"COMPOSITE", "CONTOUR", "POLYLINE", "VOID"})
+        EXPECT_TRUE(Make("(" + std::string(kind) + " " + box + ")").empty()) << kind;
+    EXPECT_TRUE(Make("(CONTOUR (X " + box + "))").empty());
+    EXPECT_TRUE(Make("(POLYGON (BOUNDARY " + box + "))").empty());
+    EXPECT_EQ(MakeOne<geometry::pillar>("(PILLAR (BOUNDARY (COMPOSITE (LINE (PT 0 0) (PT 1 0)))))")
+                  ->Bound.GetSize(),
+              0u)
+        << "nor in an outline";
+}
+
+TEST(MakeDrawObjArray, AnArcHasItsCentre) {
+    const auto outline = Outline("(ARC (PT 5 3) (PT 4 4) (PT 4 3) (DIR CCW))");
+    const auto& arc = dynamic_cast<const CPCArc&>((*outline)[0]);
+    EXPECT_EQ(arc.GetCenterPt(), (CPointD{4, 3}));
+    EXPECT_DOUBLE_EQ(arc.GetRadius(), 1);
+}
+
 TEST(MakeDrawObjArray, AnArcIsToldByAnglesRadiusAndDirection) {
     const auto outline = Outline("(ARC (PT 1 0) (PT 0 1) (PT 0 0) (R 9) (DIR CCW))");
     ASSERT_EQ(outline->GetSize(), 1u);

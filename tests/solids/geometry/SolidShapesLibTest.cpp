@@ -40,6 +40,14 @@ void ExpectVolume(const geometry::object& solid, double volume) {
     EXPECT_NEAR(Properties(solid).Mass(), volume, volume * 1e-3);
 }
 
+/// As above, without the modeller's check, which takes long for many faces.
+void ExpectVolumeUnchecked(const geometry::object& solid, double volume) {
+    ASSERT_EQ(solid.GetFailure(), "");
+    GProp_GProps properties;
+    BRepGProp::VolumeProperties(*solid.GetShape(), properties);
+    EXPECT_NEAR(properties.Mass(), volume, volume * 1e-3);
+}
+
 void ExpectCenter(const geometry::object& solid, double x, double y, double z) {
     const gp_Pnt center = Properties(solid).CentreOfMass();
     EXPECT_NEAR(center.X(), x, 1e-6);
@@ -326,6 +334,50 @@ TEST(Step, AFileThatIsNotNamedOrHasNoFolderGivesAReason) {
     ExpectFailure(step(nullptr), "no STEP file is named");
     ExpectFailure(step(""), "no STEP file is named");
     ExpectFailure(step("/etc/passwd"), "no folder is named to look for the STEP file \"/etc/passwd\" in");
+}
+
+/// A comb of some lines, which never crosses itself.
+std::vector<CPointD> Comb(int lines) {
+    std::vector<CPointD> points;
+    for (int i = 0; i < lines / 2; ++i) points.push_back({double(i), i % 2 * 0.5});
+    for (int i = lines / 2; i-- > 0;) points.push_back({double(i), 2 + i % 2 * 0.5});
+    return points;
+}
+
+TEST(Pillar, MayHaveThousandsOfLines) {
+    ExpectVolumeUnchecked(Pillar(Outline(Comb(4000))), 1999 * 2 * 2);
+    std::vector<CPointD> crossed = Comb(4000);
+    std::swap(crossed[100], crossed[3000]);
+    ExpectFailure(Pillar(Outline(crossed)), "the outline crosses itself");
+    ExpectFailure(Pillar(Outline(Comb(5002))), "the outline and its voids have more than 5,000 pieces");
+}
+
+TEST(Pillar, MayHaveHundredsOfVoids) {
+    CPCPolygonArray voids;
+    for (int i = 0; i < 400; ++i) {
+        auto* hole = new CPCPolygon;
+        const double x = i % 20, y = i / 20;
+        // Some run one way round, some the other.
+        hole->GetBoundary() = i % 2 ? Outline({{x, y}, {x + 0.5, y}, {x + 0.5, y + 0.5}, {x, y + 0.5}})
+                                    : Outline({{x, y}, {x, y + 0.5}, {x + 0.5, y + 0.5}, {x + 0.5, y}});
+        voids.Add(hole);
+    }
+    const CPCDrawObjArray border = Outline({{-1, -1}, {20, -1}, {20, 20}, {-1, 20}});
+    ExpectVolumeUnchecked(Pillar(border, voids), (21 * 21 - 400 * 0.25) * 2);
+    auto* outside = new CPCPolygon;
+    outside->GetBoundary() = Outline({{30, 0}, {31, 0}, {31, 1}});
+    voids.Add(outside);
+    ExpectFailure(Pillar(border, voids), "a void lies outside of the outline");
+}
+
+TEST(Pillar, AFewVoidsMayCrossTheOutlineAndEachOther) {
+    CPCPolygonArray voids;
+    for (const double x : {3.0, 3.5}) {
+        auto* hole = new CPCPolygon;
+        hole->GetBoundary() = Outline({{x, 1}, {x + 1, 1}, {x + 1, 2}, {x, 2}});
+        voids.Add(hole);
+    }
+    ExpectVolume(Pillar(Outline({{0, 0}, {4, 0}, {4, 4}, {0, 4}}), voids), (16 - 1) * 2);
 }
 
 geometry::sweep Strip(double width, double thickness, std::vector<CPointD> corners) {
