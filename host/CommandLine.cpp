@@ -28,6 +28,9 @@ const char* const kUsage =
     "  --step-folder DIR   look in this directory, too, for STEP files that the part names\n"
     "  --quiet, -q         print no summary\n"
     "  --undo              exchange a part with the one that was replaced last\n"
+    "  --max-size MB       largest file that is read (256); 0 here and below: no limit\n"
+    "  --max-memory MB     most memory that an import takes besides the file (2048)\n"
+    "  --max-time SECONDS  longest time that an import takes (60)\n"
     "  --wait SECONDS      how long to wait for a library that another program writes (60)\n"
     "  --open              show the files in the window and store nothing\n"
     "  --ui HOW            ask in windows (qt or win32) or on the terminal (console)\n"
@@ -107,12 +110,15 @@ private:
     bool m_optionsOver = false;
 };
 
+unsigned Number(const std::string& option, const std::string& text, const char* unit) {
+    unsigned number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number > 1'000'000)
+        throw UsageError(option + " takes a number of " + unit + ", not \"" + text + "\"");
+    return number;
+}
 std::chrono::seconds Seconds(const std::string& option, const std::string& text) {
-    unsigned seconds = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
-    if (error != std::errc() || end != text.data() + text.size() || seconds > 1'000'000)
-        throw UsageError(option + " takes a number of seconds, not \"" + text + "\"");
-    return std::chrono::seconds(seconds);
+    return std::chrono::seconds(Number(option, text, "seconds"));
 }
 
 void Check(const CommandLine& line) {
@@ -169,6 +175,12 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             line.gltf = next.Path();
         } else if (option == "--step-folder") {
             line.stepFolders.push_back(next.Path());
+        } else if (option == "--max-size") {
+            line.limits.size = Number(option, next.Value(), "MB");
+        } else if (option == "--max-memory") {
+            line.limits.memory = Number(option, next.Value(), "MB");
+        } else if (option == "--max-time") {
+            line.limits.time = Seconds(option, next.Value());
         } else if (option == "--wait") {
             line.wait = Seconds(option, next.Value());
         } else if (option == "--print") {

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "host/Reading.h"
+
 namespace host {
 
 /// What to do with a part that the library already has.
@@ -38,6 +40,7 @@ struct CommandLine {
     std::string gltf;
     std::vector<std::string> stepFolders;  ///< where STEP files that a part names are looked for, too
     Windows windows = Windows::Automatic;
+    Limits limits;
     std::chrono::seconds wait{60};  ///< how long to wait for a library that another program writes
 
     /// True if the user is asked in the dialog.

@@ -20,6 +20,8 @@ Failure CurrentFailure(const std::string& file) {
         return {kWrongUsage, std::string(error.what()) + " (--help tells more)"};
     } catch (const NoPart& error) {
         return {kRefused, error.what()};
+    } catch (const ImportEnded& error) {
+        return {kRefused, error.what()};
     } catch (const NothingToUndo& error) {
         return {kRefused, error.what()};
     } catch (const NoSuchFile& error) {

@@ -11,6 +11,7 @@
 #include "host/Desktop.h"
 #include "host/Failure.h"
 #include "host/ImportDialog.h"
+#include "host/Interrupt.h"
 #include "host/Messages.h"
 #include "host/OutputFile.h"
 #include "host/PinTable.h"
@@ -41,14 +42,21 @@ public:
     /// Imports the files without a dialog.
     int ImportFiles() {
         int worst = kImported;
-        for (const std::string& file : m_line.files) worst = std::max<int>(worst, ImportFile(file));
+        Interrupt::Forget();
+        int left = static_cast<int>(m_line.files.size());
+        for (const std::string& file : m_line.files) {
+            worst = std::max<int>(worst, ImportFile(file));
+            --left;
+            if (Interrupt::Happened()) break;
+        }
+        if (left > 0) m_total["not imported"] = left;
         if (m_line.files.size() > 1 && m_line.print == Print::Summary) WriteTotal();
         return worst;
     }
     /// Imports one part through the dialog that the installed user interface shows.
     int ImportByDialog() {
-        const std::optional<DialogChoice> choice =
-            RunImportDialog(CString(m_line.files.empty() ? "" : m_line.files[0]), CString(m_line.library));
+        const std::optional<DialogChoice> choice = RunImportDialog(
+            CString(m_line.files.empty() ? "" : m_line.files[0]), CString(m_line.library), {m_line.limits});
         if (!choice) return kRefused;
         const ImportedPart& part = choice->part;
         m_library = choice->library;
@@ -93,8 +101,9 @@ private:
     int ImportFile(const std::string& file) {
         m_library = CString(m_line.library);
         const int code = Reported(file, [&] {
+            const Reading reading{m_line.limits, nullptr, true};
             const ImportedPart part =
-                file == kStandardInput ? ReadPart(m_streams.in) : ReadPart(CString(file));
+                file == kStandardInput ? ReadPart(m_streams.in, reading) : ReadPart(CString(file), reading);
             return Deliver(part, m_line.overwrite == Overwrite::Yes ? Existing::Replace : Existing::Keep,
                            [&] { return MayReplace(part); });
         });
@@ -112,7 +121,7 @@ private:
             RequireOutsideOf(*output, file, std::string(m_library.View()), part.Name());
         RequireSections(part);
         for (const std::string& fault : part.faults) m_messages.Say(Quoted(file) + ": " + fault);
-        if (!part.hasPart && m_library.IsEmpty()) m_messages.Say(Quoted(file) + " holds no part");
+        if (!part.HasPart() && m_library.IsEmpty()) m_messages.Say(Quoted(file) + " holds no part");
         Show(part);
         int code = kImported;
         if (!m_library.IsEmpty())
@@ -137,7 +146,7 @@ private:
             case Print::Nothing:
                 break;
             case Print::Summary:
-                if (!part.hasPart) break;
+                if (!part.HasPart()) break;
                 if (!several)
                     WriteSummary(out, part.Model());
                 else if (m_library.IsEmpty())

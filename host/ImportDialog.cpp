@@ -17,7 +17,7 @@ bool Exists(const CString& path) {
 /// The import dialog with the host's own steps before its OK.
 class Dialog : public CVEK_AsciiFile_Import_Dlg {
 public:
-    using CVEK_AsciiFile_Import_Dlg::CVEK_AsciiFile_Import_Dlg;
+    Dialog(const Reading& reading, CWnd* parent) : CVEK_AsciiFile_Import_Dlg(parent), m_reading(reading) {}
 
     std::optional<DialogChoice> TakeChoice() { return std::move(m_choice); }
 
@@ -34,7 +34,7 @@ private:
         const CString file = GetVEKAsciiFilePath(), library = GetDefaultPartLibDir();
         if (!Exists(file)) return true;  // the dialog says so
         try {
-            ImportedPart part = ReadPart(file);
+            ImportedPart part = ReadPart(file, m_reading);
             RequirePartNumber(part);
             if (!HasDirectory(library)) return false;
             const bool there = HasPart(library, part.Name());
@@ -44,6 +44,8 @@ private:
         } catch (const SourceError& error) {
             AfxMessageBox(error.what());
         } catch (const NoPart& error) {
+            AfxMessageBox(error.what());
+        } catch (const ImportEnded& error) {
             AfxMessageBox(error.what());
         }
         return false;
@@ -65,13 +67,15 @@ private:
                              MB_YESNO) == IDYES;
     }
 
+    const Reading& m_reading;
     std::optional<DialogChoice> m_choice;
 };
 
 }  // namespace
 
-std::optional<DialogChoice> RunImportDialog(const CString& file, const CString& library, CWnd* parent) {
-    Dialog dialog(parent);
+std::optional<DialogChoice> RunImportDialog(const CString& file, const CString& library,
+                                            const Reading& reading, CWnd* parent) {
+    Dialog dialog(reading, parent);
     dialog.SetVEKAsciiFilePath(file);
     dialog.SetDefaultPartLibDir(library);
     if (dialog.DoModal() != IDOK) return std::nullopt;

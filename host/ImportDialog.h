@@ -21,6 +21,6 @@ struct DialogChoice {
 /// so, and the dialog stays open. It offers to make a library that is missing, and asks before a faulty file
 /// replaces a part.
 std::optional<DialogChoice> RunImportDialog(const CString& file, const CString& library,
-                                            CWnd* parent = nullptr);
+                                            const Reading& reading = {}, CWnd* parent = nullptr);
 
 }  // namespace host

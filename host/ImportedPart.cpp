@@ -1,103 +1,108 @@
 #include "host/ImportedPart.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdlib>
-#include <fstream>
 #include <istream>
-#include <random>
+#include <optional>
 
 #include "files/Paths.h"
 #include "host/CommandLine.h"
-#include "leveltree/CECadCls.h"
+#include "host/Interrupt.h"
 #include "parser/CVEK_AsciiParser.h"
-#include "platform/Exceptions.h"
 #include "window/SBUtility.h"
 
 namespace host {
 
 namespace {
 
-constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
-
 std::string Quoted(const CString& text) {
     return '"' + std::string(text.View()) + '"';
 }
 
-/// A directory of this user only, with one file of some bytes in it, while this lives.
-class TemporaryCopy {
-public:
-    explicit TemporaryCopy(const std::string& bytes) : m_directory(MakeDirectory()) {
-        std::ofstream(File(), std::ios::binary) << bytes;
-    }
-    ~TemporaryCopy() {
-        std::error_code error;
-        std::filesystem::remove_all(m_directory, error);
-    }
-    TemporaryCopy(const TemporaryCopy&) = delete;
-    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
+constexpr int kMegabyte = 20;  // as a power of two
 
-    CString Path() const { return veka::FromPath(File()); }
-
-private:
-    /// Nobody else can read the directory or put a link into it.
-    static std::filesystem::path MakeDirectory() {
-        const std::filesystem::path parent = std::filesystem::temp_directory_path();
-#ifdef _WIN32
-        // The directory for temporary files is the user's own there.
-        std::random_device random;
-        std::filesystem::path directory = parent / ("veka-import-" + std::to_string(random()));
-        if (!std::filesystem::create_directory(directory))
-            throw SourceError("cannot make a temporary directory");
-        return directory;
-#else
-        std::string directory = parent / "veka-import-XXXXXX";
-        if (!mkdtemp(directory.data())) throw SourceError("cannot make a temporary directory");
-        return directory;
-#endif
-    }
-    std::filesystem::path File() const {
-        return m_directory / "part.veka";
-    }
-
-    std::filesystem::path m_directory;
-};
-
-/// Names of the top-level sections that the import reads.
-constexpr std::array<std::string_view, 8> kSections{"FONTS",     "VEK",        "COLORTABLE", "PADS",
-                                                    "PADSTACKS", "FOOTPRINTS", "NSHAPE",     "PARTITIONS"};
-
-std::string InLine(int line) {
-    return "line " + std::to_string(line);
+std::uint64_t Bytes(std::uint64_t megabytes) {
+    return megabytes == 0 ? veka::ImportOptions::kNoLimit : megabytes << kMegabyte;
 }
 
-ImportedPart Import(const CString& file, FileContent content) {
-    ImportedPart part{file, std::move(content), nullptr, {}, false, false};
-    int parts = 0;
-    std::vector<std::string> unknown;
-    const TemporaryCopy copy(part.content.bytes);
-    CECadCls tree;
-    tree.m_strFilePath = copy.Path();
-    const int read = tree.ReadTopLevels(0, [&](const CECadClsLvl* level) {
-        const std::string_view name = level->m_strName.View();
-        if (name == "VEK") ++parts;
-        if (std::find(kSections.begin(), kSections.end(), name) != kSections.end())
-            part.hasSections = true;
-        else if (unknown.size() < 3)
-            unknown.push_back("nothing reads the section " + Quoted(level->m_strName));
-    });
-    if (read != 0) part.faults.push_back("its levels are unbalanced in " + InLine(tree.m_nLineCount));
-    part.hasPart = parts > 0;
-    part.faults.insert(part.faults.end(), unknown.begin(), unknown.end());
-    if (parts > 1)
-        part.faults.push_back("of " + std::to_string(parts) + " parts in the file the last one was kept");
+std::string InLine(std::string_view name, int line) {
+    return '"' + std::string(name) + "\" of line " + std::to_string(line);
+}
 
+/// What is wrong with the levels of a file as a whole.
+void AddFaultsOfLevels(std::vector<std::string>& faults, const veka::ImportResult& result) {
+    const veka::LevelsRead& levels = result.structure;
+    if (levels.strayParentheses > 0)
+        faults.push_back("a parenthesis in line " + std::to_string(levels.breakLine) + " closes no level");
+    if (levels.stopped)
+        faults.push_back("nothing was read from line " + std::to_string(result.lines) +
+                         " on: " + std::string(result.message.View()));
+    else if (levels.openString > 0)
+        faults.push_back("it ends inside a text that begins in line " + std::to_string(levels.openString));
+    else if (!levels.open.empty())
+        faults.push_back(
+            "it ends inside the level " + InLine(levels.open.back().name.View(), levels.open.back().line) +
+            (levels.open.size() > 1 ? ", within " + InLine(levels.open[0].name.View(), levels.open[0].line)
+                                    : ""));
+}
+
+std::vector<std::string> Faults(const veka::ImportResult& result) {
+    std::vector<std::string> faults;
+    AddFaultsOfLevels(faults, result);
+    constexpr size_t kMostNamed = 3;
+    for (size_t i = 0; i < std::min(result.unread.size(), kMostNamed); ++i)
+        faults.push_back("nothing reads the section " +
+                         InLine(result.unread[i].name.View(), result.unread[i].line));
+    if (result.unreadSections > kMostNamed)
+        faults.push_back("nothing reads " + std::to_string(result.unreadSections - kMostNamed) +
+                         " more sections");
+    if (result.parts > 1)
+        faults.push_back("of " + std::to_string(result.parts) + " parts in the file the last one was kept");
+    return faults;
+}
+
+/// Raises `ImportEnded` unless an import came to its end.
+void RequireCompleted(const std::string& file, const veka::ImportResult& result, const Limits& limits) {
+    using End = veka::ImportResult::End;
+    if (result.end == End::Completed) return;
+    const std::string subject = file == kStandardInput ? "standard input" : '"' + file + '"';
+    if (result.end == End::MemoryLimit)
+        throw ImportEnded("the import of " + subject + " takes more than " + std::to_string(limits.memory) +
+                          " MB of memory; --max-memory raises the limit");
+    if (result.end == End::TimeLimit)
+        throw ImportEnded(
+            "the import of " + subject + " takes longer than " +
+            std::to_string(std::chrono::duration_cast<std::chrono::seconds>(limits.time).count()) +
+            " s; --max-time raises the limit");
+    throw ImportEnded("the import of " + subject + " was cancelled");
+}
+
+ImportedPart Import(const CString& file, FileContent content, const Reading& reading) {
+    ImportedPart part{file, std::move(content), nullptr, {}, {}};
+    std::optional<Interrupt> interrupt;
+    if (reading.interruptible) interrupt.emplace();
+    std::stop_source stop;
+    veka::ImportOptions options;
+    options.memoryLimit = Bytes(reading.limits.memory);
+    if (reading.limits.time.count() > 0) options.timeLimit = reading.limits.time;
+    options.stop = stop.get_token();
+    options.progress = [&](const veka::ImportProgress& progress) {
+        const bool goOn = !reading.goOn || reading.goOn(progress);
+        if (!goOn || (interrupt && Interrupt::Happened())) stop.request_stop();
+    };
     CVEK_AsciiParser parser;
-    parser.SetVEKAsciiFilePath(copy.Path());
-    parser.Parser();
+    part.result = veka::ImportBytes(parser, part.content.bytes, options);
+    RequireCompleted(std::string(file.View()), part.result, reading.limits);
+    part.faults = Faults(part.result);
     part.model.reset(parser.GetCVEKA_Manager());
     parser.SetCVEKA_Manager(nullptr);
     return part;
+}
+
+/// Why a file that breaks off has no part.
+std::string WhereItEnds(const ImportedPart& part) {
+    std::vector<std::string> faults;
+    if (!part.result.structure.open.empty()) AddFaultsOfLevels(faults, part.result);
+    return faults.empty() ? "" : ": " + faults.back();
 }
 
 }  // namespace
@@ -106,31 +111,33 @@ std::string ImportedPart::Name() const {
     return std::string(SBUtility::GetInstance().EncodeEntityCode(Mpn()).View());
 }
 
-ImportedPart ReadPart(const CString& file) {
-    return Import(file, ReadRegularFile(veka::ToPath(file), kLargestFile));
+ImportedPart ReadPart(const CString& file, const Reading& reading) {
+    return Import(file, ReadRegularFile(veka::ToPath(file), Bytes(reading.limits.size)), reading);
 }
 
-ImportedPart ReadPart(std::istream& in) {
+ImportedPart ReadPart(std::istream& in, const Reading& reading) {
     FileContent content;
+    const std::uint64_t limit = Bytes(reading.limits.size);
     constexpr size_t kBlock = 1 << 18;
     while (in) {
         const size_t size = content.bytes.size();
         content.bytes.resize(size + kBlock);
         in.read(content.bytes.data() + size, kBlock);
         content.bytes.resize(size + static_cast<size_t>(in.gcount()));
-        if (content.bytes.size() > kLargestFile)
-            throw SourceError("standard input is larger than " + std::to_string(kLargestFile >> 20) + " MB");
+        if (content.bytes.size() > limit)
+            throw SourceError("standard input is larger than " + std::to_string(reading.limits.size) +
+                              " MB; --max-size raises the limit");
     }
     if (in.bad()) throw SourceError("cannot read standard input");
-    return Import(kStandardInput, std::move(content));
+    return Import(kStandardInput, std::move(content), reading);
 }
 
 void RequireSections(const ImportedPart& part) {
-    if (!part.hasSections) throw NoPart(Quoted(part.file) + " holds no part");
+    if (!part.HasSections()) throw NoPart(Quoted(part.file) + " holds no part" + WhereItEnds(part));
 }
 
 void RequirePartNumber(const ImportedPart& part) {
-    if (!part.hasPart) throw NoPart(Quoted(part.file) + " holds no part");
+    if (!part.HasPart()) throw NoPart(Quoted(part.file) + " holds no part" + WhereItEnds(part));
     if (part.Mpn().IsEmpty()) throw NoPart(Quoted(part.file) + " holds no part with a part number");
 }
 

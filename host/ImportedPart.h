@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "host/PartLibrary.h"
+#include "host/Reading.h"
 #include "model/CVEKA_Manager.h"
+#include "parser/Import.h"
 
 namespace host {
 
@@ -16,9 +18,12 @@ struct ImportedPart {
     FileContent content;  ///< what is stored
     std::unique_ptr<CVEKA_Manager> model;
     std::vector<std::string> faults;  ///< a sentence for each thing that is wrong with the file as a whole
-    bool hasSections = false;         ///< the file has a section that the import reads
-    bool hasPart = false;             ///< the file has the section of a part
+    veka::ImportResult result;
 
+    /// True if the file has a section that the import reads.
+    bool HasSections() const { return result.sections > result.unreadSections; }
+    /// True if the file has the section of a part.
+    bool HasPart() const { return result.parts > 0; }
     const CVEKA_Manager& Model() const { return *model; }
     CString Mpn() const { return Model().GetVEK()->GetPartGeneral()->GetMPN(); }
     /// The name of the part in a library; empty for a part without a part number.
@@ -30,10 +35,15 @@ struct NoPart : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
-/// Reads and imports a part data file. Raises `SourceError`, and what the import raises.
-ImportedPart ReadPart(const CString& file);
+/// An import that exceeded a limit, or that the user ended.
+struct ImportEnded : std::runtime_error {
+    using runtime_error::runtime_error;
+};
+
+/// Reads and imports a part data file. Raises `SourceError`, `ImportEnded`, and what the import raises.
+ImportedPart ReadPart(const CString& file, const Reading& reading = {});
 /// Reads and imports a part data file from standard input.
-ImportedPart ReadPart(std::istream& in);
+ImportedPart ReadPart(std::istream& in, const Reading& reading = {});
 
 /// Raises `NoPart` where a file has nothing that the import reads.
 void RequireSections(const ImportedPart& part);

@@ -1,11 +1,11 @@
 #include "host/PinTable.h"
 
 #include <algorithm>
+#include <iterator>
 #include <ostream>
-#include <set>
-#include <unordered_map>
 
 #include "inspect/Shortest.h"
+#include "model/PartIndex.h"
 #include "platform/Printable.h"
 
 namespace host {
@@ -16,35 +16,11 @@ std::string Text(const CString& text) {
     return std::string(text.View());
 }
 
-/// The element of a name, else the first one; null where there is none.
-template <class Array, class Name>
-auto Find(const Array& array, const CString& wanted, Name name) -> decltype(array.GetAt(0)) {
-    for (const auto& element : array)
-        if (element && name(*element) == wanted) return element;
-    return array.GetSize() > 0 ? array.GetAt(0) : nullptr;
+/// A row without a place. `electrical` may be null.
+PinRow RowOf(const CString& number, const CVEKA_ElectricalPin* electrical) {
+    if (!electrical) return {Text(number), "", "", "", "", ""};
+    return {Text(number), Text(electrical->GetSignalName()), Text(electrical->GetType()), "", "", ""};
 }
-
-/// What the sections of a part say about its pins, by their numbers.
-class Pins {
-public:
-    explicit Pins(const CVEKA_Manager& part) {
-        const CVEKA_VEK& vek = *part.GetVEK();
-        for (const CVEKA_ElectricalPin* pin : *vek.GetElectrical()->GetElectricalPins())
-            if (pin) m_electrical.emplace(Text(pin->GetName()), pin);
-    }
-    /// A row without a place.
-    PinRow Row(const CString& number) const {
-        PinRow row{Text(number), "", "", "", "", ""};
-        const auto found = m_electrical.find(row[0]);
-        if (found == m_electrical.end()) return row;
-        row[1] = Text(found->second->GetSignalName());
-        row[2] = Text(found->second->GetType());
-        return row;
-    }
-
-private:
-    std::unordered_map<std::string, const CVEKA_ElectricalPin*> m_electrical;
-};
 
 void SetPlace(PinRow& row, const CVEKA_Coordinate& point) {
     row[4] = veka::Shortest(point.GetX());
@@ -68,38 +44,25 @@ std::string CsvField(const std::string& text) {
 }  // namespace
 
 std::vector<PinRow> PinTable(const CVEKA_Manager& part) {
-    const CVEKA_VEK& vek = *part.GetVEK();
-    const Pins pins(part);
+    const veka::PartIndex index(part);
     std::vector<PinRow> rows;
-    std::set<std::string> known;
-    const auto add = [&](PinRow row) {
-        known.insert(row[0]);
-        rows.push_back(std::move(row));
-    };
-
-    const CVEKA_Packages& packages = *vek.GetPackages();
-    const CVEKA_Package* package = Find(*packages.GetPackageArr(), packages.GetDefaultPackageName(),
-                                        [](const CVEKA_Package& one) { return one.GetName(); });
-    const CVEKA_FootprintDB* footprint =
-        Find(*part.GetFootprintDBArr(), package ? package->GetDefaultFootprintName() : CString(),
-             [](const CVEKA_FootprintDB& one) { return one.GetFootprintName(); });
+    const CVEKA_Package* package = index.DefaultPackage();
+    const CVEKA_FootprintDB* footprint = index.DefaultFootprint(package);
     if (footprint)
         for (const CVEKA_FootprintPin* pin : *footprint->GetFPins()) {
             if (!pin) continue;
-            PinRow row = pins.Row(pin->GetPinName());
+            const CString number = pin->GetPinName();
+            PinRow& row = rows.emplace_back(RowOf(number, index.ElectricalPin(number)));
             row[3] = Text(pin->GetLibPadstackName());
             SetPlace(row, *pin->GetPoint());
-            add(std::move(row));
         }
-    if (package)
-        for (const CVEKA_PackagePin* pin : *package->GetPKGPins()) {
-            if (!pin || known.count(Text(pin->GetPKGPinName()))) continue;
-            PinRow row = pins.Row(pin->GetPKGPinName());
-            SetPlace(row, *pin->GetPoint());
-            add(std::move(row));
-        }
-    for (const CVEKA_ElectricalPin* pin : *vek.GetElectrical()->GetElectricalPins())
-        if (pin && !known.count(Text(pin->GetName()))) add(pins.Row(pin->GetName()));
+    std::vector<PinRow> others[2];  // pins of the package, and those that have no place at all
+    for (const veka::JoinedPin& pin : veka::JoinPins(index, package, footprint, nullptr)) {
+        if (!pin.footprint.empty()) continue;
+        PinRow& row = others[pin.package ? 0 : 1].emplace_back(RowOf(pin.name, pin.electrical));
+        if (pin.package) SetPlace(row, *pin.package->GetPoint());
+    }
+    for (std::vector<PinRow>& other : others) std::move(other.begin(), other.end(), std::back_inserter(rows));
     return rows;
 }
 

@@ -146,7 +146,8 @@ FileContent ReadRegularFile(const fs::path& path, std::uintmax_t limit) {
         content.bytes.reserve(static_cast<size_t>(before.st_size) + 1);
     if (!ReadAll(file.Get(), limit, content.bytes)) Fail<SourceError>("cannot read", path);
     if (content.bytes.size() > limit)
-        throw SourceError(Quoted(path) + " is larger than " + std::to_string(limit >> 20) + " MB");
+        throw SourceError(Quoted(path) + " is larger than " + std::to_string(limit >> 20) +
+                          " MB; --max-size raises the limit");
     struct stat after {};
     if (fstat(file.Get(), &after) != 0) Fail<SourceError>("cannot read", path);
     // The files of some file systems that the kernel makes up have no size.

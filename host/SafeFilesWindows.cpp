@@ -143,7 +143,8 @@ FileContent ReadRegularFile(const fs::path& path, std::uintmax_t limit) {
         content.bytes.resize(size + count);
     }
     if (content.bytes.size() > limit)
-        throw SourceError(Quoted(path) + " is larger than " + std::to_string(limit >> 20) + " MB");
+        throw SourceError(Quoted(path) + " is larger than " + std::to_string(limit >> 20) +
+                          " MB; --max-size raises the limit");
     if (!GetFileInformationByHandle(file.Get(), &after)) Fail<SourceError>("cannot read", path);
     if (!SameInformation(before, after)) throw SourceError(Quoted(path) + " changed while it was read");
     return content;

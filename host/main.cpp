@@ -9,6 +9,7 @@
 #endif
 
 #include "host/Host.h"
+#include "host/Interrupt.h"
 
 #if defined(VEKA_WITH_QT)
 #include "host/qt/QtDesktop.h"
@@ -38,5 +39,9 @@ int main([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
     const bool terminal = isatty(0) != 0;
     signal(SIGPIPE, SIG_IGN);  // output that nobody reads is reported, and stops no store
 #endif
-    return host::RunHost(arguments, {std::cin, std::cout, std::cerr, terminal}, desktop);
+    const int code = host::RunHost(arguments, {std::cin, std::cout, std::cerr, terminal}, desktop);
+#ifndef _WIN32
+    if (host::Interrupt::Happened()) raise(SIGINT);  // so that a script that runs this program ends, too
+#endif
+    return code;
 }

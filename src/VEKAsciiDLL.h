@@ -13,6 +13,7 @@
 #include "model/CVEKA_MinMax.h"
 #include "model/CVEKA_RLC.h"
 #include "model/CVEKA_Type.h"
+#include "model/PartIndex.h"
 #include "model/objects/Objects.h"
 #include "parser/CInvalidAccessException.h"
 #include "parser/CVEK_AsciiParser.h"

@@ -121,7 +121,7 @@ private:
     /// Imports a file; returns what became of it.
     CString ImportOne(const CString& file) {
         try {
-            ImportedPart part = ReadPart(file);
+            ImportedPart part = ReadPart(file, m_window.ReadingBox(file));
             RequirePartNumber(part);
             Outcome outcome = Store(part, m_library, Existing::Keep, m_window.WaitingBox(m_library));
             m_window.Show(std::move(part));
@@ -311,7 +311,7 @@ void MainWindow::Import() {
 void MainWindow::Open(const std::vector<CString>& files) {
     for (const CString& file : files)
         Guarded(file, [&] {
-            ImportedPart part = ReadPart(file);
+            ImportedPart part = ReadPart(file, ReadingBox(file));
             RequireSections(part);
             Remember(kLastFile, file);
             AddRecent(kRecentFiles, file);
@@ -327,7 +327,7 @@ void MainWindow::ImportFiles(const std::vector<CString>& files) {
         return RunDialog(files[0], Remembered(kLastLibrary));
     if (files.size() == 1)
         return Guarded(files[0], [&] {
-            ImportedPart part = ReadPart(files[0]);
+            ImportedPart part = ReadPart(files[0], ReadingBox(files[0]));
             RequirePartNumber(part);
             AddRecent(kRecentFiles, files[0]);
             Show(std::move(part));
@@ -380,7 +380,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 void MainWindow::RunDialog(const CString& file, const CString& library) {
     Guarded(file, [&] {
         veka::QtWnd parent(this);
-        std::optional<DialogChoice> choice = RunImportDialog(file, library, &parent);
+        std::optional<DialogChoice> choice = RunImportDialog(file, library, {m_limits}, &parent);
         if (!choice) return;
         Remember(kLastFile, choice->part.file);
         AddRecent(kRecentFiles, choice->part.file);
@@ -436,6 +436,28 @@ Waiting MainWindow::WaitingBox(const CString& library) {
         QCoreApplication::processEvents();
         return !(*box)->wasCanceled();
     };
+}
+
+/// Shows how far an import has come, with a button to cancel, after half a second.
+Reading MainWindow::ReadingBox(const CString& file) {
+    const auto box = std::make_shared<std::unique_ptr<QProgressDialog>>();
+    const auto begin = std::chrono::steady_clock::now();
+    const auto goOn = [this, file, box, begin](const veka::ImportProgress& progress) {
+        if (std::chrono::steady_clock::now() - begin < std::chrono::milliseconds(500)) return true;
+        constexpr int kSteps = 1000;
+        if (!*box) {
+            *box = std::make_unique<QProgressDialog>(veka::ToQString("Importing " + file), "Cancel", 0,
+                                                     kSteps, this);
+            (*box)->setWindowModality(Qt::WindowModal);
+            (*box)->setAutoReset(false);
+            (*box)->show();
+        }
+        if (progress.bytesTotal > 0)
+            (*box)->setValue(static_cast<int>(progress.bytesRead * kSteps / progress.bytesTotal));
+        QCoreApplication::processEvents();
+        return !(*box)->wasCanceled();
+    };
+    return {m_limits, goOn, false};
 }
 
 void MainWindow::Show(ImportedPart part) {

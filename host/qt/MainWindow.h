@@ -31,6 +31,8 @@ public:
 
     /// What the dialog opens with next; an empty text leaves what was there the last time.
     void Suggest(const CString& file, const CString& library);
+    /// What an import may cost from now on.
+    void SetLimits(const Limits& limits) { m_limits = limits; }
     /// Opens the dialog; imports, shows and stores the part that the user chooses.
     void Import();
     /// Reads files, shows the last one and stores nothing.
@@ -70,6 +72,7 @@ private:
     void List(const CString& file, const CString& state);
     bool MayReplace(const ImportedPart& part);
     Waiting WaitingBox(const CString& library);
+    Reading ReadingBox(const CString& file);
 
     void Remember(const char* key, const CString& path);
     CString Remembered(const char* key) const;
@@ -78,6 +81,7 @@ private:
     void FillRecent(QMenu* menu, const char* key, const std::function<void(const CString&)>& choose);
 
     QSettings& m_settings;
+    Limits m_limits;
     std::optional<ImportedPart> m_part;
     std::function<void()> m_whenShown;
     QLabel* m_number;

@@ -22,6 +22,7 @@ std::unique_ptr<veka::UserInterface> QtDesktop::MakeUserInterface() {
 int QtDesktop::RunApplication(const CommandLine& line) {
     QSettings settings(QSettings::IniFormat, QSettings::UserScope, "veka-host", "veka-host");
     MainWindow window(settings);
+    window.SetLimits(line.limits);
     const std::vector<CString> files(line.files.begin(), line.files.end());
     window.Suggest(files.empty() ? CString() : files[0], CString(line.library));
     window.show();

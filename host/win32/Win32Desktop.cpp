@@ -27,7 +27,8 @@ std::unique_ptr<veka::UserInterface> Win32Desktop::MakeUserInterface() {
 int Win32Desktop::RunApplication(const CommandLine& line) {
     const std::string file = line.files.empty() ? "" : line.files[0];
     try {
-        const std::optional<DialogChoice> choice = RunImportDialog(CString(file), CString(line.library));
+        const std::optional<DialogChoice> choice =
+            RunImportDialog(CString(file), CString(line.library), {line.limits});
         if (!choice) return kRefused;
         const CString name(choice->part.Name());
         Outcome outcome = Store(choice->part, choice->library, choice->existing, GiveUpAfter(line.wait));

@@ -85,9 +85,21 @@ TEST(CommandLine, AnOptionAndItsValueCanBeOneArgument) {
     EXPECT_EQ(line.wait, std::chrono::seconds(7));
     EXPECT_THAT(line.files, ElementsAre("f=g"));
     EXPECT_EQ(ParseCommandLine({"--pins=csv"}).print, host::Print::PinsCsv);
-    for (const char* argument : {"--help=x", "--quiet=", "--print=xml", "--library=", "--wait=", "--wait=1x",
-                                 "--wait=-1", "--what=x"})
+    for (const char* argument :
+         {"--help=x", "--quiet=", "--print=xml", "--library=", "--wait=", "--wait=1x", "--wait=-1",
+          "--what=x", "--max-size=1MB", "--max-memory=", "--max-time=1.5"})
         EXPECT_THROW(ParseCommandLine({argument}), UsageError) << argument;
+}
+
+TEST(CommandLine, LimitsCanBeSet) {
+    EXPECT_EQ(ParseCommandLine({"f"}).limits.size, 256u);
+    EXPECT_EQ(ParseCommandLine({"f"}).limits.memory, 2048u);
+    EXPECT_EQ(ParseCommandLine({"f"}).limits.time, std::chrono::seconds(60));
+    const host::Limits limits =
+        ParseCommandLine({"f", "--max-size", "1", "--max-memory=2", "--max-time", "0"}).limits;
+    EXPECT_EQ(limits.size, 1u);
+    EXPECT_EQ(limits.memory, 2u);
+    EXPECT_EQ(limits.time, std::chrono::seconds(0));
 }
 
 TEST(CommandLine, TakesSeveralFiles) {

@@ -328,6 +328,42 @@ TEST_F(HostTest, AnAbsentChildIsOneSentenceAndStoresNothing) {
     EXPECT_TRUE(std::filesystem::is_empty(Root()));
 }
 
+TEST_F(HostTest, ATruncatedFileIsToldByTheLevelThatIsOpen) {
+    const std::string file = Write("part.veka", "(FONTS)\n(VEK (PARTGENERAL (MPN A))\n(LAYERS (LAYER");
+    EXPECT_EQ(Run({file, "--library", library}), 1);
+    EXPECT_EQ(err.str(), "veka-host: \"" + file +
+                             "\": it ends inside the level \"LAYER\" of line 3, within \"VEK\" of line 2\n"
+                             "veka-host: \"" +
+                             file +
+                             "\" holds no part: it ends inside the level \"LAYER\" of line 3, within " +
+                             "\"VEK\" of line 2\n");
+    EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN A)))\n(PADS\n"), 0);
+    EXPECT_THAT(err.str(), EndsWith("\": it ends inside the level \"PADS\" of line 2\n"));
+}
+
+TEST_F(HostTest, ALevelTooDeepIsToldOnce) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN A)))\n" + std::string(21, '(')), 0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_THAT(err.str(),
+                EndsWith("\": nothing was read from line 2 on: Parser meet unexpected Brace Counting "
+                         "Number, 21 at line number 2.!\n"));
+}
+
+TEST_F(HostTest, AFileThatCostsTooMuchIsRefused) {
+    std::string packages = "(VEK (PARTGENERAL (MPN A)) (PACKAGES ";
+    for (int i = 0; i < 2'000; ++i) packages += "(PACKAGE)";
+    const std::string file = Write("part.veka", packages + "))");
+    EXPECT_EQ(Run({file, "--library", library, "--max-memory", "1"}), 1);
+    EXPECT_EQ(err.str(), "veka-host: the import of \"" + file +
+                             "\" takes more than 1 MB of memory; --max-memory raises the limit\n");
+    EXPECT_FALSE(Stored("A"));
+    EXPECT_EQ(Run({file, "--ui", "console", "--library", library, "--max-memory", "1"}, "\n\n"), 1);
+    EXPECT_THAT(err.str(), HasSubstr("takes more than 1 MB of memory"));
+    EXPECT_FALSE(Stored("A"));
+    EXPECT_EQ(Run({file, "--library", library, "--max-memory", "0"}), 0);
+}
+
 TEST_F(HostTest, HelpAndVersionAreShown) {
     EXPECT_EQ(Run({"--help"}), 0);
     EXPECT_THAT(out.str(), HasSubstr("usage: veka-host"));
