@@ -86,6 +86,17 @@ if(TARGET veka-host)
         set_target_properties(veka-host PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
     endif()
     install(TARGETS veka-host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT host)
+    if(NOT WIN32)
+        set(desktop ${PROJECT_SOURCE_DIR}/host/desktop)
+        install(FILES ${desktop}/completion.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+                RENAME veka-host COMPONENT host)
+        install(FILES ${desktop}/veka-host.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages COMPONENT host)
+        if(TARGET VEKAsciiQt)
+            install(FILES ${desktop}/veka-host.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT host)
+            install(FILES ${desktop}/veka-host.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
+                    COMPONENT host)
+        endif()
+    endif()
 endif()
 
 include(${CMAKE_CURRENT_LIST_DIR}/VekaPackages.cmake)

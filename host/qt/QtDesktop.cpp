@@ -1,6 +1,7 @@
 #include "host/qt/QtDesktop.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QSettings>
 
 #include "host/ExitCode.h"
@@ -16,6 +17,9 @@ bool QtDesktop::HasDisplay() {
 std::unique_ptr<veka::UserInterface> QtDesktop::MakeUserInterface() {
     auto userInterface = std::make_unique<veka::QtUserInterface>();
     QApplication::setApplicationName("veka-host");
+    // The names of the entry and of the icon that are installed.
+    QApplication::setDesktopFileName("veka-host");
+    QApplication::setWindowIcon(QIcon::fromTheme("veka-host"));
     return userInterface;
 }
 
