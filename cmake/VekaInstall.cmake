@@ -1,4 +1,5 @@
-# What `cmake --install` puts where, in components: runtime, development, qt, solids, host.
+# What `cmake --install` puts where, in components: runtime, development, qt, solids, host,
+# python.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -97,6 +98,21 @@ if(TARGET veka-host)
                     COMPONENT host)
         endif()
     endif()
+endif()
+
+if(TARGET veka_python)
+    set(VEKA_PYTHON_FOLDER lib/python3/dist-packages CACHE STRING "Where the module for Python is installed")
+    file(RELATIVE_PATH lib_from_module /${VEKA_PYTHON_FOLDER}/veka /${CMAKE_INSTALL_LIBDIR})
+    if(NOT CMAKE_INSTALL_PREFIX STREQUAL /usr)
+        set_target_properties(veka_python PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_module}")
+    endif()
+    install(TARGETS veka_python LIBRARY DESTINATION ${VEKA_PYTHON_FOLDER}/veka COMPONENT python)
+    install(FILES ${PROJECT_BINARY_DIR}/python/veka/__init__.py ${PROJECT_BINARY_DIR}/python/veka/__init__.pyi
+                  ${PROJECT_BINARY_DIR}/python/veka/py.typed
+            DESTINATION ${VEKA_PYTHON_FOLDER}/veka COMPONENT python)
+    install(FILES docs/python.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/python3-veka COMPONENT python)
+    install(DIRECTORY python/examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/python3-veka COMPONENT python
+            FILES_MATCHING PATTERN *.py)
 endif()
 
 include(${CMAKE_CURRENT_LIST_DIR}/VekaPackages.cmake)

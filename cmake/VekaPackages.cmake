@@ -72,4 +72,13 @@ if(TARGET VEKAsciiSolids)
                  "libvekasciidll-dev ${exactly}, libocct-data-exchange-dev, libocct-ocaf-dev, libocct-visualization-dev"
                  "Makes solids of bodies and leads, and STEP and glTF files of them, by\nOpenCASCADE.")
 endif()
+if(TARGET veka_python)
+    list(APPEND CPACK_COMPONENTS_ALL python)
+    # The module is built for one release of Python.
+    execute_process(COMMAND ${VEKA_PYTHON_PROGRAM} -c
+                            "import sys; major, minor = sys.version_info[:2]; print(f'python3 (>= {major}.{minor}), python3 (<< {major}.{minor + 1})')"
+                    OUTPUT_VARIABLE python_release OUTPUT_STRIP_TRAILING_WHITESPACE)
+    veka_package(python python3-veka python "libvekasciidll1 (>= ${PROJECT_VERSION}), ${python_release}"
+                 "Reads parts in Python, with every record and field, and gives them as\ndictionaries.")
+endif()
 include(CPack)
