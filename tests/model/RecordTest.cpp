@@ -24,10 +24,7 @@ std::string FieldNames() {
 TEST(Record, DescribesItsFieldsInOrder) {
     EXPECT_EQ(FieldNames<CVEKA_Comment>(), "Index Property Comment ");
     EXPECT_EQ(FieldNames<CVEKA_Type>(), "Name Value1 Value2 ");
-    EXPECT_EQ(FieldNames<CVEKA_PartGeneral>(),
-              "Unit Manufacturer MPN CPN Preference ProductFamily FunctionalType PackageType PartDescription "
-              "Layout "
-              "NumberOfPins BOM History CommentArr ReferenceURLArr ");
+    EXPECT_EQ(FieldNames<CVEKA_Preference>(), "TempCPN Status ");
 }
 
 template <class Record>
