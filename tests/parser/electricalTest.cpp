@@ -37,9 +37,10 @@ TEST(ELECTRICALParser, AnEmptyLevelGivesAnEmptySection) {
 }
 
 TEST(ELECTRICALParser, ReadsTheExample) {
-    const auto electrical = Electrical(
-        "(DEVICEMODELS (MODEL KIND1 model1.dat) (MODEL KIND2 model2.dat)) (PINMAPPINGMODE TRUE)"
-        " (PINGROUPS (PINGROUP GROUP1 A1 A2 A3) (PINGROUP GROUP2 B1))");
+    const auto electrical = Electrical(R"(
+        (DEVICEMODELS (MODEL KIND1 model1.dat) (MODEL KIND2 model2.dat))
+        (PINMAPPINGMODE TRUE)
+        (PINGROUPS (PINGROUP GROUP1 A1 A2 A3) (PINGROUP GROUP2 B1)))");
     ASSERT_EQ(electrical->GetDeviceModels()->GetSize(), 2);
     EXPECT_EQ(electrical->GetDeviceModels()->GetAt(0)->GetModelType(), "KIND1");
     EXPECT_EQ(electrical->GetDeviceModels()->GetAt(1)->GetFilePath(), "model2.dat");
@@ -89,10 +90,10 @@ TEST(ELECTRICALParser, AModelDirectlyUnderItIsSkipped) {
 }
 
 TEST(POWERRAILSParser, ReadsTheExample) {
-    const auto rails = Rails(
-        "(PRAIL (SIGNALNAME VDD RLC) (PDSMODEL KIND1 MODEL1) (FREQUECNY 1000 100000 0.05) (FREQUECNY 100000 "
-        "1000000 0.1)"
-        " (RLC (R 0.01) (L 0.0001) (C 0.000001)) (RL (R 0.02) (L 0.0002)))");
+    const auto rails = Rails(R"(
+        (PRAIL
+            (SIGNALNAME VDD RLC) (PDSMODEL KIND1 MODEL1) (FREQUECNY 1000 100000 0.05)
+            (FREQUECNY 100000 1000000 0.1) (RLC (R 0.01) (L 0.0001) (C 0.000001)) (RL (R 0.02) (L 0.0002))))");
     ASSERT_EQ(rails->GetSize(), 1);
     const CVEKA_PowerRail& rail = *rails->GetAt(0);
     EXPECT_EQ(rail.GetSignalName()->GetStrSignalName(), "VDD");
@@ -155,9 +156,10 @@ TEST(POWERRAILSParser, ValuesDirectlyOnALumpedTargetAreNotRead) {
 }
 
 TEST(POWERRAILSParser, BandsAddUpWhileASecondSignalReplacesTheFirst) {
-    const auto rails = Rails(
-        "(PRAIL (FREQUECNY) (FREQUECNY) (SIGNALNAME A RLC) (SIGNALNAME B) (PDSMODEL C D) (PDSMODEL E) (RLC "
-        "(R 1) (L 2)) (RLC (R 3)))");
+    const auto rails = Rails(R"(
+        (PRAIL
+            (FREQUECNY) (FREQUECNY) (SIGNALNAME A RLC) (SIGNALNAME B) (PDSMODEL C D) (PDSMODEL E)
+            (RLC (R 1) (L 2)) (RLC (R 3))))");
     EXPECT_EQ(rails->GetAt(0)->GetFrequencyArr()->GetSize(), 2);
     EXPECT_EQ(rails->GetAt(0)->GetSignalName()->GetStrSignalName(), "B");
     EXPECT_EQ(rails->GetAt(0)->GetSignalName()->GetTargetType(), 0);
@@ -176,11 +178,15 @@ TEST(PASSIVEVALUEParser, AnEmptyLevelGivesADefaultRecord) {
 }
 
 TEST(PASSIVEVALUEParser, ReadsTheExample) {
-    const auto value = Passive(
-        "(NOMINALVALUE 10K) (KIND1 10000) (SPICEMODEL MODEL1) (CURRENT 0.5) (VOLTAGE 50) (POWER 0.25)"
-        " (MODELS RLC (RLC (R 10000) (L 0.000001) (C 0.0000000001)) (SPICE model1.lib) (SPARAMETER "
-        "model1.dat))"
-        " (PINPAIRS (PAIR 1 2) (PAIR 3 4))");
+    const auto value = Passive(R"(
+        (NOMINALVALUE 10K)
+        (KIND1 10000)
+        (SPICEMODEL MODEL1)
+        (CURRENT 0.5)
+        (VOLTAGE 50)
+        (POWER 0.25)
+        (MODELS RLC (RLC (R 10000) (L 0.000001) (C 0.0000000001)) (SPICE model1.lib) (SPARAMETER model1.dat))
+        (PINPAIRS (PAIR 1 2) (PAIR 3 4)))");
     EXPECT_EQ(value->GetNominalValue(), "10K");
     EXPECT_EQ(value->GetType()->Name, "KIND1");
     EXPECT_EQ(value->GetType()->Value1, 10000);
@@ -241,12 +247,11 @@ TEST(PASSIVEVALUEParser, TheModelsValuesStandInChildLevels) {
 }
 
 TEST(ELECTRICALPINSParser, ReadsTheExample) {
-    const auto pins = Pins(
-        "(EPIN (NAME 1) (SNAME VCC) (TYPE KIND1) (PUPD SIG1 SIG2) (INVERTER 2) (DEVICEMODELTYPE KIND2) "
-        "(DNAME MODEL1)"
-        " (DRMODEL DRIVER1 DRIVER2) (PKGPINMODELTYPE KIND3) (PNAME MODEL2) (RCMODEL MODEL3) (RLC 0.1 0.2 "
-        "0.3) (STUP NAME1)"
-        " (PORT IN1 OUT1))");
+    const auto pins = Pins(R"(
+        (EPIN
+            (NAME 1) (SNAME VCC) (TYPE KIND1) (PUPD SIG1 SIG2) (INVERTER 2) (DEVICEMODELTYPE KIND2)
+            (DNAME MODEL1) (DRMODEL DRIVER1 DRIVER2) (PKGPINMODELTYPE KIND3) (PNAME MODEL2) (RCMODEL MODEL3)
+            (RLC 0.1 0.2 0.3) (STUP NAME1) (PORT IN1 OUT1)))");
     ASSERT_EQ(pins->GetSize(), 1);
     const CVEKA_ElectricalPin& pin = *pins->GetAt(0);
     EXPECT_EQ(pin.GetName(), "1");

@@ -51,11 +51,21 @@ TEST(Parser, ReadsTheFontsFirstAndTheirFirstLevelAlone) {
 
 // Q1, Q2
 TEST(Parser, ALaterLibrarySectionReplacesAnEarlierOneAndPinShapesAddUp) {
-    const auto parser = Import(
-        "(PADS (PAD (PADNAME A)) (PAD)) (PADS (PAD (PADNAME B))) (NSHAPE A) (NSHAPE B) (NSHAPE)"
-        " (PARTITIONS (PARTITION) (PARTITION)) (PARTITIONS (PARTITION (PARTITION P)))"
-        " (COLORTABLE (1) (2)) (COLORTABLE (3)) (PADSTACKS (PADSTACK) (PADSTACK)) (PADSTACKS)"
-        " (FOOTPRINTS (FOOTPRINT) (FOOTPRINT)) (FOOTPRINTS) (FOOTPRINT (FOOTPRINTNAME F))");
+    const auto parser = Import(R"(
+        (PADS (PAD (PADNAME A)) (PAD))
+        (PADS (PAD (PADNAME B)))
+        (NSHAPE A)
+        (NSHAPE B)
+        (NSHAPE)
+        (PARTITIONS (PARTITION) (PARTITION))
+        (PARTITIONS (PARTITION (PARTITION P)))
+        (COLORTABLE (1) (2))
+        (COLORTABLE (3))
+        (PADSTACKS (PADSTACK) (PADSTACK))
+        (PADSTACKS)
+        (FOOTPRINTS (FOOTPRINT) (FOOTPRINT))
+        (FOOTPRINTS)
+        (FOOTPRINT (FOOTPRINTNAME F)))");
     const CVEKA_Manager& model = *parser->GetCVEKA_Manager();
     ASSERT_EQ(model.GetPadArr()->GetSize(), 1);
     EXPECT_EQ(model.GetPadArr()->GetAt(0)->GetPadName(), "B");
@@ -82,14 +92,18 @@ TEST(Parser, TheSameParserReadingTwiceReplacesSectionsAndKeepsPinShapes) {
 
 // Q18
 TEST(Parser, NoNullElementReachesTheModel) {
-    const auto parser = Import(
-        "(FOOTPRINTS (FOOTPRINT (CAMLAYERS (LAYER (LINE) (NOSUCH) (POLYGON (BOUNDARY (NOSUCH) (LINE))) "
-        "(COMPOSITE (NOSUCH))))))"
-        " (PARTITIONS (PARTITION (BODYSHAPE (NOSUCH) (LINE)) (PARTITIONPINS (PARTITIONPIN 1 (POLYLINE "
-        "(NOSUCH))))))"
-        " (PADS (PAD (NOSUCH) (VOID (NOSUCH) (LINE))))"
-        " (VEK (PACKAGES (PACKAGE (MARKINGGEOMETRIES (NOSUCH) (POLYLINE (NOSUCH))) (BODYGEOMETRY (BODYSHAPE "
-        "(COMPOSITE (NOSUCH)))))))");
+    const auto parser = Import(R"(
+        (FOOTPRINTS
+            (FOOTPRINT
+                (CAMLAYERS (LAYER (LINE) (NOSUCH) (POLYGON (BOUNDARY (NOSUCH) (LINE))) (COMPOSITE (NOSUCH))))))
+        (PARTITIONS
+            (PARTITION (BODYSHAPE (NOSUCH) (LINE)) (PARTITIONPINS (PARTITIONPIN 1 (POLYLINE (NOSUCH))))))
+        (PADS (PAD (NOSUCH) (VOID (NOSUCH) (LINE))))
+        (VEK
+            (PACKAGES
+                (PACKAGE
+                    (MARKINGGEOMETRIES (NOSUCH) (POLYLINE (NOSUCH)))
+                    (BODYGEOMETRY (BODYSHAPE (COMPOSITE (NOSUCH))))))))");
     CVEKA_Manager& model = *parser->GetCVEKA_Manager();
     const auto& drawn = *model.GetFootprintDBArr()->GetAt(0)->GetCAMLayers()->GetAt(0)->GetCamLayerDrawObjs();
     ASSERT_EQ(drawn.GetSize(), 3);
@@ -138,10 +152,10 @@ TEST(COLORTABLEParser, EveryChildIsAColourByItsName) {
 }
 
 TEST(FontLibParser, ReadsTheExample) {
-    const auto fonts = Fonts(
-        "(FONT (ID 1) (CHARWIDTH 1.2) (CHARHEIGHT 1.5) (CHARSPACE 0.1) (LINESPACE 0.2) (PENWIDTH 0.05) "
-        "(WINDOWFONTNAME FONT1)"
-        " (WINDOWFONTSIZE 12))");
+    const auto fonts = Fonts(R"(
+        (FONT
+            (ID 1) (CHARWIDTH 1.2) (CHARHEIGHT 1.5) (CHARSPACE 0.1) (LINESPACE 0.2) (PENWIDTH 0.05)
+            (WINDOWFONTNAME FONT1) (WINDOWFONTSIZE 12)))");
     const CVEKA_Font& font = *fonts->GetAt(0);
     EXPECT_EQ(font.GetFontID(), 1);
     EXPECT_EQ(font.GetCharWidthA(), 1.2);
@@ -181,9 +195,9 @@ TEST(CVEKA_FontArray, FindsTheFirstFontOfANumber) {
 }
 
 TEST(PADParser, ReadsTheExample) {
-    const auto pads = Pads(
-        "(PAD (PADNAME P60) (OFFSET 0.1 0.2) (FILLCIRCLE (PT 0 0) (D 0.6))) (PAD (PADNAME R40) (RECTANGLE (W "
-        "1)))");
+    const auto pads = Pads(R"(
+        (PAD (PADNAME P60) (OFFSET 0.1 0.2) (FILLCIRCLE (PT 0 0) (D 0.6)))
+        (PAD (PADNAME R40) (RECTANGLE (W 1))))");
     ASSERT_EQ(pads->GetSize(), 2);
     EXPECT_EQ(pads->GetAt(0)->GetPadName(), "P60");
     EXPECT_EQ(pads->GetAt(0)->GetOffsetX(), 0.1);
@@ -217,11 +231,11 @@ TEST(PADParser, UnknownObjectsAreDroppedAndTheOthersKeepTheirOrder) {
 }
 
 TEST(PadStackParser, ReadsTheExample) {
-    const auto stacks = Stacks(
-        "(PADSTACK (PADSTACKNAME PS1) (TYPE THROUGH) (DRILL (SHAPE ROUND) (PLATING TRUE) (PLATETHICKNESS "
-        "0.02))"
-        " (TOP (CON P60) (ANTI A80) (THERM T1) (TD TRUE) (SOLD S70)) (BOTTOM (CON P60) (METL M60)))"
-        " (PADSTACK (PADSTACKNAME PS2) (INNERSIGNAL (CON P60)) (INNERPLANE (UNCON NEW)))");
+    const auto stacks = Stacks(R"(
+        (PADSTACK
+            (PADSTACKNAME PS1) (TYPE THROUGH) (DRILL (SHAPE ROUND) (PLATING TRUE) (PLATETHICKNESS 0.02))
+            (TOP (CON P60) (ANTI A80) (THERM T1) (TD TRUE) (SOLD S70)) (BOTTOM (CON P60) (METL M60)))
+        (PADSTACK (PADSTACKNAME PS2) (INNERSIGNAL (CON P60)) (INNERPLANE (UNCON NEW))))");
     const CVEKA_PadStack& stack = *stacks->GetAt(0);
     EXPECT_EQ(stack.GetPadstackName(), "PS1");
     EXPECT_EQ(stack.GetType(), "THROUGH");
@@ -286,12 +300,14 @@ TEST(PadStackParser, TheNamesReachTheModel) {
 }
 
 TEST(FOOTPRINTParser, ReadsTheExample) {
-    const auto footprints = Footprints(
-        "(FOOTPRINT (FOOTPRINTNAME SO8W) (MOUNTHEIGHT 0.1) (OFFSET 1 2 3) (ROTATIONOFFSET 90) (USGKEYS "
-        "(USGTYPE LIB) (USGVALUE X Y))"
-        " (FPINS (FPIN 1 VCC (LIBPADSTACK PS1) (PT -2.5 1.9) (ROTATION 45)) (FPIN 2 GND (LIBPADSTACK PS1) "
-        "(PT -2.5 0.6)))"
-        " (CAMLAYERS (LAYER (ANO 1) (LNAME TOPSILK) (RECTANGLE (W 5) (H 4) (PT 0 0)))))");
+    const auto footprints = Footprints(R"(
+        (FOOTPRINT
+            (FOOTPRINTNAME SO8W) (MOUNTHEIGHT 0.1) (OFFSET 1 2 3) (ROTATIONOFFSET 90)
+            (USGKEYS (USGTYPE LIB) (USGVALUE X Y))
+            (FPINS
+                (FPIN 1 VCC (LIBPADSTACK PS1) (PT -2.5 1.9) (ROTATION 45))
+                (FPIN 2 GND (LIBPADSTACK PS1) (PT -2.5 0.6)))
+            (CAMLAYERS (LAYER (ANO 1) (LNAME TOPSILK) (RECTANGLE (W 5) (H 4) (PT 0 0))))))");
     const CVEKA_FootprintDB& footprint = *footprints->GetAt(0);
     EXPECT_EQ(footprint.GetFootprintName(), "SO8W");
     EXPECT_EQ(footprint.GetMountHeight(), 0.1);
@@ -347,9 +363,10 @@ TEST(FOOTPRINTParser, CommentsAreSkippedAndSectionsReplaced) {
 }
 
 TEST(NSHAPEParser, ReadsTheExample) {
-    const auto shape = Shape(
-        "(NSHAPE SHAPE1 (PINBODYSHAPE (LINE)) (PINCONNSHAPE KIND1 0.5 (PT 10 0 0)) (PROPERTYLABELS "
-        "(PROPLABEL (PROPERTY PINNAME))))");
+    const auto shape = Shape(R"(
+        (NSHAPE SHAPE1
+            (PINBODYSHAPE (LINE)) (PINCONNSHAPE KIND1 0.5 (PT 10 0 0))
+            (PROPERTYLABELS (PROPLABEL (PROPERTY PINNAME)))))");
     EXPECT_EQ(shape->GetShapeName(), "SHAPE1");
     EXPECT_EQ(shape->GetPinBodyShape()->GetSize(), 1);
     ASSERT_EQ(shape->GetPinConnShape()->GetSize(), 1);
@@ -364,9 +381,10 @@ TEST(NSHAPEParser, TheLastNameStands) {
 }
 
 TEST(NSHAPEParser, ConnectionsAddUpAndBodiesAreReplaced) {
-    const auto shape = Shape(
-        "(NSHAPE (PINCONNSHAPE A) (PINBODYSHAPE (LINE) (LINE)) (PINCONNSHAPE B 1 2 (X) (PT 3) (PT 4)) "
-        "(PINBODYSHAPE (ARC) (NOSUCH)))");
+    const auto shape = Shape(R"(
+        (NSHAPE
+            (PINCONNSHAPE A) (PINBODYSHAPE (LINE) (LINE)) (PINCONNSHAPE B 1 2 (X) (PT 3) (PT 4))
+            (PINBODYSHAPE (ARC) (NOSUCH))))");
     ASSERT_EQ(shape->GetPinConnShape()->GetSize(), 2);
     EXPECT_EQ(shape->GetPinConnShape()->GetAt(0)->GetSize(), 0);
     EXPECT_EQ(shape->GetPinConnShape()->GetAt(0)->GetPoint()->GetX(), 0);
@@ -375,12 +393,14 @@ TEST(NSHAPEParser, ConnectionsAddUpAndBodiesAreReplaced) {
 }
 
 TEST(PARTITIONParser, ReadsTheExample) {
-    const auto partitions = Partitions(
-        "(PARTITION (PARTITION LIBP1) (PARTITIONPINS (PARTITIONPIN 1 GATE1 (LIBPIN SHAPE1) (PT 0 10 0) "
-        "(ROTATION 90)"
-        " (PROPERTYLABELS (PROPLABEL (PROPERTY PINNAME))) (COMMENT (1 REV FIRST)) (CIRCLE))) (BODYSHAPE "
-        "(RECTANGLE))"
-        " (COMMENT (1 REV FIRST)))");
+    const auto partitions = Partitions(R"(
+        (PARTITION
+            (PARTITION LIBP1)
+            (PARTITIONPINS
+                (PARTITIONPIN 1 GATE1
+                    (LIBPIN SHAPE1) (PT 0 10 0) (ROTATION 90) (PROPERTYLABELS (PROPLABEL (PROPERTY PINNAME)))
+                    (COMMENT (1 REV FIRST)) (CIRCLE)))
+            (BODYSHAPE (RECTANGLE)) (COMMENT (1 REV FIRST))))");
     const CVEKA_PartitionDB& partition = *partitions->GetAt(0);
     EXPECT_EQ(partition.GetPatitionName(), "LIBP1");
     ASSERT_EQ(partition.GetPins()->GetSize(), 1);
@@ -429,9 +449,11 @@ TEST(PARTITIONParser, ObjectsStandAmongTheOtherChildren) {
 /// The two forms of a partition pin, side by side on the same text.
 TEST(PARTITIONPIN, HasTwoFormsThatDifferInEachOfThesePoints) {
     const std::string text =
-        "(PARTITIONPINS (PARTITIONPIN 7 GATE USED (LIBPIN SHAPE) (NAMETEXT 3 4) (PROPERTYLABELS (PROPLABEL "
-        "(PROPERTY P)))"
-        " (COMMENT (1 a b)) (LINE) (NOSUCH)))";
+        R"(
+        (PARTITIONPINS
+            (PARTITIONPIN 7 GATE USED
+                (LIBPIN SHAPE) (NAMETEXT 3 4) (PROPERTYLABELS (PROPLABEL (PROPERTY P))) (COMMENT (1 a b)) (LINE)
+                (NOSUCH))))";
     const auto symbolPins = Parse(&CVEK_AsciiParser::LOGICSYMBOLS_SYMBOL_PARTITION_PARTITIONPINSParser, text);
     const auto libraryPins = Parse(&CVEK_AsciiParser::PARTITION_PARTITIONPINSParser, text);
     const CVEKA_PartitionPin& symbol = *symbolPins->GetAt(0);

@@ -33,10 +33,10 @@ TEST(LOGICSYMBOLSGParser, AnEmptyLevelGivesAnEmptyRecord) {
 }
 
 TEST(LOGICSYMBOLSGParser, ReadsTheExample) {
-    const auto symbols = Symbols(
-        "(DEFAULTSYMBOL SYM1) (LOGICPINLIBS (LOGICPIN 1 A TRUE) (LOGICPIN 2 Y FALSE))"
-        " (SYMBOL (SYMBOLNAME SYM1) (USGKEYS (USGKEYS (USGTYPE KEY1) (USGVALUE V1 V2))) (COMMENT (1 REV "
-        "FIRST)))");
+    const auto symbols = Symbols(R"(
+        (DEFAULTSYMBOL SYM1)
+        (LOGICPINLIBS (LOGICPIN 1 A TRUE) (LOGICPIN 2 Y FALSE))
+        (SYMBOL (SYMBOLNAME SYM1) (USGKEYS (USGKEYS (USGTYPE KEY1) (USGVALUE V1 V2))) (COMMENT (1 REV FIRST))))");
     EXPECT_EQ(symbols->GetDefaultSymbolName(), "SYM1");
     ASSERT_EQ(symbols->GetLogicPinLibs()->GetSize(), 2);
     EXPECT_EQ(symbols->GetLogicPinLibs()->GetAt(0)->GetLogicPinNo(), 1);
@@ -80,10 +80,13 @@ TEST(LOGICSYMBOLSGParser, APartitionDirectlyUnderItIsSkipped) {
 }
 
 TEST(PARTITION, ReadsTheExample) {
-    const auto partition = Partition(
-        "(PARTITIONNAME P1) (LIBPARTITION LIBP1 1.5)"
-        " (PARTITIONPINS (PARTITIONPIN A GATE1 TRUE (NAMETEXT 1.5 3) (PT 0 10 0) (ROTATION 90) (CIRCLE)))"
-        " (PROPERTYLABELS (PROPLABEL (PROPERTY REFDES))) (COMMENT (1 REV FIRST)) (BODYSHAPE (RECTANGLE))");
+    const auto partition = Partition(R"(
+        (PARTITIONNAME P1)
+        (LIBPARTITION LIBP1 1.5)
+        (PARTITIONPINS (PARTITIONPIN A GATE1 TRUE (NAMETEXT 1.5 3) (PT 0 10 0) (ROTATION 90) (CIRCLE)))
+        (PROPERTYLABELS (PROPLABEL (PROPERTY REFDES)))
+        (COMMENT (1 REV FIRST))
+        (BODYSHAPE (RECTANGLE)))");
     EXPECT_EQ(partition->GetPatitionName(), "P1");
     EXPECT_EQ(partition->GetLibPartitionName(), "LIBP1");
     EXPECT_EQ(partition->GetLibPartitionScale(), 1.5);
@@ -157,8 +160,15 @@ TEST(PROPERTYLABELS, EachLabelReadsTheChildAtItsOwnPosition) {
 
 TEST(PROPERTYLABELS, ReadFirstValues) {
     const std::string all =
-        "(PROPERTY A B) (PT 1 2 3) (VISIBLE TRUE FALSE) (ROTATION 4 5) (FID 6 7) (JUSTIFY 8 9) (MIRROR C D) "
-        "(X)";
+        R"(
+        (PROPERTY A B)
+        (PT 1 2 3)
+        (VISIBLE TRUE FALSE)
+        (ROTATION 4 5)
+        (FID 6 7)
+        (JUSTIFY 8 9)
+        (MIRROR C D)
+        (X))";
     std::string text;
     for (int i = 0; i < 8; ++i) text += "(PROPLABEL " + all + ")";
     const auto labels = Labels(text);

@@ -14,10 +14,12 @@ const CVEKA_Packing& Packing(const std::unique_ptr<CVEKA_MountData>& data) {
 }
 
 TEST(MOUNTDATAParser, ReadsTheExample) {
-    const auto data = Mount(
-        "(MOUNTFILENAME so8.mnt) (MOUNTCHECKTYPE TRUE (MOUNTCHECKTYPE 2))"
-        " (MOUNTPINS (MOUNTPIN 1 A1 0 FALSE GULLWING) (MOUNTPIN 2 A2 1 TRUE GULLWING))"
-        " (BODYSIZE (MOLD 5 4 (CHILD)) (OVERALL 6 4 (CHILD)) (CHECK TRUE)) (BODYHEIGHT 1.75)");
+    const auto data = Mount(R"(
+        (MOUNTFILENAME so8.mnt)
+        (MOUNTCHECKTYPE TRUE (MOUNTCHECKTYPE 2))
+        (MOUNTPINS (MOUNTPIN 1 A1 0 FALSE GULLWING) (MOUNTPIN 2 A2 1 TRUE GULLWING))
+        (BODYSIZE (MOLD 5 4 (CHILD)) (OVERALL 6 4 (CHILD)) (CHECK TRUE))
+        (BODYHEIGHT 1.75))");
     EXPECT_EQ(data->GetMountFileName(), "so8.mnt");
     EXPECT_EQ(data->GetMountCheckType()->GetType(), 2);
     EXPECT_EQ(data->GetMountCheckType()->GetAllowReverse(), 1);
@@ -103,12 +105,14 @@ TEST(MOUNTDATAParser, AFlatCheckTypeWithANumberGivesNoType) {
 }
 
 TEST(PACKING, ReadsTheExample) {
-    const auto data = Mount(
-        "(PACKING (DOCUMENT pack.pdf 12) (PACKINGTYPE 0) (REELTYPE 1 90)"
-        " (REELPACKINGINFO (TAPETYPE EMBOSSED) (NOOFPARTS 2500) (P 8) (A 6.4) (B 5.2) (W 12) (T1 0.3) (T2 "
-        "2.1))"
-        " (TRAYTYPE 3 45) (TRAYPACKINGINFO (NOOFPARTX 10) (NOOFPARTY 5) (A 1) (B 2) (C 3) (D 4) (E 5) (E1 6) "
-        "(F 7) (G 8) (GAP 0.5)))");
+    const auto data = Mount(R"(
+        (PACKING
+            (DOCUMENT pack.pdf 12) (PACKINGTYPE 0) (REELTYPE 1 90)
+            (REELPACKINGINFO
+                (TAPETYPE EMBOSSED) (NOOFPARTS 2500) (P 8) (A 6.4) (B 5.2) (W 12) (T1 0.3) (T2 2.1))
+            (TRAYTYPE 3 45)
+            (TRAYPACKINGINFO
+                (NOOFPARTX 10) (NOOFPARTY 5) (A 1) (B 2) (C 3) (D 4) (E 5) (E1 6) (F 7) (G 8) (GAP 0.5))))");
     const CVEKA_Packing& packing = Packing(data);
     EXPECT_EQ(packing.GetPDFFileName(), "pack.pdf");
     EXPECT_EQ(packing.GetPageNumber(), 12);

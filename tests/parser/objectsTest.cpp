@@ -239,9 +239,9 @@ TEST(SolidObjects, AParametricShapeReportsTheCuboidsNumber) {
 }
 
 TEST(SolidObjects, AParametricShapeReadsAllItsSizes) {
-    const auto shape = Object<CVEKA_3DOJ_3DSHAPE>(
-        "(3DSHAPE (W 1) (W1 2) (W2 3) (L 4) (L1 5) (L2 6) (T 7) (T1 8) (T2 9) (R 10) (R1 11) (R2 12) (CW 13) "
-        "(CL 14))");
+    const auto shape = Object<CVEKA_3DOJ_3DSHAPE>(R"(
+        (3DSHAPE
+            (W 1) (W1 2) (W2 3) (L 4) (L1 5) (L2 6) (T 7) (T1 8) (T2 9) (R 10) (R1 11) (R2 12) (CW 13) (CL 14)))");
     double expected = 0;
     for (double value : {shape->W, shape->W1, shape->W2, shape->L, shape->L1, shape->L2, shape->T, shape->T1,
                          shape->T2, shape->R, shape->R1, shape->R2, shape->CW, shape->CL})
@@ -308,9 +308,8 @@ TEST(DrawnObjects, APolygonHasNoColour) {
 }
 
 TEST(DrawnObjects, ACloneOfAnArcKeepsEverything) {
-    const auto arc = Object<CVEKA_3DOJ_3DARC>(
-        "(3DARC (PT 1) (PT 2) (PT 3) (PT 9) (R 4) (LW 5) (DIR CW) (ROTATION 6 7 8) (MIRROR P) (COLOR 1 2 "
-        "3))");
+    const auto arc = Object<CVEKA_3DOJ_3DARC>(R"(
+        (3DARC (PT 1) (PT 2) (PT 3) (PT 9) (R 4) (LW 5) (DIR CW) (ROTATION 6 7 8) (MIRROR P) (COLOR 1 2 3)))");
     arc->GetPoint()->SetX(10);
     const std::unique_ptr<CVEKA_3DOJ_3DARC> clone(arc->Clone());
     ExpectPoint(clone->StartPoint, 1, 0, 0);
@@ -333,9 +332,10 @@ TEST(PlaneShapes, ATextKnowsNoVisibility) {
 }
 
 TEST(LeadObjects, ReadTheExampleOfABar) {
-    const auto bar = Object<CVEKA_3DOJ_BAR>(
-        "(BAR (Z 3.5) (H 0.8) (T 0.25) (ROTATION 0 0 90) (MIRROR N) (COLOR 200 201 202) (PT 1.27 0 0)"
-        " (CLINCH 1) (CLINCHLENGTH 1.5) (CLINCHROTATE 30))");
+    const auto bar = Object<CVEKA_3DOJ_BAR>(R"(
+        (BAR
+            (Z 3.5) (H 0.8) (T 0.25) (ROTATION 0 0 90) (MIRROR N) (COLOR 200 201 202) (PT 1.27 0 0) (CLINCH 1)
+            (CLINCHLENGTH 1.5) (CLINCHROTATE 30)))");
     EXPECT_EQ(bar->Z, 3.5);
     EXPECT_EQ(bar->H, 0.8);
     EXPECT_EQ(bar->T, 0.25);
@@ -516,10 +516,10 @@ TEST(PlaneShapes, UnknownElementsAreNullAndVanishInAClone) {
 }
 
 TEST(PlaneShapes, APolygonHasAnOutlineAndVoids) {
-    const auto polygon = Object<CVEKA_3DOJ_POLYGON>(
-        "(POLYGON (BOUNDARY (LINE (PT 0 0) (PT 1 0)) (LINE (PT 1 0) (PT 0 0))) (VOID (CIRCLE (PT 0.5 0) (D "
-        "0.1)))"
-        " (BOUNDARY (NOSUCH)) (LINE))");
+    const auto polygon = Object<CVEKA_3DOJ_POLYGON>(R"(
+        (POLYGON
+            (BOUNDARY (LINE (PT 0 0) (PT 1 0)) (LINE (PT 1 0) (PT 0 0))) (VOID (CIRCLE (PT 0.5 0) (D 0.1)))
+            (BOUNDARY (NOSUCH)) (LINE)))");
     ASSERT_EQ(polygon->BOUNDARY->GetSize(), 3);
     EXPECT_EQ(polygon->BOUNDARY->GetAt(2), nullptr);
     ASSERT_EQ(polygon->VOID->GetSize(), 1);
@@ -651,12 +651,13 @@ TEST(UserDefinedObjects, AMaskKeepsUnknownShapesAsNull) {
 }
 
 TEST(UserDefinedObjects, ReadTheExample) {
-    const auto object = Object<CVEKA_3DOJ_USERDEFINED>(
-        "(USERDEFINED (MAINSHAPE (CUBOID (WIDTH 1) (HEIGHT 1) (THICKNESS 1))) (LEADSHAPE (LEAD (GULLWING (H "
-        "1) (B 2))))"
-        " (METALMASKSHAPE (METALMASKSHAPEDATA (LAYER BOTTOM) (WIDTH 2) (LENGTH 3) (ROTATION 4) (PT 5 6 0) "
-        "(THICKNESS 0.1)"
-        " (HIGHLIGHT TRUE) (RECTANGLE (W 2) (H 3)))))");
+    const auto object = Object<CVEKA_3DOJ_USERDEFINED>(R"(
+        (USERDEFINED
+            (MAINSHAPE (CUBOID (WIDTH 1) (HEIGHT 1) (THICKNESS 1))) (LEADSHAPE (LEAD (GULLWING (H 1) (B 2))))
+            (METALMASKSHAPE
+                (METALMASKSHAPEDATA
+                    (LAYER BOTTOM) (WIDTH 2) (LENGTH 3) (ROTATION 4) (PT 5 6 0) (THICKNESS 0.1) (HIGHLIGHT TRUE)
+                    (RECTANGLE (W 2) (H 3))))))");
     EXPECT_EQ(object->DrawObj->GetSize(), 1);
     EXPECT_EQ(dynamic_cast<CVEKA_3DOJ_GULLWING&>(*object->Lead->GetAt(0)).B, 2);
     const CVEKA_3DOJ_METAKMASKSHAPE& mask = First(object);

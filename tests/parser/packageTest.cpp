@@ -42,14 +42,18 @@ TEST(PACKAGESParser, AnEmptyLevelGivesADefaultRecord) {
 }
 
 TEST(PACKAGESParser, ReadsTheExample) {
-    const auto packages = Packages(
-        "(DEFAULTPACKAGE SO8) (BODYMATERIAL EPOXY) (WEIGHT 0.07) (DEFAULTPARTHEIGHT 1.5) (DEFAULTMOUNTHEIGHT "
-        "0.1)"
-        " (THERMAL (MAXPOWER 0.5) (OPERATINGTEMPERATURE -40 125) (RADIATIONEMISSIVITY 0.9)"
-        " (MODEL (SIMPLE 35 60) (DELPHI (NODES J C 12.5) (NODES J B 30))))"
-        " (COLOR (BODY 40 41 42) (LEAD 200 201 202) (FLAGPIN 255 254 253) (MECHANICALPIN 128 129 130))"
-        " (FOOTPRINTSPEC (TOE 0.1 0.3) (HEEL 0.2 0.4) (SIDE 0 0.1) (MOUNTHEIGHT 0.05 0.2)) (PACKAGE (NAME "
-        "SO8))");
+    const auto packages = Packages(R"(
+        (DEFAULTPACKAGE SO8)
+        (BODYMATERIAL EPOXY)
+        (WEIGHT 0.07)
+        (DEFAULTPARTHEIGHT 1.5)
+        (DEFAULTMOUNTHEIGHT 0.1)
+        (THERMAL
+            (MAXPOWER 0.5) (OPERATINGTEMPERATURE -40 125) (RADIATIONEMISSIVITY 0.9)
+            (MODEL (SIMPLE 35 60) (DELPHI (NODES J C 12.5) (NODES J B 30))))
+        (COLOR (BODY 40 41 42) (LEAD 200 201 202) (FLAGPIN 255 254 253) (MECHANICALPIN 128 129 130))
+        (FOOTPRINTSPEC (TOE 0.1 0.3) (HEEL 0.2 0.4) (SIDE 0 0.1) (MOUNTHEIGHT 0.05 0.2))
+        (PACKAGE (NAME SO8)))");
     EXPECT_EQ(packages->GetDefaultPackageName(), "SO8");
     EXPECT_EQ(packages->GetBodyMaterialName(), "EPOXY");
     EXPECT_EQ(packages->GetWeight(), 0.07);
@@ -149,10 +153,17 @@ TEST(PACKAGEParser, AnEmptyLevelGivesADefaultRecord) {
 }
 
 TEST(PACKAGEParser, ReadsTheExample) {
-    const auto package = Package(
-        "(NAME SO8) (DEFAULTFOOTPRINT SO8W) (STEP so8.stp) (USGKEYS (USGKEYS (USGTYPE LIB) (USGVALUE X Y)))"
-        " (MOUNTDATA (MOUNTFILENAME so8.mnt)) (BODYGEOMETRY (STEP body.stp) (BODYSHAPE (CUBOID) (CYLINDER)))"
-        " (MARKINGGEOMETRIES (VISIBLE TRUE) (TEXT)) (PKGPINS) (MECHANICALPINS) (FOOTPRINTS)");
+    const auto package = Package(R"(
+        (NAME SO8)
+        (DEFAULTFOOTPRINT SO8W)
+        (STEP so8.stp)
+        (USGKEYS (USGKEYS (USGTYPE LIB) (USGVALUE X Y)))
+        (MOUNTDATA (MOUNTFILENAME so8.mnt))
+        (BODYGEOMETRY (STEP body.stp) (BODYSHAPE (CUBOID) (CYLINDER)))
+        (MARKINGGEOMETRIES (VISIBLE TRUE) (TEXT))
+        (PKGPINS)
+        (MECHANICALPINS)
+        (FOOTPRINTS))");
     EXPECT_EQ(package->GetName(), "SO8");
     EXPECT_EQ(package->GetDefaultFootprintName(), "SO8W");
     EXPECT_EQ(package->GetStepFileName(), "so8.stp");
@@ -166,9 +177,11 @@ TEST(PACKAGEParser, ReadsTheExample) {
 }
 
 TEST(PACKAGEParser, ASecondSectionReplacesTheFirst) {
-    const auto package = Package(
-        "(PKGPINS (PKGPIN 1) (PKGPIN 2)) (PKGPINS (PKGPIN 3)) (BODYGEOMETRY (STEP a) (BODYSHAPE (CUBOID)))"
-        " (BODYGEOMETRY (BODYSHAPE (SPHERE)) (BODYSHAPE (SPHERE) (NOSUCH)))");
+    const auto package = Package(R"(
+        (PKGPINS (PKGPIN 1) (PKGPIN 2))
+        (PKGPINS (PKGPIN 3))
+        (BODYGEOMETRY (STEP a) (BODYSHAPE (CUBOID)))
+        (BODYGEOMETRY (BODYSHAPE (SPHERE)) (BODYSHAPE (SPHERE) (NOSUCH))))");
     ASSERT_EQ(package->GetPKGPins()->GetSize(), 1);
     EXPECT_EQ(package->GetPKGPins()->GetAt(0)->GetPKGPinName(), "3");
     EXPECT_EQ(package->GetBodyGeometry()->GetStepFileName(), "");
@@ -271,9 +284,9 @@ TEST(PKGPINSParser, ASecondLeadReplacesTheFirst) {
 }
 
 TEST(MECHANICALPINSParser, ReadsTheExample) {
-    const auto pins = MechanicalPins(
-        "(MECHANICALPIN M1 (PT 0 0 0) (ROTATION 15)) (MECHANICALPIN M2 (PT 1 1 0) (ROTATION 45) (STEP "
-        "tab.stp))");
+    const auto pins = MechanicalPins(R"(
+        (MECHANICALPIN M1 (PT 0 0 0) (ROTATION 15))
+        (MECHANICALPIN M2 (PT 1 1 0) (ROTATION 45) (STEP tab.stp)))");
     ASSERT_EQ(pins->GetSize(), 2);
     EXPECT_EQ(pins->GetAt(0)->GetName(), "M1");
     EXPECT_EQ(pins->GetAt(0)->GetRotation(), 0);
@@ -339,10 +352,11 @@ TEST(MECHANICALPINSParser, AFileNameAndALeadAreReadToo) {
 }
 
 TEST(FOOTPRINTSParser, TheLaterOfItsTwoWordsStands) {
-    const auto footprints = Footprints(
-        "(FOOTPRINT x (LIBFOOTPRINTNAME A) (FOOTPRINTNAME B)) (OTHER) (FOOTPRINT (FOOTPRINTNAME B) "
-        "(LIBFOOTPRINTNAME A))"
-        " (FOOTPRINT)");
+    const auto footprints = Footprints(R"(
+        (FOOTPRINT x (LIBFOOTPRINTNAME A) (FOOTPRINTNAME B))
+        (OTHER)
+        (FOOTPRINT (FOOTPRINTNAME B) (LIBFOOTPRINTNAME A))
+        (FOOTPRINT))");
     ASSERT_EQ(footprints->GetSize(), 3);
     EXPECT_EQ(footprints->GetAt(0)->GetLibraryFootprintName(), "B");
     EXPECT_EQ(footprints->GetAt(1)->GetLibraryFootprintName(), "A");

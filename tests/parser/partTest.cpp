@@ -28,10 +28,20 @@ TEST(VEKParser, ASecondSectionReplacesTheFirstAsAWhole) {
 }
 
 TEST(PARTGENERALParser, ReadsEveryField) {
-    const auto general = General(
-        "(UNIT MM) (MANUFACTURER M) (MPN N) (CPN C) (PREFERENCE (TEMPCPN T) (STATUS S)) (PRODUCTFAMILY P)"
-        "(FUNCTIONALTYPE F) (PACKAGETYPE K) (LAYOUT (UNAMEPREFIX U)) (NUMBEROFPINS 8) (BOM (COST EUR 2.5))"
-        "(PARTDESC D) (COMMENT (1 a b))");
+    const auto general = General(R"(
+        (UNIT MM)
+        (MANUFACTURER M)
+        (MPN N)
+        (CPN C)
+        (PREFERENCE (TEMPCPN T) (STATUS S))
+        (PRODUCTFAMILY P)
+        (FUNCTIONALTYPE F)
+        (PACKAGETYPE K)
+        (LAYOUT (UNAMEPREFIX U))
+        (NUMBEROFPINS 8)
+        (BOM (COST EUR 2.5))
+        (PARTDESC D)
+        (COMMENT (1 a b)))");
     EXPECT_EQ(general->GetUnit(), "MM");
     EXPECT_EQ(general->GetManufacturer(), "M");
     EXPECT_EQ(general->GetMPN(), "N");
@@ -199,9 +209,15 @@ TEST(LAYERSParser, KeepsLayersInFileOrderEmptyOnesToo) {
 }
 
 TEST(LAYERParser, ReadsEveryField) {
-    const auto layer = Layer(
-        "(ARN 1 2) (NAME n o) (ELAYNAME e) (VISIBLE TRUE) (COLOR 3 4 5 6) (DEPTH -7) (FILMYPE 8) (COMMENT "
-        "top x)");
+    const auto layer = Layer(R"(
+        (ARN 1 2)
+        (NAME n o)
+        (ELAYNAME e)
+        (VISIBLE TRUE)
+        (COLOR 3 4 5 6)
+        (DEPTH -7)
+        (FILMYPE 8)
+        (COMMENT top x))");
     EXPECT_EQ(layer->GetARNNumber(), 1);
     EXPECT_EQ(layer->GetName(), "n");
     EXPECT_EQ(layer->GetECadLayerName(), "e");
