@@ -6,7 +6,7 @@
 #include "dialog/Messages.h"
 #include "model/CVEKA_Manager.h"
 #include "platform/Exceptions.h"
-#include "support/Files.h"
+#include "support/ImportSetup.h"
 #include "support/ScriptedUserInterface.h"
 
 namespace {
@@ -16,41 +16,19 @@ using test::ScriptedWindow;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kPart = "(VEK (PARTGENERAL (MPN ABC/1)))";
 constexpr const char* kTarget = "ABC&#47;1";
 constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
 
-/// The dialog in its XML form, or any other.
-class KindDialog : public CVEK_AsciiFile_Import_Dlg {
-public:
-    explicit KindDialog(int kind) { m_nFileKind = kind; }
-};
-
-class ImportDialog : public testing::Test {
+class ImportDialog : public testing::Test, protected test::ImportSetup {
 protected:
-    ImportDialog() {
-        file = directory.Write("part.veka", kPart);
-        std::filesystem::create_directory(directory.Path() / "lib");
-        library = directory / "lib";
-    }
+    ImportDialog() : ImportSetup("part.veka", "ABC/1") {}
     /// Opens the dialog on a file and a directory, and runs a script in it.
     INT_PTR Run(CVEK_AsciiFile_Import_Dlg& one, std::function<void(ScriptedWindow&)> script) {
         user.script = std::move(script);
         return one.DoModal();
     }
-    void Fill(CVEK_AsciiFile_Import_Dlg& one) const {
-        one.SetVEKAsciiFilePath(file);
-        one.SetDefaultPartLibDir(library);
-    }
-    void MakeTarget() { std::filesystem::create_directory(directory.Path() / "lib" / kTarget); }
-    static CString MPN(const CVEK_AsciiFile_Import_Dlg& one) {
-        return one.GetParser()->GetCVEKA_Manager()->GetVEK()->GetPartGeneral()->GetMPN();
-    }
 
-    test::TemporaryDirectory directory;
-    CString file, library;
     test::ScriptedUserInterface user;
-    CVEK_AsciiFile_Import_Dlg dialog;
 };
 
 TEST_F(ImportDialog, StartsEmptyWithAParserOfItsOwn) {
@@ -107,7 +85,7 @@ TEST_F(ImportDialog, AnEmptyFileFieldEndsItWithCancel) {
 TEST_F(ImportDialog, AMissingXmlFileHasItsOwnMessage) {
     for (int kind : {1, 2, -1}) {
         user.messages.clear();
-        KindDialog xml(kind);
+        test::KindDialog xml(kind);
         EXPECT_EQ(Run(xml, PressOk), IDCANCEL);
         EXPECT_THAT(user.messages, ElementsAre("VEK XML File Path Fail!"));
     }
@@ -116,7 +94,7 @@ TEST_F(ImportDialog, AMissingXmlFileHasItsOwnMessage) {
 TEST_F(ImportDialog, AMissingDirectoryEndsItWithCancel) {
     for (int kind : {0, 1}) {
         user.messages.clear();
-        KindDialog any(kind);
+        test::KindDialog any(kind);
         any.SetVEKAsciiFilePath(file);
         any.SetDefaultPartLibDir(directory / "missing");
         EXPECT_EQ(Run(any, PressOk), IDCANCEL);
@@ -125,7 +103,7 @@ TEST_F(ImportDialog, AMissingDirectoryEndsItWithCancel) {
 }
 
 TEST_F(ImportDialog, TheQuestionNamesTheTargetAndHasNoBlankBehindTheQuote) {
-    MakeTarget();
+    MakeTarget(kTarget);
     Fill(dialog);
     user.answers = {true};
     EXPECT_EQ(Run(dialog, PressOk), IDOK);
@@ -134,7 +112,7 @@ TEST_F(ImportDialog, TheQuestionNamesTheTargetAndHasNoBlankBehindTheQuote) {
 }
 
 TEST_F(ImportDialog, NoLeavesItOpenAndOkReadsTheFileAnew) {
-    MakeTarget();
+    MakeTarget(kTarget);
     Fill(dialog);
     user.answers = {false, true};
     EXPECT_EQ(Run(dialog,
@@ -155,7 +133,7 @@ TEST_F(ImportDialog, NoLeavesItOpenAndOkReadsTheFileAnew) {
 }
 
 TEST_F(ImportDialog, OkAfterNoStartsFromAnEmptyModel) {
-    MakeTarget();
+    MakeTarget(kTarget);
     file = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN ABC/1))) (NSHAPE N) (FONTS (FONT (ID 1)))");
     Fill(dialog);
     user.answers = {false, true};
@@ -169,7 +147,7 @@ TEST_F(ImportDialog, OkAfterNoStartsFromAnEmptyModel) {
 }
 
 TEST_F(ImportDialog, AfterNoAnotherDirectoryCanBeChosen) {
-    MakeTarget();
+    MakeTarget(kTarget);
     Fill(dialog);
     EXPECT_EQ(Run(dialog,
                   [&](ScriptedWindow& window) {
@@ -265,7 +243,7 @@ TEST_F(ImportDialog, TheDirectoryPickerReadsTheControlsFirst) {
 }
 
 TEST_F(ImportDialog, TheXmlFormReadsTheControlsOnceMoreAtItsEnd) {
-    KindDialog xml(1);
+    test::KindDialog xml(1);
     Fill(xml);
     EXPECT_EQ(Run(xml,
                   [&](ScriptedWindow& window) {
@@ -283,7 +261,7 @@ TEST(ImportDialogMessages, AFailedReadHasItsText) {
 }
 
 TEST_F(ImportDialog, TheXmlFormOffersItsTypeAndReadsNothing) {
-    KindDialog xml(1);
+    test::KindDialog xml(1);
     Fill(xml);
     const CVEK_AsciiParser* first = xml.GetParser();
     EXPECT_EQ(Run(xml,
@@ -300,7 +278,7 @@ TEST_F(ImportDialog, TheXmlFormOffersItsTypeAndReadsNothing) {
 }
 
 TEST_F(ImportDialog, AnyOtherFileKindLooksLikeAsciiAndEndsLikeXml) {
-    KindDialog other(2);
+    test::KindDialog other(2);
     Fill(other);
     EXPECT_EQ(Run(other,
                   [&](ScriptedWindow& window) {

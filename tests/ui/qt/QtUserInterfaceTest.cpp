@@ -13,7 +13,7 @@
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 #include "model/CVEKA_Manager.h"
 #include "parser/CInvalidAccessException.h"
-#include "support/Files.h"
+#include "support/ImportSetup.h"
 #include "support/QtScript.h"
 
 namespace {
@@ -25,18 +25,9 @@ constexpr const char* kOk = "1";
 constexpr const char* kCancel = "2";
 
 /// The import dialog with real windows, operated with real buttons and keys.
-class QtImportDialog : public test::QtTest {
+class QtImportDialog : public test::QtTest, protected test::ImportSetup {
 protected:
-    QtImportDialog() {
-        file = directory.Write("a part \xC3\xA4\xFF.veka", "(VEK (PARTGENERAL (MPN A)))");
-        std::filesystem::create_directory(directory.Path() / "lib");
-        library = directory / "lib";
-    }
-    void Fill(CVEK_AsciiFile_Import_Dlg& one) const {
-        one.SetVEKAsciiFilePath(file);
-        one.SetDefaultPartLibDir(library);
-    }
-    void MakeTarget() { std::filesystem::create_directory(directory.Path() / "lib/A"); }
+    QtImportDialog() : ImportSetup("a part \xC3\xA4\xFF.veka", "A") {}
     /// Expects a message with a text, and answers it with a button.
     void Answer(const std::string& text, QMessageBox::StandardButton button) {
         script.Then([text, button](QWidget& window) {
@@ -52,18 +43,6 @@ protected:
     static void Type(QWidget& window, const char* id, const CString& text) {
         QTest::keyClicks(Edit(window, id), QString::fromUtf8(text.GetString()));
     }
-    static CString MPN(const CVEK_AsciiFile_Import_Dlg& one) {
-        return one.GetParser()->GetCVEKA_Manager()->GetVEK()->GetPartGeneral()->GetMPN();
-    }
-
-    test::TemporaryDirectory directory;
-    CString file, library;
-    CVEK_AsciiFile_Import_Dlg dialog;
-};
-
-class XmlDialog : public CVEK_AsciiFile_Import_Dlg {
-public:
-    XmlDialog() { m_nFileKind = 1; }
 };
 
 TEST_F(QtImportDialog, ImportsWithTheMouseAlone) {
@@ -156,7 +135,7 @@ TEST_F(QtImportDialog, AMissingFileIsToldAndEndsWithCancel) {
 }
 
 TEST_F(QtImportDialog, AMissingXmlFileIsToldAndEndsWithCancel) {
-    XmlDialog xml;
+    test::KindDialog xml(1);
     script.Click(kOk);
     Answer("VEK XML File Path Fail!", QMessageBox::Ok);
     EXPECT_EQ(xml.DoModal(), IDCANCEL);
@@ -209,7 +188,7 @@ TEST_F(QtImportDialog, CancelInAPickerChangesNothing) {
 }
 
 TEST_F(QtImportDialog, TheXmlFormHasItsOwnCaptionsAndFileType) {
-    XmlDialog xml;
+    test::KindDialog xml(1);
     script
         .Then([](QWidget& window) {
             EXPECT_EQ(window.windowTitle(), "Import XML Part Data File");

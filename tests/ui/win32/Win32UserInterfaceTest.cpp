@@ -5,7 +5,7 @@
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 #include "model/CVEKA_Manager.h"
 #include "parser/CInvalidAccessException.h"
-#include "support/Files.h"
+#include "support/ImportSetup.h"
 #include "support/Win32Script.h"
 #include "win32/WideText.h"
 #include "window/SBUtility.h"
@@ -20,18 +20,9 @@ constexpr const wchar_t* kFilePicker = L"Open";
 constexpr const wchar_t* kDirectoryPicker = L"VEK Library Directory";
 
 /// The import dialog with real windows, operated with real buttons and keys.
-class Win32ImportDialog : public test::Win32Test {
+class Win32ImportDialog : public test::Win32Test, protected test::ImportSetup {
 protected:
-    Win32ImportDialog() {
-        file = directory.Write("a part \xC3\xA4.veka", "(VEK (PARTGENERAL (MPN A)))");
-        std::filesystem::create_directory(directory.Path() / "lib");
-        library = directory / "lib";
-    }
-    void Fill(CVEK_AsciiFile_Import_Dlg& one) const {
-        one.SetVEKAsciiFilePath(file);
-        one.SetDefaultPartLibDir(library);
-    }
-    void MakeTarget() { std::filesystem::create_directory(directory.Path() / "lib/A"); }
+    Win32ImportDialog() : ImportSetup("a part \xC3\xA4.veka", "A") {}
     /// Expects a message with a text, and answers it with a button.
     void Answer(const CString& text, int button) {
         script.Then(kMessage, [text, button](HWND box) {
@@ -68,19 +59,7 @@ protected:
             Win32Script::Click(window, IDOK);
         });
     }
-    static CString MPN(const CVEK_AsciiFile_Import_Dlg& one) {
-        return one.GetParser()->GetCVEKA_Manager()->GetVEK()->GetPartGeneral()->GetMPN();
-    }
     CString Question() const { return "\"" + library + "\\A\"is already exist. Do you want to overwrite"; }
-
-    test::TemporaryDirectory directory;
-    CString file, library;
-    CVEK_AsciiFile_Import_Dlg dialog;
-};
-
-class XmlDialog : public CVEK_AsciiFile_Import_Dlg {
-public:
-    XmlDialog() { m_nFileKind = 1; }
 };
 
 TEST_F(Win32ImportDialog, ImportsWithTheButtonsAlone) {
@@ -144,7 +123,7 @@ TEST_F(Win32ImportDialog, AMissingFileIsToldAndEndsWithCancel) {
 }
 
 TEST_F(Win32ImportDialog, AMissingXmlFileIsToldAndEndsWithCancel) {
-    XmlDialog xml;
+    test::KindDialog xml(1);
     script.Click(L"Import XML Part Data File", IDOK);
     Answer("VEK XML File Path Fail!", IDOK);
     EXPECT_EQ(xml.DoModal(), IDCANCEL);
@@ -183,7 +162,7 @@ TEST_F(Win32ImportDialog, CancelInAPickerChangesNothing) {
 }
 
 TEST_F(Win32ImportDialog, TheXmlFormHasItsOwnCaptions) {
-    XmlDialog xml;
+    test::KindDialog xml(1);
     script.Then(L"Import XML Part Data File", [&](HWND window) {
         EXPECT_EQ(Text(window, 8003), L"XML Part Data File");
         Win32Script::Click(window, IDCANCEL);
