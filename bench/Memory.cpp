@@ -24,8 +24,8 @@ double Status(const char* name) {
     return 0;
 }
 
-/// Has all of the program and its libraries in memory, as if each function had run before: code that a reader
-/// is the first to run is none of the memory that it takes.
+/// Loads all code of the program and its libraries into memory. So the code that a reader is the first to run
+/// does not count as memory of that reader.
 void FetchProgram() {
 #ifdef MADV_POPULATE_READ
     std::ifstream maps("/proc/self/maps");

@@ -1,16 +1,16 @@
 #pragma once
 
-/// Memory of this process, in bytes; 0 where the system does not tell.
+/// Memory of this process, in bytes; 0 if the system does not say.
 namespace bench {
 
-/// Lets the peak begin anew and returns what is in use now. What was freed before does not hide what is taken
-/// next, and the program's own code counts as in use, whether it has run or not.
+/// Sets the peak to what is in use now, and returns that. Memory that was freed before is given back first,
+/// and the program's own code counts as in use, whether it has run or not.
 double ResetPeak();
-/// The most that was in use since.
+/// The most that was in use since `ResetPeak`.
 double Peak();
 
-/// Lets the allocator keep what is freed, so that no reader has to fetch the memory of its last run again:
-/// otherwise it is luck which one has to.
+/// Lets the allocator keep what is freed. Otherwise some readers, by chance, would have to fetch the memory
+/// of their last run again.
 void KeepMemory();
 
 }  // namespace bench

@@ -158,18 +158,19 @@ private:
     std::string m_copy;
 };
 
-/// Counts elements and keeps nothing: what any tree costs beyond it.
+/// Counts elements and keeps nothing. What a reader of the same text takes beyond this is the cost of its
+/// tree.
 class Expat : public Reader {
 public:
     explicit Expat(const std::string& text) : m_text(text) {}
     void Read() override {
-        m_count = -1;  // the outermost element is none of the levels
+        m_count = -1;  // the outermost element is not a level
         XML_Parser parser = XML_ParserCreate(nullptr);
         XML_SetUserData(parser, &m_count);
         XML_SetStartElementHandler(parser, [](void* count, const XML_Char*, const XML_Char**) {
             ++*static_cast<std::int64_t*>(count);
         });
-        // Its lengths are ints.
+        // The reader takes lengths as int.
         bool done = true;
         for (size_t begin = 0; done && begin < m_text.size(); begin += kPiece) {
             const size_t length = std::min(kPiece, m_text.size() - begin);
@@ -242,7 +243,7 @@ protected:
     simdjson::dom::element m_element;
 };
 
-/// With the memory of its last run.
+/// Reads into the memory that its last run left.
 class SimdJsonKept : public SimdJson {
 public:
     explicit SimdJsonKept(const std::string& text) : SimdJson(text) {

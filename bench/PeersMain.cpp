@@ -74,7 +74,7 @@ struct Figures {
     double memory = 0;  // peak of the first read, beyond the program and its input
 };
 
-/// What one read in a process of its own takes: the memory is fresh, and nobody's leftovers help.
+/// The cost of one read in a process of its own. No memory of an earlier read is at hand there.
 struct FirstRead {
     double seconds = 0;
     double memory = 0;
@@ -119,7 +119,8 @@ struct Report {
     }
 };
 
-/// Measures all readers on one file: in turns, so that a busy moment of the machine strikes all alike.
+/// Measures all readers on one file: in turns, so that a busy moment of the machine slows all of them
+/// equally.
 Report MeasureFile(const std::string& path, int rounds) {
     Report report{path, 0, double(std::filesystem::file_size(path)), {}};
     std::string xml, json;
@@ -207,7 +208,7 @@ void WriteJson(const std::vector<Report>& reports, const std::string& path) {
     out << "\n]\n";
 }
 
-/// The ratios that the library is held to.
+/// The ratios that the library must reach.
 void PrintRatios(const Report& report) {
     const Figures& tree = report.Of("level tree");
     const Figures& import = report.Of("whole import");

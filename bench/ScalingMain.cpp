@@ -133,7 +133,7 @@ void Measure(const std::vector<Dimension>& dimensions, int rounds, bool memory) 
         const CString once = WriteFile("-n", dimension.text(dimension.size));
         const CString twice = WriteFile("-2n", dimension.text(2 * dimension.size));
         double best = 1e9, bestOfTwice = 1e9, peak = 0;
-        for (int round = 0; round < rounds; ++round) {  // in turns; the best, since what disturbs only adds
+        for (int round = 0; round < rounds; ++round) {  // in turns; the shortest time counts
             // Both in fresh memory, or both with memory at hand.
             if (memory) bench::ResetPeak();
             best = std::min(best, Import(once));

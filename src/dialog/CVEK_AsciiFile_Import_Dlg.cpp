@@ -112,7 +112,7 @@ void CVEK_AsciiFile_Import_Dlg::OnBnClickedOk() {
         AfxMessageBox(messages::kLibraryDirectoryMissing);
         return EndDialog(IDCANCEL);
     }
-    if (m_nFileKind != 0) return OnOK();  // an XML file is the host's affair
+    if (m_nFileKind != 0) return OnOK();  // the host reads XML files itself
 
     auto fresh = std::make_unique<CVEK_AsciiParser>();
     delete m_pParser;

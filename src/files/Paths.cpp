@@ -28,7 +28,7 @@ DWORD Attributes(const fs::path& path) {
     return known ? information.dwFileAttributes : INVALID_FILE_ATTRIBUTES;
 }
 
-/// The whole path, from the root of its volume or share; empty if the system cannot tell.
+/// The whole path, from the root of its volume or share; empty if the system does not know it.
 std::wstring Absolute(const std::wstring& path) {
     std::wstring absolute(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
     const DWORD length =

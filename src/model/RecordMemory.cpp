@@ -58,7 +58,7 @@ thread_local RecordMemory::ImportScope* t_scope = nullptr;
 /// The bytes from a free place to the end of a record there: the gap before the record, its header and the
 /// record.
 std::size_t SpaceFor(const std::byte* free, std::size_t size) noexcept {
-    // The size of an object is a multiple of its alignment, so that most sizes tell of a small one.
+    // The size of an object is a multiple of its alignment, so that most sizes show a small alignment.
     const std::size_t alignment = size % kLargestAlignment == 0 ? kLargestAlignment : kAlignment;
     const std::size_t gap = -(reinterpret_cast<std::uintptr_t>(free) + kHeader) & (alignment - 1);
     return gap + kHeader + ((size + kAlignment - 1) & ~(kAlignment - 1));

@@ -10,7 +10,7 @@ using namespace veka;
 
 namespace {
 
-/// What becomes of an object among others: it stays as it is.
+/// The element that an object becomes in an array: the object itself.
 CVEKA_3DObject* AsElement(CVEKA_3DObject* object) {
     return object;
 }
@@ -77,7 +77,7 @@ KindMethod FindKind(std::string_view name) {
     return nullptr;
 }
 
-// The rows of an object's field, by what the model's row says on the keyword; see `ObjectRows.h`.
+// The rows of the parser for a field of an object, chosen by the form in the model's row; see `ObjectRows.h`.
 
 /// Q26: a flag that the number 1 sets.
 struct IsOne {

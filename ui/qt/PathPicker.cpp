@@ -146,7 +146,7 @@ void PathPicker::Fill() {
         return order != 0 ? order < 0 : one.name < other.name;
     });
 
-    const QSignalBlocker quiet(m_entries);  // filling names nothing
+    const QSignalBlocker quiet(m_entries);  // filling the list must not change the name
     m_entries->clear();
     const QIcon directories = style()->standardIcon(QStyle::SP_DirIcon);
     const QIcon files = style()->standardIcon(QStyle::SP_FileIcon);
@@ -157,7 +157,7 @@ void PathPicker::Fill() {
 
 bool PathPicker::IsShown(const fs::directory_entry& entry) const {
     const CString name = FromPath(entry.path().filename());
-    if (name.Left(1) == ".") return false;  // it can be typed
+    if (name.Left(1) == ".") return false;  // hidden; the user can type it
     if (IsDirectory(entry)) return true;
     if (!WantsFile()) return false;
     const bool allTypes = m_types->currentIndex() == 1;

@@ -35,7 +35,7 @@ private:
 QtDialogWindow::QtDialogWindow(const DialogTemplate& dialog, DialogEvents& events, const DialogUnits& units,
                                QWidget* parent)
     : m_events(events), m_dialog(new Dialog(events, parent)) {
-    // The classic style is the one that rows as tight as the template's are drawn for.
+    // Only the classic style has controls that fit into the low rows of the template.
     QStyle* style = QStyleFactory::create("Windows");
     style->setParent(m_dialog);
     m_dialog->setStyle(style);

@@ -73,12 +73,12 @@ int Win32DialogWindow::Run() {
         DialogBoxIndirectParamW(nullptr, reinterpret_cast<LPCDLGTEMPLATEW>(resource.data()),
                                 ToWindow(m_parent), Procedure, self);
     }
-    return m_result.value_or(m_stood ? int{IDCANCEL} : -1);
+    return m_result.value_or(m_wasMade ? int{IDCANCEL} : -1);
 }
 
 void Win32DialogWindow::Ready(void* window) noexcept {
     m_window = window;
-    m_stood = true;
+    m_wasMade = true;
     for (const ControlTemplate& control : m_dialog.controls)
         if (control.kind == ControlKind::Edit)
             SendDlgItemMessageW(ToWindow(window), control.id, EM_SETLIMITTEXT,

@@ -37,7 +37,7 @@ private:
     DialogEvents& m_events;
     void* m_parent;
     void* m_window = nullptr;
-    bool m_stood = false;  // at some time
+    bool m_wasMade = false;  // stays true when the window is gone
     std::optional<int> m_result;
 };
 

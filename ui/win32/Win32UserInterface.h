@@ -19,7 +19,7 @@ private:
 };
 
 /// Windows, messages and pickers of Windows itself. Parents and owners are window handles. Paths and texts
-/// are UTF-8; a byte that is none survives.
+/// are UTF-8; a byte that is not UTF-8 is kept.
 class Win32UserInterface : public UserInterface {
 public:
     void ShowMessage(const CString& text) override;
