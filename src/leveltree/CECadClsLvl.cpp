@@ -1,6 +1,6 @@
 #include "leveltree/CECadClsLvl.h"
 
-#ifdef __GNUC__
+#if defined(__GNUC__) && !defined(_WIN32)
 static_assert(sizeof(CECadClsLvl) == 80, "each byte more costs time: a file has many levels");
 #endif
 

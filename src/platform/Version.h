@@ -5,7 +5,13 @@
 #define VEKA_VERSION_MINOR 0
 #define VEKA_VERSION_PATCH 0
 
-#ifndef RC_INVOKED  // a resource compiler takes the numbers alone
+/// The release as a literal, such as "1.0.0".
+#define VEKA_VERSION_TEXT \
+    VEKA_DIGITS(VEKA_VERSION_MAJOR) "." VEKA_DIGITS(VEKA_VERSION_MINOR) "." VEKA_DIGITS(VEKA_VERSION_PATCH)
+#define VEKA_DIGITS(number) VEKA_DIGITS_OF(number)
+#define VEKA_DIGITS_OF(number) #number
+
+#ifndef RC_INVOKED  // a resource compiler reads only the macros
 
 #include "platform/Export.h"
 
