@@ -107,9 +107,8 @@ if(TARGET veka_python)
         set_target_properties(veka_python PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_module}")
     endif()
     install(TARGETS veka_python LIBRARY DESTINATION ${VEKA_PYTHON_FOLDER}/veka COMPONENT python)
-    install(FILES ${PROJECT_BINARY_DIR}/python/veka/__init__.py ${PROJECT_BINARY_DIR}/python/veka/__init__.pyi
-                  ${PROJECT_BINARY_DIR}/python/veka/py.typed
-            DESTINATION ${VEKA_PYTHON_FOLDER}/veka COMPONENT python)
+    get_target_property(module_files veka_python VEKA_MODULE_FILES)
+    install(FILES ${module_files} DESTINATION ${VEKA_PYTHON_FOLDER}/veka COMPONENT python)
     install(FILES docs/python.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/python3-veka COMPONENT python)
     install(DIRECTORY python/examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/python3-veka COMPONENT python
             FILES_MATCHING PATTERN *.py)

@@ -1,6 +1,7 @@
 #include <pybind11/pybind11.h>
 
 #include "platform/Version.h"
+#include "python/Checking.h"
 #include "python/Classes.h"
 #include "python/Reading.h"
 #include "python/TextListType.h"
@@ -35,4 +36,6 @@ PYBIND11_MODULE(_veka, module) {
                "the format. Other mistakes in a file are no errors: what cannot be read keeps its default.");
     module.def("reads", Call<python::ReadBytes>, py::arg("data"), py::pos_only(),
                "reads(data) -> Manager\n\nReads a part from bytes, as read does from a file.");
+    // veka/__init__.py gives what this finds its names.
+    module.def("_check", python::Check);
 }

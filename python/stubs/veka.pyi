@@ -1,7 +1,7 @@
 from collections.abc import Callable, Iterable, Iterator, MutableSequence
 from os import PathLike
 from types import MappingProxyType
-from typing import Any, ClassVar, Generic, SupportsIndex, TypeVar, overload
+from typing import Any, ClassVar, Generic, NamedTuple, SupportsIndex, TypeVar, overload
 from typing_extensions import Self
 
 __version__: str
@@ -10,6 +10,19 @@ class InvalidAccessError(ValueError): ...
 
 def read(path: str | bytes | PathLike[str] | PathLike[bytes], /) -> Manager: ...
 def reads(data: bytes | bytearray | memoryview, /) -> Manager: ...
+
+class Finding(NamedTuple):
+    code: str
+    severity: str
+    kind: str
+    line: int
+    column: int
+    path: str
+    text: str
+    sentence: str
+
+def check(path: str | bytes | PathLike[str] | PathLike[bytes], /) -> list[Finding]: ...
+def checks(data: bytes | bytearray | memoryview, /) -> list[Finding]: ...
 
 class Record:
     __fields__: ClassVar[MappingProxyType[str, str]]
