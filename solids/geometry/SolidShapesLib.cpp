@@ -305,7 +305,7 @@ const TopoDS_Shape* object::GetShape() const {
     TopoDS_Shape shape;
     try {
         shape = Make();
-        if (shape.IsNull() || !BRepCheck_Analyzer(shape, !ChecksItself()).IsValid())
+        if (shape.IsNull() || !(ChecksItself() || BRepCheck_Analyzer(shape).IsValid()))
             Fail("the body crosses itself");
     } catch (const Standard_Failure& failure) {
         m_failure = std::string("the modeller gave up: ") + failure.GetMessageString();

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <limits>
 #include <numbers>
+#include <random>
 
 #include "geometry/SolidFiles.h"
 #include "geometry/StepFiles.h"
@@ -588,6 +589,50 @@ TEST(SolidFiles, BodiesWithOneShapeAreOnePartPlacedSeveralTimes) {
         return std::filesystem::file_size(path);
     };
     EXPECT_LT(size(50), size(1) * 2);
+}
+
+TEST(SolidFiles, BodiesOfRandomSizesEndWithTrianglesOrAReason) {
+    const test::TemporaryDirectory directory;
+    std::minstd_rand random(3);
+    const auto size = [&] { return std::pow(10.0, (static_cast<int>(random() % 120) - 50) / 10.0); };
+    std::vector<geometry::NamedSolid> solids;
+    for (int i = 0; i < 56; ++i) {
+        const double a = size(), b = size(), c = size(), d = size(), e = size();
+        std::shared_ptr<geometry::object> solid;
+        switch (i % 8) {
+            case 0:
+                solid = std::make_shared<geometry::cuboid>(kZero, kX, kZ, a, b, c, kColor, false);
+                break;
+            case 1:
+                solid = std::make_shared<geometry::hole_cuboid>(kZero, kX, kZ, a, b, c, d, e, kColor, false);
+                break;
+            case 2:
+                solid = std::make_shared<geometry::cylinder>(kZero, kX, kZ, a, b, kColor, false);
+                break;
+            case 3:
+                solid = std::make_shared<geometry::donut>(kZero, kX, kZ, a, b, c, kColor, false);
+                break;
+            case 4:
+                solid = std::make_shared<geometry::pyramid>(kZero, kX, kZ, a, b, c, d, e, kColor, false);
+                break;
+            case 5:
+                solid = std::make_shared<geometry::sphere>(kZero, a, kColor, false);
+                break;
+            case 6:
+                solid = std::make_shared<geometry::ellipse>(kZero, kX, kZ, a, b, c, kColor, false);
+                break;
+            default:
+                solid = std::make_shared<geometry::pillar>(kZero, kX, kZ,
+                                                           Outline({{a, b}, {a + c, b}, {a, b + d}}),
+                                                           CPCPolygonArray(), e, kColor, false);
+        }
+        EXPECT_EQ(solid->GetShape()->IsNull(), !solid->GetFailure().empty());
+        if (!solid->GetShape()->IsNull()) solids.push_back({"body " + std::to_string(i), std::move(solid)});
+    }
+    const std::string path(static_cast<const char*>(directory / "random.glb"));
+    for (const std::string& reason : geometry::WriteGltf(path, solids))
+        EXPECT_NE(reason.find(" is left out: "), std::string::npos) << reason;
+    EXPECT_LT(std::filesystem::file_size(path), 20'000'000u);
 }
 
 }  // namespace
