@@ -11,6 +11,7 @@ const char* const kUsage =
     "usage: veka-host [FILE...] [--library DIR] [--overwrite yes|no|ask] [--print [json]] [--pins [csv]]\n"
     "                 [--step FILE] [--gltf FILE] [--step-folder DIR...] [--quiet] [--ui qt|win32|console]\n"
     "       veka-host --open [FILE...]\n"
+    "       veka-host FILE... --check [json] [--quiet]\n"
     "       veka-host --undo [PART...] --library DIR\n"
     "\n"
     "Shows part data files and stores their parts in a library. FILE - is standard input.\n"
@@ -26,6 +27,9 @@ const char* const kUsage =
     "  --step FILE         write the solids of the packages to a STEP file\n"
     "  --gltf FILE         write the solids of the packages to a binary glTF file\n"
     "  --step-folder DIR   look in this directory, too, for STEP files that the part names\n"
+    "  --check             tell what an import leaves out, changes and finds inconsistent; store nothing.\n"
+    "                      FILE can be a directory. It ends with 1 for warnings and 3 for errors\n"
+    "  --check json        the same as SARIF 2.1.0\n"
     "  --quiet, -q         print no summary\n"
     "  --undo              exchange a part with the one that was replaced last\n"
     "  --max-size MB       largest file that is read (256); 0 here and below: no limit\n"
@@ -121,8 +125,14 @@ std::chrono::seconds Seconds(const std::string& option, const std::string& text)
     return std::chrono::seconds(Number(option, text, "seconds"));
 }
 
-void Check(const CommandLine& line) {
+void Require(const CommandLine& line) {
     if (line.help || line.version) return;
+    if (line.check != Check::No) {
+        if (line.files.empty()) throw UsageError("--check needs a file or a directory");
+        if (!line.library.empty() || line.Shown() || line.undo || line.Attended())
+            throw UsageError("--check only checks: it takes no other option but --quiet");
+        return;
+    }
     const bool standardInput =
         std::find(line.files.begin(), line.files.end(), kStandardInput) != line.files.end();
     if (line.undo) {
@@ -185,6 +195,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             line.wait = Seconds(option, next.Value());
         } else if (option == "--print") {
             print(next.HasWord("json") ? Print::Json : Print::Outline);
+        } else if (option == "--check") {
+            line.check = next.HasWord("json") ? Check::Sarif : Check::Lines;
         } else if (option == "--pins") {
             print(next.HasWord("csv") ? Print::PinsCsv : Print::Pins);
         } else if (option == "--overwrite") {
@@ -200,7 +212,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
         }
     }
     if (quiet && line.print == Print::Summary) line.print = Print::Nothing;
-    Check(line);
+    Require(line);
     return line;
 }
 

@@ -15,6 +15,9 @@ enum class Overwrite { Yes, No, Ask };
 /// What to print of an imported part.
 enum class Print { Summary, Outline, Json, Pins, PinsCsv, Nothing };
 
+/// Whether files are only checked, and how the findings are printed.
+enum class Check { No, Lines, Sarif };
+
 /// How the program asks its user.
 enum class Windows {
     Automatic,  ///< in windows where there is a display, but not at all if a file is given
@@ -36,7 +39,8 @@ struct CommandLine {
     std::string library;             ///< directory that parts are stored in; empty: nothing is stored
     Overwrite overwrite = Overwrite::Ask;
     Print print = Print::Summary;
-    std::string step;  ///< file to write the solids to; empty: none
+    Check check = Check::No;  ///< tell what an import leaves out, and store nothing
+    std::string step;         ///< file to write the solids to; empty: none
     std::string gltf;
     std::vector<std::string> stepFolders;  ///< where STEP files that a part names are looked for, too
     Windows windows = Windows::Automatic;

@@ -7,6 +7,7 @@
 
 #include "console/ConsoleUserInterface.h"
 #include "files/Paths.h"
+#include "host/CheckFiles.h"
 #include "host/CommandLine.h"
 #include "host/Desktop.h"
 #include "host/Failure.h"
@@ -262,6 +263,7 @@ int Run(const CommandLine& line, const Streams& streams, Desktop* desktop) {
         streams.out << "veka-host " << veka::Version() << '\n';
         return kImported;
     }
+    if (line.check != Check::No) return CheckFiles(line, streams);
     if (line.undo) return Program(line, streams).Undo();
     if (!line.Attended()) return Program(line, streams).ImportFiles();
     const bool wanted = line.open || line.windows == Windows::Qt || line.windows == Windows::Win32;

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Everything that a host needs: the import dialog, the parser, the import with limits, the model, its
-/// printers and the user interface to install.
+/// Everything that a host needs: the import dialog, the parser, the import with limits, the report of an
+/// import, the model, its printers and the user interface to install.
 
 #include "dialog/CVEK_AsciiFile_Import_Dlg.h"
 #include "inspect/Description.h"
@@ -19,6 +19,8 @@
 #include "parser/CVEK_AsciiParser.h"
 #include "parser/Import.h"
 #include "platform/Version.h"
+#include "report/ImportReport.h"
+#include "report/Sarif.h"
 #include "window/CDialog.h"
 #include "window/ExtensionModule.h"
 #include "window/SBUtility.h"

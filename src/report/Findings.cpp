@@ -64,6 +64,20 @@ constexpr std::array<CodeDescription, kCodes> kDescriptions{{
      "A string whose closing quote begins a line gets a blank at its end."},
     {Code::TabInValue, "VEKA-W048", Note, Structure, "tab-in-value",
      "A tab separates no values and is a part of the value."},
+    {Code::NoSuchName, "VEKA-W050", Warning, Reference, "no-such-name", "The name leads to no record."},
+    {Code::NameTwice, "VEKA-W051", Warning, Reference, "name-twice",
+     "Two records of one list have the same name."},
+    {Code::PinMismatch, "VEKA-W052", Warning, Reference, "pin-mismatch",
+     "The pin has no counterpart of the same name."},
+    {Code::NoSuchFile, "VEKA-W053", Warning, Reference, "no-such-file", "The file is not beside the part."},
+    {Code::PinCount, "VEKA-W060", Warning, Disagreement, "pin-count",
+     "The number of pins is another one than the part has."},
+    {Code::NoSuchDefault, "VEKA-W061", Warning, Disagreement, "no-such-default",
+     "The default package, footprint or symbol is not there."},
+    {Code::PinOutside, "VEKA-W062", Warning, Disagreement, "pin-outside",
+     "The pin stands outside of every outline."},
+    {Code::PadsOverlap, "VEKA-W063", Warning, Disagreement, "pads-overlap",
+     "Two pads of one footprint overlap on one layer."},
 }};
 
 }  // namespace

@@ -52,6 +52,14 @@ enum class Code {
     CommentInString,
     BlankAdded,
     TabInValue,
+    NoSuchName,
+    NameTwice,
+    PinMismatch,
+    NoSuchFile,
+    PinCount,
+    NoSuchDefault,
+    PinOutside,
+    PadsOverlap,
 };
 
 /// A code with its number and what all its findings share.
@@ -64,7 +72,7 @@ struct CodeDescription {
     const char* meaning;  ///< one sentence
 };
 
-inline constexpr std::size_t kCodes = 30;
+inline constexpr std::size_t kCodes = 38;
 /// All codes, in the order of their numbers.
 VEKA_API const std::array<CodeDescription, kCodes>& AllCodes();
 VEKA_API const CodeDescription& Describe(Code code);

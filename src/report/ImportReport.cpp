@@ -1,6 +1,7 @@
 #include "report/ImportReport.h"
 
 #include "report/Arrivals.h"
+#include "report/ModelCheck.h"
 #include "report/Structure.h"
 #include "report/Unread.h"
 
@@ -12,6 +13,7 @@ ImportReport ReportImport(std::string_view bytes, const ReportOptions& options) 
     FindStructure(text, report);
     const Arrivals arrivals(text);
     FindUnread(text, arrivals, report);
+    CheckModel(text, arrivals, options.folder, report);
     return report.Finish();
 }
 

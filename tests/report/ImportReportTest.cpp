@@ -192,6 +192,7 @@ TEST(ImportReport, AnUnknownTargetOfAPowerRailIsTold) {
     EXPECT_THAT(
         Said("(VEK (ELECTRICAL (POWERRAILS (PRAIL (SIGNALNAME VCC RCL)))))"),
         ElementsAre(
+            "VEKA-W050 49-52 warning: there is no signal \"VCC\"",
             "VEKA-W036 53-56 warning: \"RCL\" in SIGNALNAME is neither RLC nor RL and counts as no target"));
 }
 
@@ -260,7 +261,8 @@ TEST(ImportReport, Q18_AnUnknownObjectIsTold) {
 
 TEST(ImportReport, AMisspeltKeywordAmongObjectsIsNamed) {
     EXPECT_THAT(Said("(PARTITIONS (PARTITION (PARTITIONPINS (PARTITIONPIN 1 A (LIBPIN B) (LIPIN B)))))"),
-                ElementsAre("VEKA-W002 68-77 warning: there is no object LIPIN; probably LIBPIN was meant"));
+                ElementsAre("VEKA-W050 65-66 warning: there is no pin shape \"B\"",
+                            "VEKA-W002 68-77 warning: there is no object LIPIN; probably LIBPIN was meant"));
 }
 
 TEST(ImportReport, Q19_APinShapeInASymbolIsKnownAndNotRead) {
@@ -291,7 +293,8 @@ TEST(ImportReport, Q22_AReplacedPadstackLayerKeepsItsPadNames) {
     EXPECT_THAT(
         Said("(PADSTACKS (PADSTACK (PADSTACKNAME S) (TOP (CON A) (TD TRUE)) (TOP (CON B))))"),
         ElementsAre(
-            "VEKA-W020 52-61 warning: the value of TD is read and then replaced by that of TOP in line 1"));
+            "VEKA-W020 52-61 warning: the value of TD is read and then replaced by that of TOP in line 1",
+            "VEKA-W050 73-74 warning: there is no pad \"B\""));
 }
 
 TEST(ImportReport, Q23_AWrapAroundLeadLosesItsThickness) {

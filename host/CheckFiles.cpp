@@ -1,0 +1,135 @@
+#include "host/CheckFiles.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <istream>
+#include <iterator>
+#include <ostream>
+
+#include "files/Paths.h"
+#include "host/ExitCode.h"
+#include "host/Failure.h"
+#include "host/Messages.h"
+#include "host/SafeFiles.h"
+#include "platform/Printable.h"
+#include "report/ImportReport.h"
+#include "report/Sarif.h"
+
+namespace host {
+
+namespace {
+
+constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
+
+std::string Number(std::size_t count, const char* what) {
+    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
+}
+
+class Checker {
+public:
+    Checker(const CommandLine& line, const Streams& streams)
+        : m_line(line), m_out(streams.out), m_in(streams.in), m_messages(streams.err) {}
+
+    int Run() {
+        for (const std::string& file : m_line.files) {
+            const std::filesystem::path path = veka::ToPath(CString(file));
+            std::error_code error;
+            if (file != kStandardInput && std::filesystem::is_directory(path, error))
+                CheckDirectory(path, file);
+            else
+                CheckFile(file);
+        }
+        if (m_line.check == Check::Sarif)
+            veka::WriteSarif(m_out, m_reports);
+        else if (m_files > 1 && m_line.print == Print::Summary)
+            WriteSummary(Number(m_files, "file"), m_total);
+        return m_code;
+    }
+
+private:
+    struct Counts {
+        std::size_t errors = 0, warnings = 0, notes = 0;
+    };
+
+    void CheckDirectory(const std::filesystem::path& directory, const std::string& name) {
+        std::vector<std::string> files;
+        std::error_code error;
+        std::filesystem::recursive_directory_iterator entry(directory, error), end;
+        for (; !error && entry != end; entry.increment(error))
+            if (entry->path().extension() == ".veka" && entry->is_regular_file(error))
+                files.emplace_back(veka::FromPath(entry->path()).View());
+        if (error)
+            Fail("the directory \"" + name + "\" cannot be read: " + error.message());
+        else if (files.empty())
+            m_messages.Say("the directory \"" + name + "\" holds no part data file");
+        std::sort(files.begin(), files.end());
+        for (const std::string& file : files) CheckFile(file);
+    }
+
+    void CheckFile(const std::string& file) {
+        try {
+            std::string bytes;
+            veka::ReportOptions options;
+            if (file == kStandardInput) {
+                bytes.assign(std::istreambuf_iterator<char>(m_in), {});
+            } else {
+                const std::filesystem::path path = veka::ToPath(CString(file));
+                bytes = ReadRegularFile(path, kLargestFile).bytes;
+                options.folder =
+                    path.has_parent_path() ? std::string(veka::FromPath(path.parent_path()).View()) : ".";
+            }
+            Show(file, veka::ReportImport(bytes, options));
+        } catch (...) {
+            Fail(CurrentFailure(file).sentence);
+        }
+    }
+
+    void Fail(const std::string& sentence) {
+        m_messages.Say(sentence);
+        m_code = kFailed;
+    }
+
+    void Show(const std::string& file, veka::ImportReport report) {
+        const Counts counts{report.Count(veka::Severity::Error), report.Count(veka::Severity::Warning),
+                            report.Count(veka::Severity::Note)};
+        m_code = std::max<int>(m_code, counts.errors > 0     ? kFailed
+                                       : counts.warnings > 0 ? kRefused
+                                                             : kImported);
+        ++m_files;
+        m_total.errors += counts.errors;
+        m_total.warnings += counts.warnings;
+        m_total.notes += counts.notes;
+        if (m_line.check == Check::Sarif) {
+            m_reports.push_back({file, std::move(report)});
+            return;
+        }
+        for (const veka::Finding& finding : report.Findings())
+            m_out << veka::ReportLine(file, finding) << '\n';
+        if (report.Dropped() > 0)
+            m_out << veka::Printable(file) << ": " << Number(report.Dropped(), "more finding")
+                  << " not shown\n";
+        if (m_line.print == Print::Summary) WriteSummary(veka::Printable(file), counts);
+    }
+
+    void WriteSummary(const std::string& what, const Counts& counts) {
+        m_out << what << ": " << Number(counts.errors, "error") << ", " << Number(counts.warnings, "warning")
+              << ", " << Number(counts.notes, "note") << '\n';
+    }
+
+    const CommandLine& m_line;
+    std::ostream& m_out;
+    std::istream& m_in;
+    Messages m_messages;
+    std::vector<veka::ReportedFile> m_reports;
+    Counts m_total;
+    std::size_t m_files = 0;
+    int m_code = kImported;
+};
+
+}  // namespace
+
+int CheckFiles(const CommandLine& line, const Streams& streams) {
+    return Checker(line, streams).Run();
+}
+
+}  // namespace host
