@@ -304,6 +304,30 @@ TEST_F(Library, APartThatCannotGoToTheTrashIsNotReplaced) {
     EXPECT_EQ(Read("A/old.veka"), "old content");
 }
 
+TEST_F(Library, AStoreThatFailsAfterTheExchangePutsTheOldPartBack) {
+    std::filesystem::permissions(directory.Path(), std::filesystem::perms(0755));
+    std::filesystem::permissions(Root(), std::filesystem::perms(0777));
+    Store("A", kNew);
+    Store("A", kOld);
+    // The part in the trash cannot be removed, so the part that is replaced finds no place there.
+    std::filesystem::permissions(Root() / ".veka-trash/A", std::filesystem::perms(0555));
+    const int code = test::InChild([&] {
+        if (!test::BecomeNobody()) return test::kNotPossibleHere;
+        try {
+            Store("A", {"third content", 0666});
+        } catch (const StoreError&) {
+            return 0;
+        }
+        return 1;
+    });
+    std::filesystem::permissions(Root() / ".veka-trash/A", std::filesystem::perms(0755));
+    if (code == test::kNotPossibleHere) GTEST_SKIP() << "This user cannot become another.";
+    EXPECT_EQ(code, 0);
+    EXPECT_THAT(Content(), ElementsAre(".veka-lock", ".veka-trash", "A"));
+    EXPECT_EQ(Read("A/old.veka"), "old content");
+    EXPECT_EQ(Read(".veka-trash/A/new.veka"), "new content");
+}
+
 TEST_F(Library, AllWhoMayWriteALibraryCanReplaceEachOthersParts) {
     std::filesystem::permissions(directory.Path(), std::filesystem::perms(0755));
     std::filesystem::permissions(Root(), std::filesystem::perms(0777));
