@@ -61,6 +61,11 @@ veka_package(development libvekasciidll-dev libdevel "libvekasciidll1 ${exactly}
              "Headers, the static library, the CMake package and the pkg-config file.")
 veka_package(host veka-host electronics "libvekasciidll1 (>= ${PROJECT_VERSION})"
              "Imports, prints, stores and shows parts: in a window, on a terminal or\nunattended.")
+if(TARGET VEKAsciiDrawing)
+    list(APPEND CPACK_COMPONENTS_ALL drawing)
+    veka_package(drawing libvekasciidll-drawing-dev libdevel "libvekasciidll-dev ${exactly}"
+                 "Draws footprints, padstacks, symbols and packages, and writes the drawings\nas SVG files.")
+endif()
 if(TARGET VEKAsciiQt)
     list(APPEND CPACK_COMPONENTS_ALL qt)
     veka_package(qt libvekasciidll-qt-dev libdevel "libvekasciidll-dev ${exactly}, qt6-base-dev"

@@ -9,7 +9,8 @@ namespace host {
 
 const char* const kUsage =
     "usage: veka-host [FILE...] [--library DIR] [--overwrite yes|no|ask] [--print [json]] [--pins [csv]]\n"
-    "                 [--step FILE] [--gltf FILE] [--step-folder DIR...] [--quiet] [--ui qt|win32|console]\n"
+    "                 [--step FILE] [--gltf FILE] [--step-folder DIR...]\n"
+    "                 [--picture FILE [--of WHAT] [--side top|bottom]] [--quiet] [--ui qt|win32|console]\n"
     "       veka-host --open [FILE...]\n"
     "       veka-host FILE... --check [json] [--quiet]\n"
     "       veka-host --undo [PART...] --library DIR\n"
@@ -30,6 +31,9 @@ const char* const kUsage =
     "  --check             tell what an import leaves out, changes and finds inconsistent; store nothing.\n"
     "                      FILE can be a directory. It ends with 1 for warnings and 3 for errors\n"
     "  --check json        the same as SARIF 2.1.0\n"
+    "  --picture FILE      draw the part into an SVG file, or into a PNG file if the name ends in .png\n"
+    "  --of WHAT           draw only its footprint, symbol, package or padstack, not all of them (all)\n"
+    "  --side top|bottom   from which side of the board the footprint is seen (top)\n"
     "  --quiet, -q         print no summary\n"
     "  --undo              exchange a part with the one that was replaced last\n"
     "  --max-size MB       largest file that is read (256); 0 here and below: no limit\n"
@@ -145,17 +149,21 @@ void Require(const CommandLine& line) {
     if (line.open && line.Shown()) throw UsageError("--open only shows files in the window");
     if (line.files.size() > 1 && standardInput)
         throw UsageError("standard input can only be imported by itself");
-    if (line.files.size() > 1 && !(line.step.empty() && line.gltf.empty()))
-        throw UsageError("--step and --gltf take one file");
-    if (!line.step.empty() && line.step == line.gltf)
-        throw UsageError("--step and --gltf name the same file");
+    const std::string* const outputs[] = {&line.step, &line.gltf, &line.picture};
+    for (const std::string* output : outputs) {
+        if (line.files.size() > 1 && !output->empty())
+            throw UsageError("--step, --gltf and --picture take one file");
+        for (const std::string* other : outputs)
+            if (other != output && !output->empty() && *output == *other)
+                throw UsageError("two of --step, --gltf and --picture name the same file");
+    }
 }
 
 }  // namespace
 
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     CommandLine line;
-    bool quiet = false;
+    bool quiet = false, pictured = false;
     const auto print = [&](Print what) {
         if (line.print != Print::Summary) throw UsageError("--print and --pins can be given once");
         line.print = what;
@@ -191,6 +199,20 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             line.limits.memory = Number(option, next.Value(), "MB");
         } else if (option == "--max-time") {
             line.limits.time = Seconds(option, next.Value());
+        } else if (option == "--picture") {
+            line.picture = next.Path();
+        } else if (option == "--of") {
+            pictured = true;
+            line.of = OneOf<PictureOf>(option, next.Value(),
+                                       {{"footprint", PictureOf::Footprint},
+                                        {"symbol", PictureOf::Symbol},
+                                        {"package", PictureOf::Package},
+                                        {"padstack", PictureOf::Padstack},
+                                        {"all", PictureOf::All}});
+        } else if (option == "--side") {
+            pictured = true;
+            line.side = OneOf<drawing::Side>(
+                option, next.Value(), {{"top", drawing::Side::Top}, {"bottom", drawing::Side::Bottom}});
         } else if (option == "--wait") {
             line.wait = Seconds(option, next.Value());
         } else if (option == "--print") {
@@ -212,6 +234,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
         }
     }
     if (quiet && line.print == Print::Summary) line.print = Print::Nothing;
+    if (pictured && line.picture.empty()) throw UsageError("--of and --side need --picture FILE");
     Require(line);
     return line;
 }

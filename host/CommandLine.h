@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "drawing/Palette.h"
 #include "host/Reading.h"
 
 namespace host {
@@ -17,6 +18,9 @@ enum class Print { Summary, Outline, Json, Pins, PinsCsv, Nothing };
 
 /// Whether files are only checked, and how the findings are printed.
 enum class Check { No, Lines, Sarif };
+
+/// What of a part a picture shows.
+enum class PictureOf { Footprint, Symbol, Package, Padstack, All };
 
 /// How the program asks its user.
 enum class Windows {
@@ -43,6 +47,9 @@ struct CommandLine {
     std::string step;         ///< file to write the solids to; empty: none
     std::string gltf;
     std::vector<std::string> stepFolders;  ///< where STEP files that a part names are looked for, too
+    std::string picture;                   ///< file to draw the part into; empty: none
+    PictureOf of = PictureOf::All;
+    drawing::Side side = drawing::Side::Top;  ///< from which side the picture shows the footprint
     Windows windows = Windows::Automatic;
     Limits limits;
     std::chrono::seconds wait{60};  ///< how long to wait for a library that another program writes
@@ -51,7 +58,8 @@ struct CommandLine {
     bool Attended() const { return !undo && (files.empty() || open || windows != Windows::Automatic); }
     /// True if something is to be printed or written besides the library.
     bool Shown() const {
-        return (print != Print::Summary && print != Print::Nothing) || !step.empty() || !gltf.empty();
+        return (print != Print::Summary && print != Print::Nothing) || !step.empty() || !gltf.empty() ||
+               !picture.empty();
     }
 };
 

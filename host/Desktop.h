@@ -3,6 +3,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "drawing/Sheet.h"
 #include "host/CommandLine.h"
 #include "window/UserInterface.h"
 
@@ -12,6 +13,9 @@ namespace host {
 struct NoWindows : std::runtime_error {
     using runtime_error::runtime_error;
 };
+
+/// Why there is no PNG picture.
+extern const char* const kNoPng;
 
 /// The windows that a program was built with.
 class Desktop {
@@ -26,6 +30,9 @@ public:
     /// Runs the application, in which parts are imported one after another, until the user closes it; returns
     /// the exit code. The user interface is installed.
     virtual int RunApplication(const CommandLine& line) = 0;
+    /// Writes a picture as a PNG file; needs no display. Raises `NoWindows` where these windows cannot, and
+    /// `OutputError` where the file cannot be written.
+    virtual void WritePng(const drawing::Sheet& sheet, const std::string& path);
 };
 
 }  // namespace host

@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "drawing/SceneBuilder.h"
 #include "host/CommandLine.h"
 #include "host/Desktop.h"
 #include "host/ImportedPart.h"
@@ -32,6 +33,8 @@ Failure CurrentFailure(const std::string& file) {
         return {kFailed, subject + " could not be stored: " + error.what()};
     } catch (const SolidsError& error) {
         return {kFailed, "no solids of " + subject + " were written: " + error.what()};
+    } catch (const drawing::DrawingError& error) {
+        return {kFailed, "no picture of " + subject + " was written: " + error.what()};
     } catch (const RefusedOutput& error) {
         return {kRefused, error.what()};
     } catch (const OutputError& error) {

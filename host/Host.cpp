@@ -15,6 +15,7 @@
 #include "host/Interrupt.h"
 #include "host/Messages.h"
 #include "host/OutputFile.h"
+#include "host/Picture.h"
 #include "host/PinTable.h"
 #include "host/Solids.h"
 #include "host/Summary.h"
@@ -37,8 +38,8 @@ std::string Quoted(std::string_view text) {
 /// One run of the program.
 class Program {
 public:
-    Program(const CommandLine& line, const Streams& streams)
-        : m_line(line), m_streams(streams), m_messages(streams.err) {}
+    Program(const CommandLine& line, const Streams& streams, Desktop* desktop)
+        : m_line(line), m_streams(streams), m_desktop(desktop), m_messages(streams.err) {}
 
     /// Imports the files without a dialog.
     int ImportFiles() {
@@ -118,7 +119,7 @@ private:
     template <class Ask>
     int Deliver(const ImportedPart& part, Existing existing, Ask ask) {
         const std::string file(part.file.View());
-        for (const std::string* output : {&m_line.step, &m_line.gltf})
+        for (const std::string* output : {&m_line.step, &m_line.gltf, &m_line.picture})
             RequireOutsideOf(*output, file, std::string(m_library.View()), part.Name());
         RequireSections(part);
         for (const std::string& fault : part.faults) m_messages.Say(Quoted(file) + ": " + fault);
@@ -135,6 +136,8 @@ private:
             });
         if (!m_line.step.empty() || !m_line.gltf.empty())
             code = std::max(code, Reported(file, [&] { return WriteSolidFiles(part); }));
+        if (!m_line.picture.empty())
+            code = std::max(code, Reported(file, [&] { return WritePicture(part); }));
         return code;
     }
 
@@ -227,6 +230,22 @@ private:
         return code;
     }
 
+    int WritePicture(const ImportedPart& part) {
+        const drawing::Sheet sheet = MakePicture(part.Model(), m_line.of, m_line.side);
+        OutputFile file(m_line.picture);
+        if (!IsPngName(m_line.picture))
+            WriteSvgFile(sheet, part, file.TemporaryPath());
+        else if (m_desktop)
+            m_desktop->WritePng(sheet, file.TemporaryPath());
+        else
+            throw NoWindows(kNoPng);
+        file.Commit();
+        for (const drawing::View& view : sheet.Views())
+            for (const std::string& remark : view.scene.Remarks())
+                m_messages.Say(view.scene.Title() + ": " + remark);
+        return kImported;
+    }
+
     /// Says after a second whom the program waits for, and gives up after the time that the user set.
     Waiting WaitingFor(const std::string& library) {
         return [this, library, told = false](std::chrono::milliseconds waited,
@@ -243,6 +262,7 @@ private:
 
     const CommandLine& m_line;
     const Streams& m_streams;
+    Desktop* m_desktop;
     Messages m_messages;
     CString m_library;
     std::map<std::string, int> m_total;
@@ -251,7 +271,7 @@ private:
 int ImportInWindows(const CommandLine& line, const Streams& streams, Desktop& desktop) {
     const std::unique_ptr<veka::UserInterface> windows = desktop.MakeUserInterface();
     const veka::ScopedUserInterface installed(*windows);
-    return line.Shown() ? Program(line, streams).ImportByDialog() : desktop.RunApplication(line);
+    return line.Shown() ? Program(line, streams, &desktop).ImportByDialog() : desktop.RunApplication(line);
 }
 
 int Run(const CommandLine& line, const Streams& streams, Desktop* desktop) {
@@ -264,8 +284,8 @@ int Run(const CommandLine& line, const Streams& streams, Desktop* desktop) {
         return kImported;
     }
     if (line.check != Check::No) return CheckFiles(line, streams);
-    if (line.undo) return Program(line, streams).Undo();
-    if (!line.Attended()) return Program(line, streams).ImportFiles();
+    if (line.undo) return Program(line, streams, desktop).Undo();
+    if (!line.Attended()) return Program(line, streams, desktop).ImportFiles();
     const bool wanted = line.open || line.windows == Windows::Qt || line.windows == Windows::Win32;
     const Windows kind = line.open ? Windows::Qt : line.windows;
     if (wanted && !(desktop && desktop->Kind() == kind))
@@ -276,7 +296,7 @@ int Run(const CommandLine& line, const Streams& streams, Desktop* desktop) {
     if (wanted) throw NoWindows("there is no display to show windows on");
     veka::ConsoleUserInterface console(streams.in, streams.err);
     const veka::ScopedUserInterface installed(console);
-    return Program(line, streams).ImportByDialog();
+    return Program(line, streams, desktop).ImportByDialog();
 }
 
 }  // namespace

@@ -5,8 +5,11 @@
 #include <QSettings>
 
 #include "host/ExitCode.h"
+#include "host/OutputFile.h"
 #include "host/qt/MainWindow.h"
+#include "host/qt/ScenePainter.h"
 #include "qt/QtUserInterface.h"
+#include "qt/Text.h"
 
 namespace host {
 
@@ -41,6 +44,21 @@ int QtDesktop::RunApplication(const CommandLine& line) {
     });
     QApplication::exec();
     return window.HasPart() || line.open ? kImported : kRefused;
+}
+
+void QtDesktop::WritePng(const drawing::Sheet& sheet, const std::string& path) {
+    // Texts need an application; without a display they are painted by the one that shows nothing.
+    std::unique_ptr<QGuiApplication> application;
+    int count = 1;
+    char name[] = "veka-host";
+    char* arguments[] = {name, nullptr};
+    if (!QCoreApplication::instance()) {
+        if (!HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
+        application = std::make_unique<QGuiApplication>(count, arguments);
+    }
+    constexpr int kLongest = 2000;
+    if (!ImageOf(sheet, kLongest).save(veka::ToQString(CString(path)), "PNG"))
+        throw OutputError("cannot write \"" + path + '"');
 }
 
 }  // namespace host

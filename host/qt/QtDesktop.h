@@ -11,6 +11,7 @@ public:
     bool HasDisplay() override;
     std::unique_ptr<veka::UserInterface> MakeUserInterface() override;
     int RunApplication(const CommandLine& line) override;
+    void WritePng(const drawing::Sheet& sheet, const std::string& path) override;
 };
 
 }  // namespace host

@@ -115,6 +115,25 @@ TEST(CommandLine, RaisesWhatDoesNotGoTogether) {
         EXPECT_THROW(ParseCommandLine(arguments), UsageError) << testing::PrintToString(arguments);
 }
 
+TEST(CommandLine, APictureShowsAllFromTheTopUnlessToldOtherwise) {
+    const host::CommandLine plain = ParseCommandLine({"f", "--picture", "p.svg"});
+    EXPECT_EQ(plain.picture, "p.svg");
+    EXPECT_EQ(plain.of, host::PictureOf::All);
+    EXPECT_EQ(plain.side, drawing::Side::Top);
+    EXPECT_TRUE(plain.Shown());
+    const host::CommandLine line =
+        ParseCommandLine({"f", "--picture=p.png", "--of", "padstack", "--side", "bottom"});
+    EXPECT_EQ(line.of, host::PictureOf::Padstack);
+    EXPECT_EQ(line.side, drawing::Side::Bottom);
+    using Arguments = std::vector<std::string>;
+    for (const Arguments& arguments :
+         {Arguments{"f", "--of", "symbol"}, Arguments{"f", "--side", "top"}, Arguments{"f", "--picture"},
+          Arguments{"f", "--picture", "p", "--of", "thing"},
+          Arguments{"f", "--picture", "p", "--side", "left"}, Arguments{"f", "g", "--picture", "p"},
+          Arguments{"f", "--picture", "p", "--step", "p"}, Arguments{"--open", "f", "--picture", "p"}})
+        EXPECT_THROW(ParseCommandLine(arguments), UsageError) << testing::PrintToString(arguments);
+}
+
 TEST(CommandLine, StepFoldersAreCollected) {
     const host::CommandLine line =
         host::ParseCommandLine({"x.veka", "--step-folder", "a", "--step-folder=b"});

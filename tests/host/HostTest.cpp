@@ -291,6 +291,65 @@ TEST_F(HostTest, SeveralFilesAreImportedAndEachIsReported) {
     EXPECT_EQ(Lines(), 2) << "one line for each file";
 }
 
+TEST_F(HostTest, DrawsAPart) {
+    const std::string picture = (directory / "out.svg").GetString();
+    const std::string part =
+        Write("part.veka",
+              "(VEK (PARTGENERAL (MPN A)))(PADS (PAD (PADNAME P) (FILLCIRCLE (D 1))))"
+              "(PADSTACKS (PADSTACK (PADSTACKNAME S) (TOP (CON P))))"
+              "(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F) (FPINS (FPIN 1 1 (LIBPADSTACK S)))))");
+    EXPECT_EQ(Run({part, "--quiet", "--picture", picture}), 0) << err.str();
+    EXPECT_EQ(err.str(), "");
+    EXPECT_THAT(test::ReadFile(picture),
+                AllOf(HasSubstr("<title>Footprint F</title>"), EndsWith("</svg>\n")));
+    EXPECT_EQ(Run({part, "--quiet", "--picture", picture, "--of", "padstack"}), 0);
+    EXPECT_THAT(test::ReadFile(picture), HasSubstr("<title>Padstack S</title>"));
+    EXPECT_EQ(Run({part, "--quiet", "--picture", picture, "--of", "symbol"}), 3);
+    EXPECT_EQ(err.str(), "veka-host: no picture of \"" + part + "\" was written: the part has no symbol\n");
+    EXPECT_THAT(test::ReadFile(picture), HasSubstr("Padstack S")) << "what was there stays";
+    EXPECT_EQ(Run({part, "--picture", part}), 1) << "the part itself is no place for a picture";
+}
+
+TEST_F(HostTest, WhatCannotBeDrawnIsTold) {
+    const std::string picture = (directory / "out.svg").GetString();
+    const std::string part = Write(
+        "part.veka",
+        "(VEK (PARTGENERAL (MPN A)))(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F) (CAMLAYERS (LAYER (LNAME A)"
+        " (FILLCIRCLE (D -1)) (FILLCIRCLE (D 1))))))");
+    EXPECT_EQ(Run({part, "--quiet", "--picture", picture}), 0);
+    EXPECT_EQ(err.str(), "veka-host: Footprint F: 1 object is left out: a size or a place cannot be drawn\n");
+    const std::string nothing = Write("nothing.veka", "(VEK (PARTGENERAL (MPN A)))");
+    EXPECT_EQ(Run({nothing, "--quiet", "--picture", picture}), 3);
+    EXPECT_THAT(err.str(), HasSubstr("there is nothing to draw"));
+}
+
+TEST_F(HostTest, APngPictureNeedsWindows) {
+    const std::string part = Write("part.veka",
+                                   "(VEK (PARTGENERAL (MPN A)))(FOOTPRINTS (FOOTPRINT (CAMLAYERS (LAYER "
+                                   "(LNAME A) (FILLCIRCLE (D 1))))))");
+    const std::string picture = (directory / "out.PNG").GetString();
+    EXPECT_EQ(Run({part, "--quiet", "--picture", picture}), 3);
+    EXPECT_THAT(err.str(), HasSubstr("built without Qt"));
+    FakeDesktop desktop;
+    EXPECT_EQ(Run({part, "--quiet", "--picture", picture}, "", &desktop), 3) << "nor can every window";
+    EXPECT_FALSE(std::filesystem::exists(directory.Path() / "out.PNG"));
+}
+
+TEST_F(HostTest, APictureIsNoMoreThanTenTimesTheFile) {
+    // One pad of many corners, used by many pins.
+    std::string lines, pins;
+    for (int i = 0; i < 300; ++i)
+        lines += "(LINE(PT " + std::to_string(i) + " 0)(PT " + std::to_string(i + 1) + " 1))";
+    for (int i = 0; i < 1000; ++i) pins += "(FPIN 1 A(LIBPADSTACK B))";
+    const std::string part = Write("part.veka", "(VEK (PARTGENERAL (MPN A)))(PADS(PAD(PADNAME B)" + lines +
+                                                    "))(PADSTACKS(PADSTACK(PADSTACKNAME B)(TOP(CON B))))"
+                                                    "(FOOTPRINTS(FOOTPRINT(FPINS" +
+                                                    pins + ")))");
+    EXPECT_EQ(Run({part, "--quiet", "--picture", (directory / "out.svg").GetString()}), 3);
+    EXPECT_THAT(err.str(), HasSubstr("the picture would have more than 1000000 bytes"));
+    EXPECT_FALSE(std::filesystem::exists(directory.Path() / "out.svg"));
+}
+
 TEST_F(HostTest, AProgramWithoutSolidsSaysSo) {
     EXPECT_EQ(Run({Write("f", kPart), "--step", (directory / "out.step").GetString()}), 3);
     EXPECT_THAT(

@@ -10,6 +10,9 @@
 #ifdef WITH_WIN32
 #include <win32/Win32UserInterface.h>
 #endif
+#ifdef WITH_DRAWING
+#include <drawing/Drawing.h>
+#endif
 #ifdef WITH_SOLIDS
 #include <geometry/SolidFiles.h>
 #endif
@@ -29,6 +32,10 @@ int main(int argc, char** argv) {
     parser.Parser();
     const CVEKA_VEK& part = *parser.GetCVEKA_Manager()->GetVEK();
     std::cout << part.GetPartGeneral()->GetMPN() << " by release " << veka::Version() << '\n';
+#ifdef WITH_DRAWING
+    const drawing::Part drawn(*parser.GetCVEKA_Manager());
+    std::cout << FootprintScene(drawn, *drawn.DefaultFootprint()).Shapes().size() << " shapes\n";
+#endif
 #ifdef WITH_SOLIDS
     const auto* package = part.GetPackages()->GetPackageArr()->GetAt(0);
     std::vector<std::shared_ptr<geometry::object>> solids;

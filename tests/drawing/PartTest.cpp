@@ -1,0 +1,76 @@
+#include "drawing/Part.h"
+
+#include <gtest/gtest.h>
+
+#include "support/Parsing.h"
+
+namespace {
+
+using namespace drawing;
+
+TEST(RoleOfNames, ReadsTheWordsOfUsualLayers) {
+    const std::pair<const char*, std::pair<Role, Side>> cases[] = {
+        {"F.Cu Top Copper", {Role::Copper, Side::Top}},
+        {"B.Cu Bottom Copper", {Role::Copper, Side::Bottom}},
+        {"TOP", {Role::Copper, Side::Top}},
+        {"bottom", {Role::Copper, Side::Bottom}},
+        {"SILKTOP Top Silk", {Role::Silk, Side::Top}},
+        {"SILKSCREEN_BOT", {Role::Silk, Side::Bottom}},
+        {"F.Mask Top Solder Mask", {Role::SolderMask, Side::Top}},
+        {"PASTEMASK_TOP", {Role::Paste, Side::Top}},
+        {"B.Paste Bottom Paste", {Role::Paste, Side::Bottom}},
+        {"F.CrtYd Top Courtyard", {Role::Courtyard, Side::Top}},
+        {"F.Fab Top Assembly", {Role::Assembly, Side::Top}},
+        {"ASSEMBLY_TOP", {Role::Assembly, Side::Top}},
+        {"KEEPOUT Keep-out", {Role::KeepOut, Side::Both}},
+        {"Drill", {Role::Drill, Side::Both}},
+        {"Edge.Cuts Board Outline", {Role::Other, Side::Both}},
+        {"Inner Signal 1", {Role::Copper, Side::Inner}},
+        {"", {Role::Other, Side::Both}},
+    };
+    for (const auto& [name, expected] : cases) EXPECT_EQ(RoleOfNames(name), expected) << name;
+}
+
+TEST(Part, TakesWhatIsNamedOrElseTheFirst) {
+    const auto parser = test::Import(
+        "(VEK (PACKAGES (DEFAULTPACKAGE B) (PACKAGE (NAME A)) (PACKAGE (NAME B) (DEFAULTFOOTPRINT G)))"
+        " (LOGICSYMBOLS (DEFAULTSYMBOL T) (SYMBOL (SYMBOLNAME S)) (SYMBOL (SYMBOLNAME T))))"
+        "(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F)) (FOOTPRINT (FOOTPRINTNAME G)))");
+    const Part part(*parser->GetCVEKA_Manager());
+    EXPECT_EQ(part.DefaultPackage()->GetName(), "B");
+    EXPECT_EQ(part.DefaultFootprint()->GetFootprintName(), "G");
+    EXPECT_EQ(part.DefaultSymbol()->GetSymbolName(), "T");
+    const auto plain = test::Import(
+        "(VEK (PACKAGES (DEFAULTPACKAGE X) (PACKAGE (NAME A) (DEFAULTFOOTPRINT X) (FOOTPRINTS (FOOTPRINT "
+        "(FOOTPRINTNAME "
+        "G))))) (LOGICSYMBOLS (SYMBOL (SYMBOLNAME S))))(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F)) (FOOTPRINT "
+        "(FOOTPRINTNAME G)))");
+    const Part other(*plain->GetCVEKA_Manager());
+    EXPECT_EQ(other.DefaultPackage()->GetName(), "A");
+    EXPECT_EQ(other.DefaultFootprint()->GetFootprintName(), "G") << "one that the package lists";
+    EXPECT_EQ(other.DefaultSymbol()->GetSymbolName(), "S");
+    const auto none = test::Import("");
+    const Part empty(*none->GetCVEKA_Manager());
+    EXPECT_EQ(empty.DefaultPackage(), nullptr);
+    EXPECT_EQ(empty.DefaultFootprint(), nullptr);
+    EXPECT_EQ(empty.DefaultSymbol(), nullptr);
+}
+
+TEST(Part, OfTwoRecordsWithOneNameTheFirstCounts) {
+    const auto parser = test::Import("(PADS (PAD (PADNAME P)) (PAD (PADNAME P)) (PAD))");
+    const Part part(*parser->GetCVEKA_Manager());
+    EXPECT_EQ(part.pads.Find("P"), parser->GetCVEKA_Manager()->GetPadArr()->GetAt(0));
+    EXPECT_EQ(part.pads.Find("p"), nullptr);
+    EXPECT_EQ(part.pads.Find(""), nullptr) << "an empty name means none";
+}
+
+TEST(Palette, PaleAndDarkColoursAreMadeReadable) {
+    EXPECT_EQ(Readable({242, 237, 161}, Theme::Dark), (Color{242, 237, 161}));
+    EXPECT_LT(Readable({242, 237, 161}, Theme::Light).red, 200);
+    EXPECT_GT(Readable({0, 0, 30}, Theme::Dark).red, 40);
+    EXPECT_EQ(HtmlColor({1, 171, 255}), "#01abff");
+    EXPECT_STREQ(NameOf(Role::KeepOut), "keep-out");
+    EXPECT_STREQ(NameOf(static_cast<Role>(200)), "other");
+}
+
+}  // namespace
