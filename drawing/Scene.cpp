@@ -50,7 +50,9 @@ int Crossings(Point point, const Vertex& from, Point to) {
     // The chord, and once more if the point lies between the chord and the arc.
     const Arc2 arc = ArcOf(from, to);
     const Point chord = to - from.point, seen = point - from.point;
-    const bool right = chord.x * seen.y - chord.y * seen.x < 0;
+    const double side = chord.x * seen.y - chord.y * seen.x;
+    // A point on the chord is on one side of a way, and on the other side of the way back.
+    const bool right = side != 0 ? side < 0 : chord.x != 0 ? chord.x > 0 : chord.y > 0;
     const bool between = Distance(point, arc.center) < arc.radius && right == (from.bulge > 0);
     return crosses(from.point, to) + (between ? 1 : 0);
 }
