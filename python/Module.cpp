@@ -3,6 +3,7 @@
 #include "platform/Version.h"
 #include "python/Checking.h"
 #include "python/Classes.h"
+#include "python/Drawings.h"
 #include "python/Reading.h"
 #include "python/TextListType.h"
 #include "python/Values.h"
@@ -36,6 +37,9 @@ PYBIND11_MODULE(_veka, module) {
                "the format. Other mistakes in a file are no errors: what cannot be read keeps its default.");
     module.def("reads", Call<python::ReadBytes>, py::arg("data"), py::pos_only(),
                "reads(data) -> Manager\n\nReads a part from bytes, as read does from a file.");
-    // veka/__init__.py gives what this finds its names.
+    // veka/__init__.py and veka/drawing.py give these their names.
     module.def("_check", python::Check);
+    module.def("_draw_footprint", python::DrawFootprint);
+    module.def("_draw_symbol", python::DrawSymbol);
+    module.def("_draw_package", python::DrawPackage);
 }

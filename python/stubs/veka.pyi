@@ -4,6 +4,8 @@ from types import MappingProxyType
 from typing import Any, ClassVar, Generic, NamedTuple, SupportsIndex, TypeVar, overload
 from typing_extensions import Self
 
+from . import drawing as drawing
+
 __version__: str
 
 class InvalidAccessError(ValueError): ...

@@ -6,6 +6,8 @@ import re
 import shutil
 import subprocess
 import sys
+import xml.etree.ElementTree as ElementTree
+from base64 import b64decode
 
 import pytest
 import veka
@@ -54,6 +56,20 @@ def test_pins_whose_padstack_is_missing(tmp_path, examples):
     pins = [pin for footprint in veka.reads(text).footprint_db_arr for pin in footprint.f_pins]
     assert len(lines) == sum(pin.lib_padstack_name == name for pin in pins) > 0
     assert all(line.endswith(f"there is no padstack {name!r}") for line in lines)
+
+
+def test_a_sheet_of_footprint_pictures(tmp_path, examples):
+    (tmp_path / "odd.veka").write_bytes(
+        b'(VEK (PARTGENERAL (MPN "<\xe4>")))(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME "F&G")))')
+    files = [*examples.glob("*.veka"), tmp_path / "odd.veka"]
+    result = run("footprint_sheet.py", *files)
+    assert (result.returncode, result.stderr) == (0, b"")
+    page = result.stdout.decode()
+    pictures = re.findall('src="data:image/svg\\+xml;base64,([^"]+)"', page)
+    assert len(pictures) == sum(len(veka.read(file).footprint_db_arr) for file in files) > 0
+    for picture in pictures:
+        ElementTree.fromstring(b64decode(picture))
+    assert "OPA-2000-D" in page and "<\ufffd>" not in page
 
 
 @pytest.mark.parametrize("script", sorted(path.name for path in EXAMPLES.glob("*.py")))
