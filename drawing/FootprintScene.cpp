@@ -58,7 +58,7 @@ public:
         : m_part(part), m_scene(scene), m_objects(scene, part.fonts) {}
 
     /// The objects of a pad, with the builder's pen. False if there is no such pad, or if it shows nothing.
-    bool Draw(const CString& name, const Place& place) { return Draw(m_part.pads.Find(name), place); }
+    bool Draw(const CString& name, const Place& place) { return Draw(m_part.records.Pad(name.View()), place); }
     bool Draw(const CVEKA_Pad* pad, const Place& place) {
         if (!pad) return false;
         const size_t before = m_scene.Count();
@@ -120,7 +120,7 @@ private:
         std::vector<Placed>& pads = entry.first->second;
         if (!entry.second) return pads;
         const auto add = [&](const CString& name, std::uint32_t layer, Role role) {
-            pads.push_back({m_part.pads.Find(name), layer, role, Short(name)});
+            pads.push_back({m_part.records.Pad(name.View()), layer, role, Short(name)});
         };
         for (const LayerClass& layer : LayersOf(stack))
             for (const Use& use : kPlaced) {
@@ -138,7 +138,7 @@ private:
             m_part.Unit() * Place({pin.GetPoint()->GetX(), pin.GetPoint()->GetY()}, pin.GetRotation());
         const Source source = Source::Of(pin);
         const CString stackName = pin.GetLibPadstackName();
-        const CVEKA_PadStack* stack = m_part.padStacks.Find(stackName);
+        const CVEKA_PadStack* stack = m_part.records.PadStack(stackName.View());
         Box box;
         m_missing.clear();
         if (stack)
@@ -285,7 +285,7 @@ std::vector<const CVEKA_PadStack*> PadStacksOf(const Part& part, const CVEKA_Foo
     std::set<const CVEKA_PadStack*> seen;
     for (const CVEKA_FootprintPin* pin : *footprint.GetFPins()) {
         if (!pin) continue;
-        const CVEKA_PadStack* stack = part.padStacks.Find(pin->GetLibPadstackName());
+        const CVEKA_PadStack* stack = part.records.PadStack(pin->GetLibPadstackName().View());
         if (stack && seen.insert(stack).second) stacks.push_back(stack);
     }
     return stacks;

@@ -1,6 +1,7 @@
 #include "drawing/Part.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "leads/Placement.h"
 
@@ -111,14 +112,10 @@ int RankOf(Role role, Side side) {
 }
 
 Part::Part(const CVEKA_Manager& manager)
-    : pads(*manager.GetPadArr(), &CVEKA_Pad::GetPadName),
-      padStacks(*manager.GetPadStackArr(), &CVEKA_PadStack::GetPadstackName),
-      footprints(*manager.GetFootprintDBArr(), &CVEKA_FootprintDB::GetFootprintName),
-      pinShapes(*manager.GetNShapeArr(), &CVEKA_NSHAPE::GetShapeName),
-      partitions(*manager.GetPartitionDBArr(), &CVEKA_PartitionDB::GetPatitionName),
+    : records(manager),
       fonts(*manager.GetLibFonts()),
       m_manager(manager),
-      m_layersByName(*manager.GetVEK()->GetLayers()->GetLayerArr(), &CVEKA_Layer::GetECadLayerName) {
+      m_layersByName(*manager.GetVEK()->GetLayers()->GetLayerArr(), std::mem_fn(&CVEKA_Layer::GetECadLayerName)) {
     const CString unit = Vek().GetPartGeneral()->GetUnit();
     m_millimetres = veka::MillimetersOfUnit(unit);
     if (!(m_millimetres > 0)) {
@@ -134,48 +131,12 @@ Part::Part(const CVEKA_Manager& manager)
     }
 }
 
-const CVEKA_Package* Part::DefaultPackage() const {
-    const CVEKA_Packages& packages = *Vek().GetPackages();
-    const CString name = packages.GetDefaultPackageName();
-    const CVEKA_Package* first = nullptr;
-    for (const CVEKA_Package* package : *packages.GetPackageArr()) {
-        if (!package) continue;
-        if (package->GetName() == name) return package;
-        if (!first) first = package;
-    }
-    return first;
-}
-
-const CVEKA_FootprintDB* Part::DefaultFootprint() const {
-    if (const CVEKA_Package* package = DefaultPackage()) {
-        if (const auto* found = footprints.Find(package->GetDefaultFootprintName())) return found;
-        for (const CVEKA_Footprint* footprint : *package->GetFootprints())
-            if (footprint)
-                if (const auto* found = footprints.Find(footprint->GetLibraryFootprintName())) return found;
-    }
-    for (const CVEKA_FootprintDB* footprint : *m_manager.GetFootprintDBArr())
-        if (footprint) return footprint;
-    return nullptr;
-}
-
-const CVEKA_Symbol* Part::DefaultSymbol() const {
-    const CVEKA_LogicSymbols& symbols = *Vek().GetLogicSymbols();
-    const CString name = symbols.GetDefaultSymbolName();
-    const CVEKA_Symbol* first = nullptr;
-    for (const CVEKA_Symbol* symbol : *symbols.GetSymbol()) {
-        if (!symbol) continue;
-        if (symbol->GetSymbolName() == name) return symbol;
-        if (!first) first = symbol;
-    }
-    return first;
-}
-
 Part::LayerLook Part::LookOf(int artworkNumber, const CString& layerName) const {
     const auto byNumber = m_layersByNumber.find(artworkNumber);
     const CVEKA_Layer* layer = byNumber == m_layersByNumber.end() ? nullptr : byNumber->second;
     // A name that is another layer's counts more than the number.
     if (!layer || (!layerName.IsEmpty() && layer->GetECadLayerName() != layerName))
-        if (const CVEKA_Layer* named = m_layersByName.Find(layerName)) layer = named;
+        if (const CVEKA_Layer* named = m_layersByName.Find(layerName.View())) layer = named;
     LayerLook look;
     if (!layer) {
         look.name = layerName.IsEmpty() ? "Layer " + std::to_string(artworkNumber)

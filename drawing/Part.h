@@ -1,8 +1,8 @@
 #pragma once
 
-#include "drawing/Names.h"
 #include "drawing/Objects.h"
 #include "drawing/Scene.h"
+#include "model/PartIndex.h"
 
 namespace drawing {
 
@@ -20,18 +20,13 @@ public:
     /// A sentence, if the part's unit is not known and counts as millimetres.
     const std::string& UnitRemark() const { return m_unitRemark; }
 
-    NameIndex<CVEKA_Pad> pads;
-    NameIndex<CVEKA_PadStack> padStacks;
-    NameIndex<CVEKA_FootprintDB> footprints;
-    NameIndex<CVEKA_NSHAPE> pinShapes;
-    NameIndex<CVEKA_PartitionDB> partitions;
+    veka::PartIndex records;
     Fonts fonts;
 
-    /// The package, the footprint and the symbol that the part uses by default: the named one, or else the
-    /// first one. Null if there is none.
-    const CVEKA_Package* DefaultPackage() const;
-    const CVEKA_FootprintDB* DefaultFootprint() const;
-    const CVEKA_Symbol* DefaultSymbol() const;
+    /// The package, the footprint and the symbol that the part uses by default; null if there is none.
+    const CVEKA_Package* DefaultPackage() const { return records.DefaultPackage(); }
+    const CVEKA_FootprintDB* DefaultFootprint() const { return records.DefaultFootprint(DefaultPackage()); }
+    const CVEKA_Symbol* DefaultSymbol() const { return records.DefaultSymbol(); }
 
     /// What a layer of a drawing is, by the part's own layers and by the words of its name.
     struct LayerLook {
@@ -51,7 +46,7 @@ private:
     double m_millimetres = 1;
     std::string m_unitRemark;
     std::map<int, const CVEKA_Layer*> m_layersByNumber;
-    NameIndex<CVEKA_Layer> m_layersByName;
+    veka::NameIndex<CVEKA_Layer> m_layersByName;
     std::map<std::pair<Role, Side>, const CVEKA_Layer*> m_layersByRole;
 };
 

@@ -33,7 +33,7 @@ public:
 
     void Draw(const CVEKA_Partition& partition) {
         const CString libraryName = partition.GetLibPartitionName();
-        const CVEKA_PartitionDB* library = m_part.partitions.Find(libraryName);
+        const CVEKA_PartitionDB* library = m_part.records.LibraryPartition(libraryName.View());
         const double scale = partition.GetLibPartitionScale();
         const Place whole = m_part.Unit() * Place::Scaled(scale > 0 && std::isfinite(scale) ? scale : 1);
         if (!library && !libraryName.IsEmpty()) {
@@ -74,7 +74,7 @@ private:
         for (const CVEKA_PartitionDBPin* pin : *library.GetPins()) {
             if (!pin) continue;
             const CString name = pin->GetLibPinShapeName();
-            const CVEKA_NSHAPE* shape = m_part.pinShapes.Find(name);
+            const CVEKA_NSHAPE* shape = m_part.records.PinShape(name.View());
             found->second.try_emplace(pin->GetPartitionPinNo(),
                                       LibraryPin{pin, shape, shape ? std::string() : Short(name)});
         }

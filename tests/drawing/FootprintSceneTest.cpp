@@ -57,7 +57,7 @@ TEST(FootprintScene, APadIsOnEachLayerThatItsPadstackNames) {
     ASSERT_EQ(drawn.scene.Shapes().size(), 4u);
     EXPECT_THAT(drawn.LayerNames(), ElementsAre("Top solder mask", "Top copper", "Top paste", "Pin names"));
     const CVEKA_FootprintPin& pin = *drawn.footprint.GetFPins()->GetAt(0);
-    const CVEKA_3DObject& object = *drawn.part.pads.Find("P")->GetCamLayerDrawObjs()->GetAt(0);
+    const CVEKA_3DObject& object = *drawn.part.records.Pad("P")->GetCamLayerDrawObjs()->GetAt(0);
     for (size_t i = 0; i < 3; ++i) {
         const Shape& shape = drawn.scene.Shapes()[i];
         ExpectBox(drawn.scene.Bounds(shape), 2.5, 3, 3.5, 5);
@@ -211,7 +211,7 @@ TEST(FootprintScene, ALongNameOfAMissingPadIsCutAndCostsItsLengthOnce) {
 
 TEST(PadStackScene, ShowsTheLayersOneBelowAnother) {
     const Drawn drawn(Footprint("(FPINS (FPIN 1 1 (LIBPADSTACK TH)))"));
-    const Scene scene = PadStackScene(drawn.part, *drawn.part.padStacks.Find("TH"));
+    const Scene scene = PadStackScene(drawn.part, *drawn.part.records.PadStack("TH"));
     EXPECT_THAT(scene.Remarks(), IsEmpty());
     const std::vector<const Shape*> copper = WithRole(scene, Role::Copper);
     ASSERT_EQ(copper.size(), 4u);
@@ -225,12 +225,12 @@ TEST(PadStackScene, ShowsTheLayersOneBelowAnother) {
     EXPECT_THAT(Texts(scene, Role::Label),
                 testing::IsSupersetOf({"Top", "Inner signal", "Inner plane", "Bottom", "Drill, plated",
                                        "connected", "solder mask", "P", "D"}));
-    EXPECT_EQ(copper[0]->source, Source::Of(*drawn.part.padStacks.Find("TH")));
+    EXPECT_EQ(copper[0]->source, Source::Of(*drawn.part.records.PadStack("TH")));
 }
 
 TEST(PadStackScene, AMissingPadIsACross) {
     const Drawn drawn(Footprint(""));
-    const Scene scene = PadStackScene(drawn.part, *drawn.part.padStacks.Find("LOST"));
+    const Scene scene = PadStackScene(drawn.part, *drawn.part.records.PadStack("LOST"));
     EXPECT_THAT(Texts(scene, Role::Missing), UnorderedElementsAre("NOPAD", "NOPAD", "NIL", "ROUND"));
 }
 
@@ -239,7 +239,7 @@ TEST(PadStacksOf, ListsEachPadstackOnce) {
         Footprint("(FPINS (FPIN 1 1 (LIBPADSTACK TH)) (FPIN 2 2 (LIBPADSTACK SMD)) (FPIN 3 3 (LIBPADSTACK "
                   "TH)) (FPIN 4 4 (LIBPADSTACK NO)))"));
     EXPECT_THAT(PadStacksOf(drawn.part, drawn.footprint),
-                ElementsAre(drawn.part.padStacks.Find("TH"), drawn.part.padStacks.Find("SMD")));
+                ElementsAre(drawn.part.records.PadStack("TH"), drawn.part.records.PadStack("SMD")));
 }
 
 /// The points of the model that a footprint's shapes may not leave: the ends of its lines and arcs and the
@@ -272,9 +272,9 @@ Box RoughExtents(const Part& part, const CVEKA_FootprintDB& footprint) {
     };
     for (const CVEKA_FootprintPin* pin : *footprint.GetFPins()) {
         double far = 0;
-        const CVEKA_PadStack* stack = part.padStacks.Find(pin->GetLibPadstackName());
+        const CVEKA_PadStack* stack = part.records.PadStack(pin->GetLibPadstackName().View());
         const auto take = [&](const CString& name) {
-            if (const CVEKA_Pad* pad = part.pads.Find(name))
+            if (const CVEKA_Pad* pad = part.records.Pad(name.View()))
                 far = std::max(far, reach(*pad->GetCamLayerDrawObjs()) +
                                         std::hypot(pad->GetOffsetX(), pad->GetOffsetY()));
         };
@@ -321,13 +321,13 @@ TEST(FootprintScene, EveryPadOfARealPartIsThereOnceAndAtItsPlace) {
         size_t expected = 0, found = 0;
         for (const auto& [key, count] : drawn) found += static_cast<size_t>(count);
         for (const CVEKA_FootprintPin* pin : *footprint.GetFPins()) {
-            const CVEKA_PadStack* stack = part.padStacks.Find(pin->GetLibPadstackName());
+            const CVEKA_PadStack* stack = part.records.PadStack(pin->GetLibPadstackName().View());
             ASSERT_NE(stack, nullptr);
             const auto count = [&](const CString& name) {
                 if (name.IsEmpty()) return;
                 // A pad whose objects are a group is as many shapes as the group has.
                 size_t shapes = 0;
-                for (const CVEKA_3DObject* object : *part.pads.Find(name)->GetCamLayerDrawObjs()) {
+                for (const CVEKA_3DObject* object : *part.records.Pad(name.View())->GetCamLayerDrawObjs()) {
                     const auto* group = dynamic_cast<const CVEKA_3DOJ_COMPOSITE*>(object);
                     shapes += group ? static_cast<size_t>(group->Elements->GetSize()) : 1;
                 }

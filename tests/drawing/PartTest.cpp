@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/Parsing.h"
-
 namespace {
 
 using namespace drawing;
@@ -29,39 +27,6 @@ TEST(RoleOfNames, ReadsTheWordsOfUsualLayers) {
         {"", {Role::Other, Side::Both}},
     };
     for (const auto& [name, expected] : cases) EXPECT_EQ(RoleOfNames(name), expected) << name;
-}
-
-TEST(Part, TakesWhatIsNamedOrElseTheFirst) {
-    const auto parser = test::Import(
-        "(VEK (PACKAGES (DEFAULTPACKAGE B) (PACKAGE (NAME A)) (PACKAGE (NAME B) (DEFAULTFOOTPRINT G)))"
-        " (LOGICSYMBOLS (DEFAULTSYMBOL T) (SYMBOL (SYMBOLNAME S)) (SYMBOL (SYMBOLNAME T))))"
-        "(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F)) (FOOTPRINT (FOOTPRINTNAME G)))");
-    const Part part(*parser->GetCVEKA_Manager());
-    EXPECT_EQ(part.DefaultPackage()->GetName(), "B");
-    EXPECT_EQ(part.DefaultFootprint()->GetFootprintName(), "G");
-    EXPECT_EQ(part.DefaultSymbol()->GetSymbolName(), "T");
-    const auto plain = test::Import(
-        "(VEK (PACKAGES (DEFAULTPACKAGE X) (PACKAGE (NAME A) (DEFAULTFOOTPRINT X) (FOOTPRINTS (FOOTPRINT "
-        "(FOOTPRINTNAME "
-        "G))))) (LOGICSYMBOLS (SYMBOL (SYMBOLNAME S))))(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F)) (FOOTPRINT "
-        "(FOOTPRINTNAME G)))");
-    const Part other(*plain->GetCVEKA_Manager());
-    EXPECT_EQ(other.DefaultPackage()->GetName(), "A");
-    EXPECT_EQ(other.DefaultFootprint()->GetFootprintName(), "G") << "one that the package lists";
-    EXPECT_EQ(other.DefaultSymbol()->GetSymbolName(), "S");
-    const auto none = test::Import("");
-    const Part empty(*none->GetCVEKA_Manager());
-    EXPECT_EQ(empty.DefaultPackage(), nullptr);
-    EXPECT_EQ(empty.DefaultFootprint(), nullptr);
-    EXPECT_EQ(empty.DefaultSymbol(), nullptr);
-}
-
-TEST(Part, OfTwoRecordsWithOneNameTheFirstCounts) {
-    const auto parser = test::Import("(PADS (PAD (PADNAME P)) (PAD (PADNAME P)) (PAD))");
-    const Part part(*parser->GetCVEKA_Manager());
-    EXPECT_EQ(part.pads.Find("P"), parser->GetCVEKA_Manager()->GetPadArr()->GetAt(0));
-    EXPECT_EQ(part.pads.Find("p"), nullptr);
-    EXPECT_EQ(part.pads.Find(""), nullptr) << "an empty name means none";
 }
 
 TEST(Palette, PaleAndDarkColoursAreMadeReadable) {
