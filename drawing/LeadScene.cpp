@@ -161,7 +161,7 @@ public:
         double x = front.right, y = front.top;
         for (const Dimension& dimension : dimensions) {
             if (dimension.kind == Dimension::Up) {
-                x += m_letter * 2.2;
+                x += m_letter * 2.9;
                 AddUp(dimension, x, front.right);
             } else if (dimension.kind == Dimension::Along) {
                 y += m_letter * 2.2;
@@ -196,7 +196,7 @@ private:
         double x = above.right;
         for (const Dimension& dimension : dimensions) {
             if (dimension.kind != Dimension::Across) continue;
-            x += m_letter * 2.2;
+            x += m_letter * 2.9;
             AddUp({Dimension::Up, dimension.letter, dimension.from + down, dimension.to + down}, x, above.right);
         }
     }
