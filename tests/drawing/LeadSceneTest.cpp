@@ -38,8 +38,9 @@ TEST(LeadScene, TheDimensionsDoNotCoverTheLead) {
     Box lead;
     for (const Shape* shape : WithRole(scene, Role::Lead)) lead.Add(scene.Bounds(*shape));
     for (const Shape* shape : WithRole(scene, Role::Dimension))
-        if (std::holds_alternative<Text>(shape->form))
+        if (std::holds_alternative<Text>(shape->form)) {
             EXPECT_FALSE(lead.Contains(scene.Bounds(*shape).Center()));
+        }
 }
 
 TEST(LeadScene, ALeadThatCannotBeIsARemark) {
