@@ -87,7 +87,7 @@ TEST(QuoteLookAhead, EqualsThemWhereTheIndexBeginsInTheMiddle) {
 TEST(QuoteLookAhead, EqualsThemForPiecesThatDifferFarBeforeTheirEnds) {
     std::mt19937 random(9);
     Pieces pieces{"\"", ")"};
-    for (size_t same : {5, 6, 7, 8, 13, 14, 15, 21, 30})
+    for (size_t same : {5u, 6u, 7u, 8u, 13u, 14u, 15u, 21u, 30u})
         for (const char* first : {"", "a", "b", "ab", "\xFF"})
             pieces.push_back(first + std::string(same, 'z') + "\\\"");
     pieces.push_back(std::string(1, '\0') + "zzzzzzz\\\"");
