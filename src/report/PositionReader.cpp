@@ -121,7 +121,7 @@ private:
                 return false;
             }
         } else if (m_token.empty()) {
-            m_token = " ";
+            m_token.assign(1, ' ');
         } else if (quote == 0) {
             m_token += ' ';
             AddFault(TextFault::What::BlankAdded, {Here(0), Here(1)}, m_token);
