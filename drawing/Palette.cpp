@@ -1,6 +1,7 @@
 #include "drawing/Palette.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <iterator>
 
@@ -48,7 +49,7 @@ double Brightness(Color color) {
 
 Color Mixed(Color a, Color b, double share) {
     const auto mix = [share](std::uint8_t from, std::uint8_t to) {
-        return static_cast<std::uint8_t>(from + (to - from) * share + 0.5);
+        return static_cast<std::uint8_t>(std::lround(from + (to - from) * share));
     };
     return {mix(a.red, b.red), mix(a.green, b.green), mix(a.blue, b.blue)};
 }

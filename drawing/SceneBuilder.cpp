@@ -36,7 +36,7 @@ std::string Cut(std::string_view text) {
 
 }  // namespace
 
-SceneBuilder::SceneBuilder(std::string title) {
+SceneBuilder::SceneBuilder(std::string_view title) {
     m_scene.m_title = Cut(title);
 }
 
@@ -53,9 +53,9 @@ void SceneBuilder::Take(std::size_t pieces) {
         throw TooLarge("the drawing has more than " + std::to_string(kMostPieces) + " shapes and corners");
 }
 
-void SceneBuilder::Add(std::variant<Line, Arc, Circle, Polygon, Text> form) {
+void SceneBuilder::Add(const std::variant<Line, Arc, Circle, Polygon, Text>& form) {
     Take(1);
-    m_scene.m_shapes.push_back({std::move(form), pen.layer, pen.role, pen.source, pen.definition});
+    m_scene.m_shapes.push_back({form, pen.layer, pen.role, pen.source, pen.definition});
 }
 
 void SceneBuilder::AddLine(const Place& place, Point start, Point end, double width) {

@@ -30,7 +30,7 @@ inline constexpr double kLargest = 1e6;
 /// Raises `TooLarge`.
 class SceneBuilder {
 public:
-    explicit SceneBuilder(std::string title);
+    explicit SceneBuilder(std::string_view title);
 
     /// The layer of a name, a role and a side, by its index. A new one is put above the layers whose rank is
     /// not higher.
@@ -85,7 +85,7 @@ private:
         int rank = 0;
     };
 
-    void Add(std::variant<Line, Arc, Circle, Polygon, Text> form);
+    void Add(const std::variant<Line, Arc, Circle, Polygon, Text>& form);
 
     Scene m_scene;
     std::vector<RankedLayer> m_layers;
