@@ -9,7 +9,8 @@ struct Place {
     int line = 0;
     int column = 0;
 
-    auto operator<=>(const Place&) const = default;
+    // clang-tidy 14 takes the defaulted comparison for a null pointer.
+    auto operator<=>(const Place&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 /// A piece of a text, from its first byte to the place behind its last byte.
