@@ -58,7 +58,9 @@ public:
         : m_part(part), m_scene(scene), m_objects(scene, part.fonts) {}
 
     /// The objects of a pad, with the builder's pen. False if there is no such pad, or if it shows nothing.
-    bool Draw(const CString& name, const Place& place) { return Draw(m_part.records.Pad(name.View()), place); }
+    bool Draw(const CString& name, const Place& place) {
+        return Draw(m_part.records.Pad(name.View()), place);
+    }
     bool Draw(const CVEKA_Pad* pad, const Place& place) {
         if (!pad) return false;
         const size_t before = m_scene.Count();
@@ -179,10 +181,14 @@ private:
         // Along the longer side, if the name needs it.
         const bool upright = height > width * 1.5 && letters > 1;
         if (upright) std::swap(width, height);
-        const double size = std::min({height * 0.55, width * 0.85 / (letters * kLetterWidth), kLargestPinName});
+        const double size =
+            std::min({height * 0.55, width * 0.85 / (letters * kLetterWidth), kLargestPinName});
         const Point at = pad.IsEmpty() ? place(Point{}) : pad.Center();
-        m_scene.pen = {m_scene.Layer("Pin names", Role::PinName, Side::Both, RankOf(Role::PinName, Side::Both)),
-                       Role::PinName, Source::Of(pin), {}};
+        m_scene.pen = {
+            m_scene.Layer("Pin names", Role::PinName, Side::Both, RankOf(Role::PinName, Side::Both)),
+            Role::PinName,
+            Source::Of(pin),
+            {}};
         m_scene.AddText(Place(at), {}, std::max(size, 0.01), upright ? 90 : 0, name.View(), Align::Middle,
                         Lift::Middle);
     }
@@ -246,8 +252,11 @@ private:
     }
     void Cell(const char* use, const CString& name, Role role, Side side, int column) {
         const Point middle = Middle(column);
-        m_scene.pen = {m_scene.Layer(role == Role::Drill ? "Drill" : NameOf(role), role, side, RankOf(role, side)),
-                       role, Source::Of(m_stack), {}};
+        m_scene.pen = {
+            m_scene.Layer(role == Role::Drill ? "Drill" : NameOf(role), role, side, RankOf(role, side)),
+            role,
+            Source::Of(m_stack),
+            {}};
         if (!PadDrawer(m_part, m_scene).Draw(name, Place(middle) * m_part.Unit()))
             m_scene.AddCross(Place(middle), {}, kCross, Short(name));
         SetLabel();
@@ -259,7 +268,8 @@ private:
                         Lift::Bottom);
     }
     void SetLabel() {
-        m_scene.pen = {m_scene.Layer("Labels", Role::Label, Side::Both, 900), Role::Label, Source::Of(m_stack), {}};
+        m_scene.pen = {
+            m_scene.Layer("Labels", Role::Label, Side::Both, 900), Role::Label, Source::Of(m_stack), {}};
     }
 
     const Part& m_part;

@@ -4,8 +4,8 @@
 
 namespace drawing {
 
-/// A footprint as it lies on the board, seen from the top: the pads of its pins on each layer, the drills, the
-/// names of the pins, and what is drawn on its layers. A padstack or a pad that has no record is a small
+/// A footprint as it lies on the board, seen from the top: the pads of its pins on each layer, the drills,
+/// the names of the pins, and what is drawn on its layers. A padstack or a pad that has no record is a small
 /// cross with its name. The offset of the footprint moves nothing: it is that of the package on it.
 ///
 /// The source of a pad is its `CVEKA_FootprintPin`, its definition the object of its `CVEKA_Pad`. Raises

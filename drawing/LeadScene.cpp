@@ -55,15 +55,15 @@ Dimensions Measure(const CVEKA_3DOJ_DIPA& r) {
     return {Up("H2", 0, r.H2), Up("H1", 0, r.H1), Up("Z", -r.Z, 0), Thick("T2", r.T2), Thick("T1", r.T1)};
 }
 Dimensions Measure(const CVEKA_3DOJ_DIPB& r) {
-    return {Up("H2", 0, r.H2),   Up("H1", 0, r.H1),  Up("Z", -r.Z, 0), Thick("T", r.T),
+    return {Up("H2", 0, r.H2),   Up("H1", 0, r.H1),  Up("Z", -r.Z, 0),  Thick("T", r.T),
             Along("S", -r.S, 0), Across("W2", r.W2), Across("W1", r.W1)};
 }
 Dimensions Measure(const CVEKA_3DOJ_FLAT& r) {
     return {Up("T", 0, r.T), Thick("L", r.L), Across("W", r.W)};
 }
 Dimensions Measure(const CVEKA_3DOJ_GULLWING& r) {
-    return {Up("T", 0, r.T), Up("H", 0, r.H), Thick("B", r.B), Along("M", -r.BL, r.M - r.BL), Along("BL", -r.BL, 0),
-            Across("W", r.W)};
+    return {Up("T", 0, r.T),       Up("H", 0, r.H), Thick("B", r.B), Along("M", -r.BL, r.M - r.BL),
+            Along("BL", -r.BL, 0), Across("W", r.W)};
 }
 Dimensions Measure(const CVEKA_3DOJ_GULLWINGA& r) {
     return {Up("T", 0, r.T), Up("H", 0, r.H), Thick("B", r.B), Along("BL", -r.BL, 0), Across("W", r.W)};
@@ -89,11 +89,17 @@ Dimensions Measure(const CVEKA_3DOJ_ROUNDBARA& r) {
 }
 Dimensions Measure(const CVEKA_3DOJ_ROUNDBARB& r) {
     const double slope = (r.H1 - r.H2 - r.L2) / 2;
-    return {Up("H2", 0, r.H2), Up("L2", r.H2 + slope, r.H1 - slope), Up("H1", 0, r.H1),      Up("Z", -r.Z, 0),
-            Thick("T", r.T),   Along("L3", 0, r.L3),                 Along("L1", r.L3 - r.L1, r.L3)};
+    return {Up("H2", 0, r.H2),
+            Up("L2", r.H2 + slope, r.H1 - slope),
+            Up("H1", 0, r.H1),
+            Up("Z", -r.Z, 0),
+            Thick("T", r.T),
+            Along("L3", 0, r.L3),
+            Along("L1", r.L3 - r.L1, r.L3)};
 }
 Dimensions Measure(const CVEKA_3DOJ_ROUNDBARC& r) {
-    return {Up("H2", 0, r.H2), Up("H1", 0, r.H1), Up("H", 0, r.H), Up("Z", -r.Z, 0), Thick("T", r.T), Along("L", -r.L, 0)};
+    return {Up("H2", 0, r.H2), Up("H1", 0, r.H1), Up("H", 0, r.H),
+            Up("Z", -r.Z, 0),  Thick("T", r.T),   Along("L", -r.L, 0)};
 }
 Dimensions Measure(const CVEKA_3DOJ_KINKDIP& r) {
     return {Up("H", 0, r.H), Up("Z", -r.Z, 0), Thick("T", r.T), Along("D", 0, r.D)};
@@ -102,21 +108,13 @@ Dimensions Measure(const CVEKA_3DOJ_KINKDIPA& r) {
     return {Up("H1", 0, r.H1), Up("H", 0, r.H), Up("Z", -r.Z, 0), Thick("T", r.T), Along("D", 0, r.D)};
 }
 Dimensions Measure(const CVEKA_3DOJ_ROUNDDIP& r) {
-    return {Up("H2", 0, r.H2),     Up("H1", 0, r.H1),  Up("Z", -r.Z, 0), Thick("T", r.T),
+    return {Up("H2", 0, r.H2),     Up("H1", 0, r.H1),  Up("Z", -r.Z, 0),  Thick("T", r.T),
             Along("BL", -r.BL, 0), Across("W2", r.W2), Across("W1", r.W1)};
 }
 Dimensions Measure(const CVEKA_3DOJ_ROUNDDIPA& r) {
-    return {Up("H3", 0, r.H3),
-            Up("H2", 0, r.H2),
-            Up("H1", 0, r.H1),
-            Up("H", 0, r.H),
-            Up("Z", -r.Z, 0),
-            Thick("T", r.T),
-            Along("L2", -r.L2, 0),
-            Along("L1", -r.L1 - r.L2, -r.L2),
-            Across("W3", r.W3),
-            Across("W2", r.W2),
-            Across("W1", r.W1)};
+    return {Up("H3", 0, r.H3),  Up("H2", 0, r.H2),  Up("H1", 0, r.H1),     Up("H", 0, r.H),
+            Up("Z", -r.Z, 0),   Thick("T", r.T),    Along("L2", -r.L2, 0), Along("L1", -r.L1 - r.L2, -r.L2),
+            Across("W3", r.W3), Across("W2", r.W2), Across("W1", r.W1)};
 }
 Dimensions Measure(const CVEKA_3DOJ_WRAPAROUND& r) {
     return {Up("H", 0, r.H), Thick("L", r.L), Across("W", r.W)};
@@ -139,11 +137,11 @@ Dimensions MeasureAny(const CVEKA_3DObject& object) {
 }
 Dimensions MeasureLead(const CVEKA_3DObject& object) {
     return MeasureAny<CVEKA_3DOJ_BALL, CVEKA_3DOJ_BAR, CVEKA_3DOJ_BUTT, CVEKA_3DOJ_CBEND, CVEKA_3DOJ_DIP,
-                      CVEKA_3DOJ_DIPA, CVEKA_3DOJ_DIPB, CVEKA_3DOJ_FLAT, CVEKA_3DOJ_GULLWING, CVEKA_3DOJ_GULLWINGA,
-                      CVEKA_3DOJ_JBEND, CVEKA_3DOJ_JINVERTED, CVEKA_3DOJ_REVERSEBUTT, CVEKA_3DOJ_ROUNDBAR,
-                      CVEKA_3DOJ_ROUNDBARA, CVEKA_3DOJ_ROUNDBARB, CVEKA_3DOJ_ROUNDBARC, CVEKA_3DOJ_KINKDIP,
-                      CVEKA_3DOJ_KINKDIPA, CVEKA_3DOJ_ROUNDDIP, CVEKA_3DOJ_ROUNDDIPA, CVEKA_3DOJ_WRAPAROUND,
-                      CVEKA_3DOJ_WIRE>(object);
+                      CVEKA_3DOJ_DIPA, CVEKA_3DOJ_DIPB, CVEKA_3DOJ_FLAT, CVEKA_3DOJ_GULLWING,
+                      CVEKA_3DOJ_GULLWINGA, CVEKA_3DOJ_JBEND, CVEKA_3DOJ_JINVERTED, CVEKA_3DOJ_REVERSEBUTT,
+                      CVEKA_3DOJ_ROUNDBAR, CVEKA_3DOJ_ROUNDBARA, CVEKA_3DOJ_ROUNDBARB, CVEKA_3DOJ_ROUNDBARC,
+                      CVEKA_3DOJ_KINKDIP, CVEKA_3DOJ_KINKDIPA, CVEKA_3DOJ_ROUNDDIP, CVEKA_3DOJ_ROUNDDIPA,
+                      CVEKA_3DOJ_WRAPAROUND, CVEKA_3DOJ_WIRE>(object);
 }
 
 class LeadDrawer {
@@ -169,7 +167,8 @@ public:
             }
         }
         // The board.
-        m_scene.pen = {m_scene.Layer("Board", Role::Other, Side::Both, 5), Role::Other, Source::Of(m_object), {}};
+        m_scene.pen = {
+            m_scene.Layer("Board", Role::Other, Side::Both, 5), Role::Other, Source::Of(m_object), {}};
         m_scene.AddLine({}, {front.left - m_letter, 0}, {x + m_letter, 0}, m_letter * 0.06);
         const bool across = std::any_of(dimensions.begin(), dimensions.end(), [](const Dimension& dimension) {
             return dimension.kind == Dimension::Across;
@@ -179,7 +178,8 @@ public:
 
 private:
     void AddOutlines(const veka::Lead& lead, veka::LeadView view, Point at) {
-        m_scene.pen = {m_scene.Layer("Lead", Role::Lead, Side::Both, 10), Role::Lead, Source::Of(m_object), {}};
+        m_scene.pen = {
+            m_scene.Layer("Lead", Role::Lead, Side::Both, 10), Role::Lead, Source::Of(m_object), {}};
         for (const veka::LeadPolygon& polygon : veka::Outlines(lead, {}, view)) {
             std::vector<Vertex> outline;
             for (const veka::ViewPoint& corner : polygon) outline.push_back({{corner.x, corner.y}, 0});
@@ -197,20 +197,23 @@ private:
         for (const Dimension& dimension : dimensions) {
             if (dimension.kind != Dimension::Across) continue;
             x += m_letter * 2.9;
-            AddUp({Dimension::Up, dimension.letter, dimension.from + down, dimension.to + down}, x, above.right);
+            AddUp({Dimension::Up, dimension.letter, dimension.from + down, dimension.to + down}, x,
+                  above.right);
         }
     }
 
     void SetPen() {
-        m_scene.pen = {m_scene.Layer("Dimensions", Role::Dimension, Side::Both, 20), Role::Dimension,
-                       Source::Of(m_object), {}};
+        m_scene.pen = {m_scene.Layer("Dimensions", Role::Dimension, Side::Both, 20),
+                       Role::Dimension,
+                       Source::Of(m_object),
+                       {}};
     }
     /// The tip of an arrow at a point; `back` is the direction of its line.
     void AddTip(Point at, Point back) {
         const Point left{-back.y, back.x};
         const double length = m_letter * 0.5;
-        m_scene.AddPolygon({}, {{{at}, {at + (back + left * 0.3) * length}, {at + (back - left * 0.3) * length}}}, 0,
-                           true);
+        m_scene.AddPolygon(
+            {}, {{{at}, {at + (back + left * 0.3) * length}, {at + (back - left * 0.3) * length}}}, 0, true);
     }
     void AddUp(const Dimension& dimension, double x, double from) {
         SetPen();
@@ -220,8 +223,8 @@ private:
         m_scene.AddLine({}, {x, dimension.from}, {x, dimension.to}, thin);
         AddTip({x, dimension.from}, {0, 1});
         AddTip({x, dimension.to}, {0, -1});
-        m_scene.AddText({}, {x + m_letter * 0.3, (dimension.from + dimension.to) / 2}, m_letter, 0, dimension.letter,
-                        Align::Left, Lift::Middle);
+        m_scene.AddText({}, {x + m_letter * 0.3, (dimension.from + dimension.to) / 2}, m_letter, 0,
+                        dimension.letter, Align::Left, Lift::Middle);
     }
     void AddAlong(const Dimension& dimension, double y, double from) {
         SetPen();
@@ -231,8 +234,8 @@ private:
         m_scene.AddLine({}, {dimension.from, y}, {dimension.to, y}, thin);
         AddTip({dimension.from, y}, {1, 0});
         AddTip({dimension.to, y}, {-1, 0});
-        m_scene.AddText({}, {(dimension.from + dimension.to) / 2, y + m_letter * 0.3}, m_letter, 0, dimension.letter,
-                        Align::Middle, Lift::Bottom);
+        m_scene.AddText({}, {(dimension.from + dimension.to) / 2, y + m_letter * 0.3}, m_letter, 0,
+                        dimension.letter, Align::Middle, Lift::Bottom);
     }
 
     const CVEKA_3DObject& m_object;

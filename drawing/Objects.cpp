@@ -226,7 +226,8 @@ private:
         outline.push_back({start, 0});
         for (double corner = std::ceil((arc.start - 45) / 90) * 90 + 45; corner < arc.start + arc.sweep;
              corner += 90)
-            if (corner > arc.start) outline.push_back({Direction(corner) * (radius * std::numbers::sqrt2), 0});
+            if (corner > arc.start)
+                outline.push_back({Direction(corner) * (radius * std::numbers::sqrt2), 0});
     }
     /// The gap between two spokes.
     Outline Gap(double from, double to) const {
@@ -300,8 +301,8 @@ struct ObjectCases {
     static void Draw(Drawer& d, const CVEKA_3DOJ_RECTANGLE& o, const Place& place) {
         // A rectangle without a width or a height is a line.
         if (o.W >= 0 && o.H >= 0 && (o.W == 0) != (o.H == 0))
-            return d.m_scene.AddLine(place * PlaceOf(o.PT, o.ROTATION), {-o.W / 2, -o.H / 2}, {o.W / 2, o.H / 2},
-                                     o.LW);
+            return d.m_scene.AddLine(place * PlaceOf(o.PT, o.ROTATION), {-o.W / 2, -o.H / 2},
+                                     {o.W / 2, o.H / 2}, o.LW);
         DrawClosed(d, o, place, o.LW, false);
     }
     static void Draw(Drawer& d, const CVEKA_3DOJ_FILLRECT& o, const Place& place) {
@@ -319,7 +320,8 @@ struct ObjectCases {
     static void Draw(Drawer& d, const CVEKA_3DOJ_VOID& o, const Place& place) {
         DrawClosed(d, o, place, 0, false);
     }
-    static void DrawClosed(Drawer& d, const CVEKA_3DObject& o, const Place& place, double width, bool filled) {
+    static void DrawClosed(Drawer& d, const CVEKA_3DObject& o, const Place& place, double width,
+                           bool filled) {
         Collector collector;
         collector.AddClosed(o, d.m_depth);
         d.m_scene.Take(collector.looked);

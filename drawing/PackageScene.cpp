@@ -112,7 +112,8 @@ std::vector<Point> Sampled(const Outline& outline) {
         points.push_back(outline[i].point);
         if (outline[i].bulge == 0) continue;
         const Arc2 arc = ArcOf(outline[i], outline[(i + 1) % outline.size()].point);
-        const int steps = static_cast<int>(std::clamp(std::ceil(std::fabs(arc.angles.sweep) / kStep), 1.0, 80.0));
+        const int steps =
+            static_cast<int>(std::clamp(std::ceil(std::fabs(arc.angles.sweep) / kStep), 1.0, 80.0));
         for (int step = 1; step < steps; ++step)
             points.push_back(arc.center +
                              Direction(arc.angles.start + arc.angles.sweep * step / steps) * arc.radius);
@@ -123,7 +124,8 @@ std::vector<Point> Sampled(const Outline& outline) {
 /// The smallest convex outline around points.
 Outline Hull(std::vector<Point> points) {
     std::erase_if(points, [](Point p) { return !std::isfinite(p.x) || !std::isfinite(p.y); });
-    std::sort(points.begin(), points.end(), [](Point a, Point b) { return a.x != b.x ? a.x < b.x : a.y < b.y; });
+    std::sort(points.begin(), points.end(),
+              [](Point a, Point b) { return a.x != b.x ? a.x < b.x : a.y < b.y; });
     points.erase(std::unique(points.begin(), points.end()), points.end());
     if (points.size() < 3) return {};
     const auto turn = [](Point a, Point b, Point c) {
@@ -254,9 +256,8 @@ private:
         std::vector<Near> bodies;
         for (const CVEKA_3DObject* object : *m_package.GetBodyGeometry()->Get3DObjects())
             if (object) bodies.push_back({object, Nearness(*object)});
-        std::stable_sort(bodies.begin(), bodies.end(), [](const Near& a, const Near& b) {
-            return a.distance < b.distance;
-        });
+        std::stable_sort(bodies.begin(), bodies.end(),
+                         [](const Near& a, const Near& b) { return a.distance < b.distance; });
         for (const Near& body : bodies) {
             m_scene.pen = {m_body, Role::Body, Source::Of(*body.object), {}};
             DrawSolid(*body.object, {});
@@ -414,9 +415,8 @@ private:
     }
     void AddEdge(const Place& place, const Outlines& outlines) {
         const SceneBuilder::Pen pen = m_scene.pen;
-        m_scene.pen.layer = m_scene.Layer(
-            m_scene.LayerAt(pen.layer).name + " edges", pen.role, Side::Both,
-            m_scene.RankOfLayer(pen.layer) + 1, Color{140, 146, 154});
+        m_scene.pen.layer = m_scene.Layer(m_scene.LayerAt(pen.layer).name + " edges", pen.role, Side::Both,
+                                          m_scene.RankOfLayer(pen.layer) + 1, Color{140, 146, 154});
         m_scene.AddPolygon(place, outlines, 0, false);
         m_scene.pen = pen;
     }

@@ -45,7 +45,8 @@ std::string Capitalized(std::string text) {
 std::pair<Role, Side> RoleOfNames(std::string_view names) {
     // Every word between blanks, so that its beginning and its end can be told.
     std::string text = " ";
-    for (const char c : names) text += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c == '_' ? ' ' : c;
+    for (const char c : names)
+        text += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c == '_' ? ' ' : c;
     text += ' ';
     Side side = Side::Both;
     if (HasOne(text, {" B.", "BOTTOM", "BACK", " BOT ", "BOT ", " BOT."}))
@@ -115,14 +116,15 @@ Part::Part(const CVEKA_Manager& manager)
     : records(manager),
       fonts(*manager.GetLibFonts()),
       m_manager(manager),
-      m_layersByName(*manager.GetVEK()->GetLayers()->GetLayerArr(), std::mem_fn(&CVEKA_Layer::GetECadLayerName)) {
+      m_layersByName(*manager.GetVEK()->GetLayers()->GetLayerArr(),
+                     std::mem_fn(&CVEKA_Layer::GetECadLayerName)) {
     const CString unit = Vek().GetPartGeneral()->GetUnit();
     m_millimetres = veka::MillimetersOfUnit(unit);
     if (!(m_millimetres > 0)) {
         m_millimetres = 1;
         if (!unit.IsEmpty())
             m_unitRemark = "the unit \"" + std::string(unit.View().substr(0, 40)) +
-                       "\" is not known; it counts as millimetres";
+                           "\" is not known; it counts as millimetres";
     }
     for (const CVEKA_Layer* layer : *Vek().GetLayers()->GetLayerArr()) {
         if (!layer) continue;
@@ -139,8 +141,7 @@ Part::LayerLook Part::LookOf(int artworkNumber, const CString& layerName) const 
         if (const CVEKA_Layer* named = m_layersByName.Find(layerName.View())) layer = named;
     LayerLook look;
     if (!layer) {
-        look.name = layerName.IsEmpty() ? "Layer " + std::to_string(artworkNumber)
-                                        : Short(layerName);
+        look.name = layerName.IsEmpty() ? "Layer " + std::to_string(artworkNumber) : Short(layerName);
         std::tie(look.role, look.side) = RoleOfNames(look.name);
         return look;
     }
@@ -154,7 +155,8 @@ Part::LayerLook Part::LookOf(int artworkNumber, const CString& layerName) const 
 
 Part::LayerLook Part::LookOf(Role role, Side side) const {
     const auto found = m_layersByRole.find({role, side});
-    if (found != m_layersByRole.end()) return LookOf(found->second->GetARNNumber(), found->second->GetECadLayerName());
+    if (found != m_layersByRole.end())
+        return LookOf(found->second->GetARNNumber(), found->second->GetECadLayerName());
     LayerLook look;
     look.role = role;
     look.side = side;

@@ -122,8 +122,8 @@ void AddWay(Box& box, const Vertex& from, Point to) {
     if (from.bulge == 0) return;
     const Arc2 arc = ArcOf(from, to);
     for (int quarter = 0; quarter < 4; ++quarter) {
-        const double turn = arc.angles.sweep > 0 ? quarter * 90 - arc.angles.start
-                                                 : arc.angles.start - quarter * 90;
+        const double turn =
+            arc.angles.sweep > 0 ? quarter * 90 - arc.angles.start : arc.angles.start - quarter * 90;
         if (turn - std::floor(turn / 360) * 360 < std::fabs(arc.angles.sweep))
             box.Add(arc.center + Direction(quarter * 90) * arc.radius);
     }

@@ -82,9 +82,7 @@ TextBox MeasureText(const Text& text, const std::string& bytes) {
     TextBox box;
     box.width = static_cast<double>(longest) * kLetterWidth * text.height;
     box.height = (1 + static_cast<double>(lines.size() - 1) * kLineStep) * text.height;
-    box.corner.x = text.align == Align::Left     ? 0
-                   : text.align == Align::Middle ? -box.width / 2
-                                                 : -box.width;
+    box.corner.x = text.align == Align::Left ? 0 : text.align == Align::Middle ? -box.width / 2 : -box.width;
     box.corner.y = text.lift == Lift::Bottom ? 0 : text.lift == Lift::Middle ? -box.height / 2 : -box.height;
     return box;
 }
@@ -118,9 +116,9 @@ Box Scene::Bounds(const Shape& shape) const {
                        const Place place =
                            Place(text.at, text.rotation) * (text.mirrored ? Place::Mirrored() : Place());
                        const Point corner = size.corner;
-                       for (const Point point : {corner, corner + Point{size.width, 0},
-                                                 corner + Point{0, size.height},
-                                                 corner + Point{size.width, size.height}})
+                       for (const Point point :
+                            {corner, corner + Point{size.width, 0}, corner + Point{0, size.height},
+                             corner + Point{size.width, size.height}})
                            box.Add(place(point));
                    },
                },
@@ -142,9 +140,7 @@ double Scene::Distance(const Shape& shape, Point point) const {
     const auto beyond = [](double distance, double width) { return std::max(0.0, distance - width / 2); };
     return std::visit(
         Overloaded{
-            [&](const Line& line) {
-                return beyond(DistanceToLine(point, line.start, line.end), line.width);
-            },
+            [&](const Line& line) { return beyond(DistanceToLine(point, line.start, line.end), line.width); },
             [&](const Arc& arc) {
                 return beyond(DistanceToArc(point, arc.center, arc.radius, {arc.start, arc.sweep}),
                               arc.width);
@@ -171,8 +167,7 @@ double Scene::Distance(const Shape& shape, Point point) const {
                 const TextBox size = MeasureText(text, String(text));
                 Point seen = Place({}, -text.rotation)(point - text.at);
                 if (text.mirrored) seen.x = -seen.x;
-                const double x =
-                    std::max({size.corner.x - seen.x, 0.0, seen.x - size.corner.x - size.width});
+                const double x = std::max({size.corner.x - seen.x, 0.0, seen.x - size.corner.x - size.width});
                 const double y =
                     std::max({size.corner.y - seen.y, 0.0, seen.y - size.corner.y - size.height});
                 return std::hypot(x, y);

@@ -75,8 +75,8 @@ enum class Lift : std::uint8_t { Bottom, Middle, Top };
 /// A text, in bytes as the file has them.
 struct Text {
     Point at;
-    double height = 0;    ///< of a capital letter
-    double rotation = 0;  ///< degrees
+    double height = 0;       ///< of a capital letter
+    double rotation = 0;     ///< degrees
     std::uint32_t text = 0;  ///< among the texts of the scene
     Align align = Align::Left;
     Lift lift = Lift::Bottom;
@@ -103,9 +103,7 @@ struct Layer {
     /// True if the layer is seen from a side of the board. `Both` sees every layer.
     bool SeenFrom(Side from) const { return from == Side::Both || side == Side::Both || side == from; }
     /// The colour on the ground of a theme.
-    Color ColorOn(Theme theme) const {
-        return color ? Readable(*color, theme) : ColorOf(role, side, theme);
-    }
+    Color ColorOn(Theme theme) const { return color ? Readable(*color, theme) : ColorOf(role, side, theme); }
 };
 
 /// The thinnest line that is drawn, in millimetres.

@@ -185,9 +185,8 @@ Scene SceneBuilder::Finish() {
     std::vector<std::uint32_t> order(m_layers.size());
     std::iota(order.begin(), order.end(), 0u);
     std::erase_if(order, [&](std::uint32_t layer) { return !used[layer]; });
-    std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
-        return m_layers[a].rank < m_layers[b].rank;
-    });
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::uint32_t a, std::uint32_t b) { return m_layers[a].rank < m_layers[b].rank; });
     std::vector<std::uint32_t> place(m_layers.size());
     m_scene.m_layers.clear();
     for (size_t i = 0; i < order.size(); ++i) {

@@ -7,11 +7,13 @@ namespace drawing {
 /// A scene as it is seen.
 struct View {
     Scene scene;
-    Side from = Side::Both;  ///< `Top` and `Bottom` show the layers of that side; from `Bottom` it is mirrored
+    Side from =
+        Side::Both;  ///< `Top` and `Bottom` show the layers of that side; from `Bottom` it is mirrored
     Theme theme = Theme::Dark;
 };
 
-/// Where a scene is on a sheet. Sheets are measured in millimetres from their upper left corner; Y points down.
+/// Where a scene is on a sheet. Sheets are measured in millimetres from their upper left corner; Y points
+/// down.
 struct Frame {
     double left = 0, top = 0, width = 0, height = 0;  ///< the ground behind the scene
     double x = 0, y = 0;                              ///< the place of the scene's origin

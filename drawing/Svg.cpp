@@ -31,7 +31,8 @@ void AppendUtf8(std::string& text, unsigned character) {
 /// A number with up to four digits behind the point.
 std::string Number(double value) {
     std::array<char, 40> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 4).ptr;
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 4).ptr;
     std::string_view digits(text.data(), static_cast<size_t>(end - text.data()));
     while (digits.back() == '0') digits.remove_suffix(1);
     if (digits.back() == '.') digits.remove_suffix(1);
@@ -48,8 +49,10 @@ public:
 
     std::string Write() {
         const std::string width = Number(m_sheet.Width()), height = Number(m_sheet.Height());
-        Put("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\" "
-            "width=\"" + width + "mm\" height=\"" + height + "mm\" viewBox=\"0 0 " + width + ' ' + height + "\">\n");
+        Put("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
+            "version=\"1.1\" "
+            "width=\"" +
+            width + "mm\" height=\"" + height + "mm\" viewBox=\"0 0 " + width + ' ' + height + "\">\n");
         std::string title;
         for (const View& view : m_sheet.Views())
             title += (title.empty() ? "" : ", ") + (title.size() < 1000 ? view.scene.Title() : "");
@@ -67,8 +70,8 @@ private:
             throw TooLarge("the picture would have more than " + std::to_string(m_mostBytes) + " bytes");
     }
     void PutGround(double x, double y, double width, double height, Theme theme) {
-        Put("<rect x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" width=\"" + Number(width) + "\" height=\"" +
-            Number(height) + "\" fill=\"" + HtmlColor(Ground(theme)) + "\"/>\n");
+        Put("<rect x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" width=\"" + Number(width) +
+            "\" height=\"" + Number(height) + "\" fill=\"" + HtmlColor(Ground(theme)) + "\"/>\n");
     }
 
     void PutView(size_t index) {
@@ -99,8 +102,8 @@ private:
     void PutLayer(const Layer& layer, const std::string& id, size_t first, size_t end) {
         const std::string color = HtmlColor(layer.ColorOn(m_view->theme));
         const double opacity = OpacityOf(layer.role);
-        Put("<g id=\"" + id + '"' + (opacity < 1 ? " opacity=\"" + Number(opacity) + '"' : "") + ">\n<title>" +
-            XmlText(layer.name) + "</title>\n");
+        Put("<g id=\"" + id + '"' + (opacity < 1 ? " opacity=\"" + Number(opacity) + '"' : "") +
+            ">\n<title>" + XmlText(layer.name) + "</title>\n");
         const bool hollow = IsHollow(layer.role);
         PutKind(first, end, Kind::Area,
                 hollow ? "fill=\"" + HtmlColor(Ground(m_view->theme)) + "\" stroke=\"" + color +
@@ -150,15 +153,15 @@ private:
         AppendArc(way, arc.center, arc.radius, {arc.start, arc.sweep});
         std::string path = 'M' + Pair((*m_frame)(way[0].point));
         for (size_t i = 0; i < way.size(); ++i)
-            path += Way(way[i], i + 1 < way.size()
-                                    ? way[i + 1].point
-                                    : arc.center + Direction(arc.start + arc.sweep) * arc.radius);
+            path +=
+                Way(way[i], i + 1 < way.size() ? way[i + 1].point
+                                               : arc.center + Direction(arc.start + arc.sweep) * arc.radius);
         Put("<path d=\"" + path + '"' + StrokeOf(arc.width, false) + "/>\n");
     }
     void PutForm(const Circle& circle) {
         const Point center = (*m_frame)(circle.center);
-        Put("<circle cx=\"" + Number(center.x) + "\" cy=\"" + Number(center.y) + "\" r=\"" + Number(circle.radius) +
-            '"' + StrokeOf(circle.width, circle.filled) + "/>\n");
+        Put("<circle cx=\"" + Number(center.x) + "\" cy=\"" + Number(center.y) + "\" r=\"" +
+            Number(circle.radius) + '"' + StrokeOf(circle.width, circle.filled) + "/>\n");
     }
     void PutForm(const Polygon& polygon) {
         Put("<path d=\"");
@@ -172,8 +175,8 @@ private:
             }
             Put("z");
         }
-        Put((polygon.count > 1 ? "\" fill-rule=\"evenodd\"" : "\"") + StrokeOf(polygon.width, polygon.filled) +
-            "/>\n");
+        Put((polygon.count > 1 ? "\" fill-rule=\"evenodd\"" : "\"") +
+            StrokeOf(polygon.width, polygon.filled) + "/>\n");
     }
     /// The way from a corner to the next one.
     std::string Way(const Vertex& from, Point to) const {
@@ -203,9 +206,10 @@ private:
         for (size_t i = 0; i < lines.size(); ++i) {
             if (lines[i].empty()) continue;
             // The base of a line: the first line is the uppermost one.
-            const double base = box.corner.y + box.height - (1 + static_cast<double>(i) * kLineStep) * text.height;
-            Put("<text x=\"" + Number(turned ? 0 : at.x) + "\" y=\"" + Number((turned ? 0 : at.y) - base) + '"' +
-                common + '>' + XmlText(lines[i]) + "</text>\n");
+            const double base =
+                box.corner.y + box.height - (1 + static_cast<double>(i) * kLineStep) * text.height;
+            Put("<text x=\"" + Number(turned ? 0 : at.x) + "\" y=\"" + Number((turned ? 0 : at.y) - base) +
+                '"' + common + '>' + XmlText(lines[i]) + "</text>\n");
         }
     }
 
@@ -241,7 +245,8 @@ std::string XmlText(std::string_view bytes) {
                                        : static_cast<void>(text += kReplacement);
         else if (length == 0)
             AppendUtf8(text, byte);
-        else if (character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF" || (byte == 0xC2 && character[1] < '\xA0'))
+        else if (character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF" ||
+                 (byte == 0xC2 && character[1] < '\xA0'))
             text += kReplacement;
         else
             text += character;

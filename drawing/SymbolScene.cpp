@@ -55,8 +55,8 @@ public:
         const CString name = partition.GetPatitionName();
         const double height = std::clamp(box.Height() * 0.07, 0.8, 3.0);
         m_scene.pen = {m_labels, Role::Label, Source::Of(partition), {}};
-        m_scene.AddText({}, {box.Center().x, box.bottom - height}, height, 0,
-                        name.View(), Align::Middle, Lift::Top);
+        m_scene.AddText({}, {box.Center().x, box.bottom - height}, height, 0, name.View(), Align::Middle,
+                        Lift::Top);
     }
 
 private:
@@ -67,7 +67,8 @@ private:
         std::string missing;  ///< the name of a shape that is not there
     };
     using LibraryPins = std::unordered_map<int, LibraryPin>;
-    /// The pins of a library partition by their numbers. They are looked up once, however many gates use them.
+    /// The pins of a library partition by their numbers. They are looked up once, however many gates use
+    /// them.
     const LibraryPins& PinsOf(const CVEKA_PartitionDB& library) {
         const auto [found, isNew] = m_libraryPins.try_emplace(&library);
         if (!isNew) return found->second;

@@ -60,8 +60,8 @@ LeadSweep RoundBar(double diameter, Path path) {
     return Oval(diameter, diameter, std::move(path));
 }
 
-/// Appends the end of a through-hole lead to a sweep that comes down on the axis: down to the depth Z and there, if
-/// the lead is clinched, bent into the board's plane.
+/// Appends the end of a through-hole lead to a sweep that comes down on the axis: down to the depth Z and
+/// there, if the lead is clinched, bent into the board's plane.
 template <class Record>
 void AddEnd(Lead& lead, Check& check, LeadSweep sweep, const Record& r) {
     if (!r.CLINCH || r.CLINCHLENGTH == 0) {
@@ -197,11 +197,9 @@ void ReadGullWing(const Record& r, double shoulder, Lead& lead, Check& check) {
     check.That(r.H > r.T, "H is not above T");
     check.That(r.BL > r.B / 2, "BL is not above half of B");
     const double heel = -r.B / 2;
-    lead.sweeps.push_back(Strip(r.W, r.T,
-                                {{-r.BL, r.H},
-                                 {std::min(shoulder - r.BL, heel), r.H},
-                                 {heel, r.T / 2},
-                                 {r.B / 2, r.T / 2}}));
+    lead.sweeps.push_back(
+        Strip(r.W, r.T,
+              {{-r.BL, r.H}, {std::min(shoulder - r.BL, heel), r.H}, {heel, r.T / 2}, {r.B / 2, r.T / 2}}));
 }
 
 void Read(const CVEKA_3DOJ_GULLWING& r, Lead& lead, Check& check) {
@@ -229,8 +227,7 @@ void ReadCurl(const Record& r, double down, Lead& lead, Check& check) {
     check.That(r.H1 - step > r.T / 2, "H1 is not above H2 and the bend");
     check.That(down + r.BL > r.T / 2, "BL is not above half of D");
     lead.sweeps.push_back(Strip(r.W1, r.T, {{-r.BL, r.H1}, {down, r.H1}, {down, step}}));
-    LeadSweep curl =
-        Strip(r.W2, r.T, {{down, step}, {down, r.T / 2}, {-down, r.T / 2}, {-down, r.D / 2}});
+    LeadSweep curl = Strip(r.W2, r.T, {{down, step}, {down, r.T / 2}, {-down, r.T / 2}, {-down, r.D / 2}});
     curl.bend = std::fabs(down);
     lead.sweeps.push_back(std::move(curl));
 }
@@ -357,8 +354,7 @@ void Read(const CVEKA_3DOJ_ROUNDDIPA& r, Lead& lead, Check& check) {
     check.That(r.H1 - r.H2 >= kSmallest, "H1 is not above H2");
     check.That(r.H2 - r.H3 >= kSmallest, "H2 is not above H3");
     check.That(r.H3 + r.Z >= kSmallest, "H3 and Z are both 0");
-    lead.sweeps.push_back(
-        Oval(r.W1, r.T, {{-r.L1 - r.L2, r.H}, {-r.L2, r.H}, {0, r.H1}, {0, r.H2}}));
+    lead.sweeps.push_back(Oval(r.W1, r.T, {{-r.L1 - r.L2, r.H}, {-r.L2, r.H}, {0, r.H1}, {0, r.H2}}));
     AddBelow(lead, Oval(r.W2, r.T, {{0, r.H2}, {0, r.H3}}));
     AddBelow(lead, Oval(r.W3, r.T, {{0, r.H3}, {0, -r.Z}}));
 }
@@ -393,12 +389,12 @@ bool ReadFirst(const CVEKA_3DObject& object, Lead* lead, Check* check) {
 bool ReadAny(const CVEKA_3DObject& object, Lead* lead, Check* check) {
     // Nearly every object that is no lead is told by its base.
     if (!dynamic_cast<const CVEKA_3DOJ_RotMirror*>(&object)) return false;
-    return ReadFirst<CVEKA_3DOJ_GULLWING, CVEKA_3DOJ_BALL, CVEKA_3DOJ_FLAT, CVEKA_3DOJ_ROUNDBAR, CVEKA_3DOJ_DIP,
-                     CVEKA_3DOJ_BAR, CVEKA_3DOJ_BUTT, CVEKA_3DOJ_CBEND, CVEKA_3DOJ_DIPA, CVEKA_3DOJ_DIPB,
-                     CVEKA_3DOJ_GULLWINGA, CVEKA_3DOJ_JBEND, CVEKA_3DOJ_JINVERTED, CVEKA_3DOJ_REVERSEBUTT,
-                     CVEKA_3DOJ_ROUNDBARA, CVEKA_3DOJ_ROUNDBARB, CVEKA_3DOJ_ROUNDBARC, CVEKA_3DOJ_KINKDIP,
-                     CVEKA_3DOJ_KINKDIPA, CVEKA_3DOJ_ROUNDDIP, CVEKA_3DOJ_ROUNDDIPA, CVEKA_3DOJ_WRAPAROUND,
-                     CVEKA_3DOJ_WIRE>(object, lead, check);
+    return ReadFirst<CVEKA_3DOJ_GULLWING, CVEKA_3DOJ_BALL, CVEKA_3DOJ_FLAT, CVEKA_3DOJ_ROUNDBAR,
+                     CVEKA_3DOJ_DIP, CVEKA_3DOJ_BAR, CVEKA_3DOJ_BUTT, CVEKA_3DOJ_CBEND, CVEKA_3DOJ_DIPA,
+                     CVEKA_3DOJ_DIPB, CVEKA_3DOJ_GULLWINGA, CVEKA_3DOJ_JBEND, CVEKA_3DOJ_JINVERTED,
+                     CVEKA_3DOJ_REVERSEBUTT, CVEKA_3DOJ_ROUNDBARA, CVEKA_3DOJ_ROUNDBARB, CVEKA_3DOJ_ROUNDBARC,
+                     CVEKA_3DOJ_KINKDIP, CVEKA_3DOJ_KINKDIPA, CVEKA_3DOJ_ROUNDDIP, CVEKA_3DOJ_ROUNDDIPA,
+                     CVEKA_3DOJ_WRAPAROUND, CVEKA_3DOJ_WIRE>(object, lead, check);
 }
 
 }  // namespace

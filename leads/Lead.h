@@ -6,11 +6,12 @@
 #include "leads/Placement.h"
 #include "model/objects/CVEKA_3DObjectArray.h"
 
-/// A reading of the lead forms: what metal their letters mean. The records keep the letters and compute nothing from
-/// them; `docs/leads.md` tells what each letter means here.
+/// A reading of the lead forms: what metal their letters mean. The records keep the letters and compute
+/// nothing from them; `docs/leads.md` tells what each letter means here.
 ///
-/// A lead stands in the frame of its pin: the origin is the pin's point on the board, X points away from the body, and
-/// Z points up. All sizes are in the unit of the part. To draw the leads of a pin, or to make solids of them:
+/// A lead stands in the frame of its pin: the origin is the pin's point on the board, X points away from the
+/// body, and Z points up. All sizes are in the unit of the part. To draw the leads of a pin, or to make
+/// solids of them:
 ///
 ///     for (const CVEKA_3DObject* object : veka::ShapesOf(*pin->Get3DObjects())) {
 ///         if (!veka::IsLead(*object)) continue;  // a solid, or something that is drawn
@@ -52,7 +53,8 @@ struct LeadBall {
     double up = 0;  ///< height of its centre
 };
 
-/// The metal of a lead: what its sweeps and balls fill together. Either `failure` is empty or everything else is.
+/// The metal of a lead: what its sweeps and balls fill together. Either `failure` is empty or everything else
+/// is.
 struct Lead {
     std::vector<LeadSweep> sweeps;
     std::vector<LeadBall> balls;
@@ -65,8 +67,8 @@ bool IsLead(const CVEKA_3DObject& object);
 /// The metal of a lead by its form and its letters. An object that is no lead gives a failure.
 Lead ReadLead(const CVEKA_3DObject& object);
 
-/// The objects of an array, and in the place of each user-defined lead the objects of its main shape and its lead
-/// shape. Nulls are left out.
+/// The objects of an array, and in the place of each user-defined lead the objects of its main shape and its
+/// lead shape. Nulls are left out.
 std::vector<const CVEKA_3DObject*> ShapesOf(const CVEKA_3DObjectArray& objects);
 
 /// Where a lead stands in its package.
@@ -78,8 +80,8 @@ std::vector<LeadPiece> MiddleLine(const LeadSweep& sweep);
 /// The outline of a sweep in its plane, closed and counter-clockwise or clockwise.
 std::vector<LeadPiece> SideOutline(const LeadSweep& sweep);
 
-/// From where a lead is seen: from above (X to the right, Y up), from the front (X to the right, Z up; the eye is at
-/// -Y) and from the right side (Y to the right, Z up; the eye is at +X).
+/// From where a lead is seen: from above (X to the right, Y up), from the front (X to the right, Z up; the
+/// eye is at -Y) and from the right side (Y to the right, Z up; the eye is at +X).
 enum class LeadView { Top, Front, Side };
 
 /// A point of a picture.
@@ -90,8 +92,8 @@ struct ViewPoint {
 /// A closed polygon; the last point is not the first one again.
 using LeadPolygon = std::vector<ViewPoint>;
 
-/// What a lead covers in a view, as polygons that may overlap. An arc is a line through points at most 15 degrees
-/// apart. Empty for a lead with a failure and for a place that is not finite.
+/// What a lead covers in a view, as polygons that may overlap. An arc is a line through points at most 15
+/// degrees apart. Empty for a lead with a failure and for a place that is not finite.
 std::vector<LeadPolygon> Outlines(const Lead& lead, const Placement& place, LeadView view);
 
 }  // namespace veka

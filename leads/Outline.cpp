@@ -128,8 +128,8 @@ public:
         if (view == LeadView::Front) return {p.x, p.z};
         return {p.y, p.z};
     }
-    /// How much of the way across the plane goes towards the eye: 1 if the plane is seen in its true shape, 0 if it
-    /// is seen from its edge.
+    /// How much of the way across the plane goes towards the eye: 1 if the plane is seen in its true shape, 0
+    /// if it is seen from its edge.
     double Openness() const {
         const Position across = m_place.Turned(m_across);
         return std::fabs(m_view == LeadView::Top     ? across.z
@@ -179,7 +179,8 @@ void AppendSection(const LeadSweep& sweep, const Projection& projection, LeadPoi
         return;
     }
     for (const double up : {-1.0, 1.0})
-        for (const double across : {-width, width}) points.push_back(projection.At(point + normal * up, across));
+        for (const double across : {-width, width})
+            points.push_back(projection.At(point + normal * up, across));
 }
 
 void AppendOutlines(const LeadSweep& sweep, const Placement& place, LeadView view,
@@ -237,7 +238,8 @@ std::vector<LeadPiece> MiddleLine(const LeadSweep& sweep) {
         from = to;
     };
     for (size_t i = 1; i + 1 < corners.size(); ++i) {
-        const LeadPoint in = Direction(corners[i - 1], corners[i]), out = Direction(corners[i], corners[i + 1]);
+        const LeadPoint in = Direction(corners[i - 1], corners[i]),
+                        out = Direction(corners[i], corners[i + 1]);
         const double side = Cross(in, out), half = std::atan2(std::fabs(side), Dot(in, out)) / 2;
         // A piece between two bends is shared by them.
         const double before = Length(corners[i] - corners[i - 1]) * (i == 1 ? 1 : 0.5);
@@ -278,7 +280,8 @@ std::vector<LeadPolygon> Outlines(const Lead& lead, const Placement& place, Lead
         LeadPolygon circle;
         for (int i = 0; i < kRound; ++i) {
             const double angle = 2 * std::numbers::pi * i / kRound;
-            circle.push_back({center.x + ball.radius * std::cos(angle), center.y + ball.radius * std::sin(angle)});
+            circle.push_back(
+                {center.x + ball.radius * std::cos(angle), center.y + ball.radius * std::sin(angle)});
         }
         polygons.push_back(std::move(circle));
     }

@@ -47,7 +47,8 @@ std::string Upper(const CString& text) {
 double OwnTurn(const CVEKA_3DObject& object) {
     if (const auto* turned = dynamic_cast<const CVEKA_3DOJ_RotMirror*>(&object))
         return turned->GetRotation()->GetZ();
-    if (const auto* solid = dynamic_cast<const CVEKA_3DOJ_AxisPivot*>(&object)) return solid->GetRotate()->GetZ();
+    if (const auto* solid = dynamic_cast<const CVEKA_3DOJ_AxisPivot*>(&object))
+        return solid->GetRotate()->GetZ();
     return 0;
 }
 
@@ -106,9 +107,10 @@ bool IsMirrored(const CString& word) {
 
 double MillimetersOfUnit(const CString& unit) {
     static const std::pair<const char*, double> units[] = {
-        {"MM", 1},          {"MILLIMETER", 1}, {"MILLIMETRE", 1}, {"CM", 10},       {"M", 1000},     {"UM", 0.001},
-        {"MICRON", 0.001},  {"MICRONS", 0.001}, {"NM", 1e-6},      {"INCH", 25.4},   {"INCHES", 25.4}, {"IN", 25.4},
-        {"MIL", 0.0254},    {"MILS", 0.0254},   {"THOU", 0.0254},  {"MILLIMETERS", 1}, {"MILLIMETRES", 1}};
+        {"MM", 1},          {"MILLIMETER", 1}, {"MILLIMETRE", 1},  {"CM", 10},       {"M", 1000},
+        {"UM", 0.001},      {"MICRON", 0.001}, {"MICRONS", 0.001}, {"NM", 1e-6},     {"INCH", 25.4},
+        {"INCHES", 25.4},   {"IN", 25.4},      {"MIL", 0.0254},    {"MILS", 0.0254}, {"THOU", 0.0254},
+        {"MILLIMETERS", 1}, {"MILLIMETRES", 1}};
     const std::string upper = Upper(unit);
     for (const auto& [name, millimeters] : units)
         if (upper == name) return millimeters;

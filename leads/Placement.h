@@ -28,20 +28,22 @@ struct Placement {
     bool operator==(const Placement&) const = default;
 };
 
-/// The placement of what stands on a pin: turned about Z by the pin's rotation in degrees, then moved to the pin's
-/// point. What is drawn for a pin has the pin's point as its origin and X as the direction away from the body.
+/// The placement of what stands on a pin: turned about Z by the pin's rotation in degrees, then moved to the
+/// pin's point. What is drawn for a pin has the pin's point as its origin and X as the direction away from
+/// the body.
 Placement PlaceOfPin(const CVEKA_Coordinate& point, double rotation);
 
-/// The placement of a lead or a drawn object in the frame of its pin: mirrored (X becomes -X) where the mirror word
-/// says so, turned about X, then Y, then Z, and moved to its point.
+/// The placement of a lead or a drawn object in the frame of its pin: mirrored (X becomes -X) where the
+/// mirror word says so, turned about X, then Y, then Z, and moved to its point.
 Placement PlaceOfObject(const CVEKA_3DOJ_RotMirror& object);
 
-/// The placement of an object's frame in the package. Some files write the turn of a pin at the pin and once more at
-/// each of its objects. One turn is meant, so an object with the pin's own turn about Z is only moved by its pin.
+/// The placement of an object's frame in the package. Some files write the turn of a pin at the pin and once
+/// more at each of its objects. One turn is meant, so an object with the pin's own turn about Z is only moved
+/// by its pin.
 Placement PlaceOnPin(const CVEKA_3DObject& object, const CVEKA_Coordinate& pinPoint, double pinRotation);
 
-/// True for the words that mean mirrored: Y, YES, TRUE and 1, in upper or lower case. Any other word means not
-/// mirrored.
+/// True for the words that mean mirrored: Y, YES, TRUE and 1, in upper or lower case. Any other word means
+/// not mirrored.
 bool IsMirrored(const CString& word);
 
 /// The millimetres of one unit of a part, by the text of its unit; 0 for a text that is no unit of length.

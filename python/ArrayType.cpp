@@ -59,7 +59,8 @@ PyObject* Repr(PyObject* self) {
 /// An array also equals a list of equal records.
 PyObject* CompareArrays(PyObject* self, PyObject* other, int operation) {
     if (!PyList_Check(other)) return Compare(self, other, operation);
-    return Guarded([&] { return Checked(PyObject_RichCompare(AsList(AsSelf(self)).ptr(), other, operation)); });
+    return Guarded(
+        [&] { return Checked(PyObject_RichCompare(AsList(AsSelf(self)).ptr(), other, operation)); });
 }
 
 Py_ssize_t Length(PyObject* self) {
@@ -92,7 +93,9 @@ int SetSubscript(PyObject* self, PyObject* key, PyObject* value) {
         const auto size = [&] { return array.Size(); };
         if (!PySlice_Check(key)) {
             const Py_ssize_t index = ToPlace(key, size);
-            Splice(array, index, 1, value ? std::vector{py::reinterpret_borrow<py::object>(value)} : std::vector<py::object>());
+            Splice(
+                array, index, 1,
+                value ? std::vector{py::reinterpret_borrow<py::object>(value)} : std::vector<py::object>());
             return 0;
         }
         const std::vector<py::object> values = value ? ToElements(value) : std::vector<py::object>();
@@ -203,9 +206,8 @@ PyObject* Sort(PyObject* self, PyObject* arguments, PyObject* keywords) {
 /// Asks the list of all elements.
 template <const char* const& method>
 PyObject* AskList(PyObject* self, PyObject* arguments) {
-    return Guarded([&] {
-        return Checked(PyObject_Call(AsList(AsSelf(self)).attr(method).ptr(), arguments, nullptr));
-    });
+    return Guarded(
+        [&] { return Checked(PyObject_Call(AsList(AsSelf(self)).attr(method).ptr(), arguments, nullptr)); });
 }
 constexpr const char* kIndex = "index";
 constexpr const char* kCount = "count";

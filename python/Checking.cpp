@@ -19,8 +19,9 @@ py::list Check(const py::bytes& data, const py::bytes& folder) {
     py::list findings;
     for (const Finding& finding : report.Findings()) {
         const CodeDescription& code = Describe(finding.code);
-        findings.append(py::make_tuple(code.id, NameOf(code.severity), NameOf(code.kind), finding.region.begin.line,
-                                       finding.region.begin.column, FromText(finding.path), FromText(finding.text),
+        findings.append(py::make_tuple(code.id, NameOf(code.severity), NameOf(code.kind),
+                                       finding.region.begin.line, finding.region.begin.column,
+                                       FromText(finding.path), FromText(finding.text),
                                        FromText(finding.sentence)));
     }
     return findings;

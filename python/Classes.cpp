@@ -45,7 +45,8 @@ bool LeadsToObjects(Class& type, std::map<const Class*, bool>& known) {
     for (const Attribute& attribute : type.attributes)
         if (attribute.content)
             leads = LeadsToObjects(*TheRegistry().classes.at(attribute.content->description), known) || leads;
-    if (type.element) leads = LeadsToObjects(*TheRegistry().classes.at(type.element->description), known) || leads;
+    if (type.element)
+        leads = LeadsToObjects(*TheRegistry().classes.at(type.element->description), known) || leads;
     known[&type] = leads;
     return leads;
 }
@@ -65,14 +66,17 @@ void FillAttributes(Class& type) {
     }
 }
 
-PyTypeObject* MakeType(const char* name, const char* doc, PyTypeObject* base, std::vector<PyType_Slot> slots) {
+PyTypeObject* MakeType(const char* name, const char* doc, PyTypeObject* base,
+                       std::vector<PyType_Slot> slots) {
     slots.push_back({Py_tp_doc, const_cast<char*>(doc)});
     slots.push_back({Py_tp_dealloc, reinterpret_cast<void*>(&FreeHandle)});
     slots.push_back({0, nullptr});
     PyType_Spec spec{name, static_cast<int>(sizeof(Handle)), 0,
                      Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE | Py_TPFLAGS_IMMUTABLETYPE, slots.data()};
-    const py::object bases = base ? py::make_tuple(py::handle(reinterpret_cast<PyObject*>(base))) : py::object();
-    return reinterpret_cast<PyTypeObject*>(Checked(PyType_FromSpecWithBases(&spec, bases.ptr())).release().ptr());
+    const py::object bases =
+        base ? py::make_tuple(py::handle(reinterpret_cast<PyObject*>(base))) : py::object();
+    return reinterpret_cast<PyTypeObject*>(
+        Checked(PyType_FromSpecWithBases(&spec, bases.ptr())).release().ptr());
 }
 
 /// Makes the class of Python, after that of its base.
@@ -96,7 +100,8 @@ void MakeClass(Class& type) {
     py::dict fields;
     for (const Attribute& attribute : type.attributes)
         fields[py::str(attribute.name)] = py::reinterpret_borrow<py::object>(attribute.key);
-    Checked(PyDict_SetItemString(type.type->tp_dict, "__fields__", Checked(PyDictProxy_New(fields.ptr())).ptr()));
+    Checked(
+        PyDict_SetItemString(type.type->tp_dict, "__fields__", Checked(PyDictProxy_New(fields.ptr())).ptr()));
     PyType_Modified(type.type);
 }
 
@@ -130,7 +135,8 @@ PyTypeObject* ArrayType() noexcept {
 void AddClasses(py::module_& module) {
     Registry& registry = TheRegistry();
     registry.record = MakeType("veka.Record", "The base of all records of a part.", nullptr, RecordSlots());
-    registry.array = MakeType("veka.RecordArray", "The base of all arrays of records.", nullptr, ArraySlots());
+    registry.array =
+        MakeType("veka.RecordArray", "The base of all arrays of records.", nullptr, ArraySlots());
     for (const RecordDescription* description : AllDescriptions()) {
         auto type = std::make_unique<Class>();
         type->description = description;
@@ -143,7 +149,8 @@ void AddClasses(py::module_& module) {
         if (description->element) type->element = &ClassOf(*description->element);
         FillAttributes(*type);
     }
-    for (const auto& [description, type] : registry.classes) type->leadsToObjects = LeadsToObjects(*type, known);
+    for (const auto& [description, type] : registry.classes)
+        type->leadsToObjects = LeadsToObjects(*type, known);
     const auto add = [&](PyTypeObject* type) {
         module.add_object(std::string(type->tp_name).substr(5).c_str(), reinterpret_cast<PyObject*>(type));
     };

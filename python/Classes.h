@@ -41,7 +41,8 @@ struct Class {
 
 /// The class of a description.
 const Class& ClassOf(const RecordDescription& description);
-/// The class that a class of Python is or is derived from; null for one that is not derived from a record class.
+/// The class that a class of Python is or is derived from; null for one that is not derived from a record
+/// class.
 const Class* ClassOf(PyTypeObject* type) noexcept;
 
 /// The base classes of all records and of all arrays.

@@ -53,9 +53,11 @@ py::bytes Draw(const py::object& part, drawing::Side side, drawing::Theme theme,
 py::bytes DrawFootprint(const py::object& part, const py::object& footprint, const std::string& side,
                         const std::string& theme) {
     const auto from = Choose<drawing::Side>(
-        side, {{"both", drawing::Side::Both}, {"top", drawing::Side::Top}, {"bottom", drawing::Side::Bottom}});
+        side,
+        {{"both", drawing::Side::Both}, {"top", drawing::Side::Top}, {"bottom", drawing::Side::Bottom}});
     const auto& record = RecordOf<CVEKA_FootprintDB>(footprint);
-    return Draw(part, from, ToTheme(theme), [&](const drawing::Part& drawn) { return FootprintScene(drawn, record); });
+    return Draw(part, from, ToTheme(theme),
+                [&](const drawing::Part& drawn) { return FootprintScene(drawn, record); });
 }
 
 py::bytes DrawSymbol(const py::object& part, const py::object& symbol, const std::string& theme) {

@@ -2,8 +2,8 @@
 
 #include "python/Errors.h"
 
-/// Pictures of records as the bytes of SVG files. An object of a wrong class raises `TypeError`, and a picture that
-/// would be too large `ValueError`.
+/// Pictures of records as the bytes of SVG files. An object of a wrong class raises `TypeError`, and a
+/// picture that would be too large `ValueError`.
 namespace veka::python {
 
 /// `side` is "both", "top" or "bottom", `theme` is "dark" or "light".

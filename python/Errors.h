@@ -9,8 +9,8 @@ namespace veka::python {
 /// Turns the exception that is being handled into the error of Python that it stands for.
 void SetError() noexcept;
 
-/// Runs the body of a function that Python calls. No exception leaves it: an exception becomes an error of Python,
-/// and the function gives `failure`.
+/// Runs the body of a function that Python calls. No exception leaves it: an exception becomes an error of
+/// Python, and the function gives `failure`.
 template <class Result, class Body>
 Result Guarded(Result failure, Body body) noexcept {
     try {

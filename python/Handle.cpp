@@ -57,7 +57,8 @@ int Height(const RecordView& view) {
 
 void CheckDepth(const Handle& place, const RecordView& content) {
     if (Depth(&place) + Height(content) > kDeepest)
-        throw py::value_error("objects can be inside of one another at most " + std::to_string(kDeepest) + " deep");
+        throw py::value_error("objects can be inside of one another at most " + std::to_string(kDeepest) +
+                              " deep");
 }
 
 /// Gives a record that is no longer part of anything to its handle.
@@ -68,7 +69,8 @@ void Detach(Handle& child) {
     Py_DECREF(parent->Self());
 }
 
-/// Takes those elements that have handles out of all arrays inside of a record, before the arrays are replaced.
+/// Takes those elements that have handles out of all arrays inside of a record, before the arrays are
+/// replaced.
 void Evacuate(Handle& handle) {
     if (!handle.children) return;
     std::vector<py::object> children;
@@ -80,7 +82,8 @@ void Evacuate(Handle& handle) {
         for (const py::object& child : children) Evacuate(*AsHandle(child));
         return;
     }
-    std::vector<RecordView> elements = description.exchange(handle.record, 0, description.size(handle.record), {});
+    std::vector<RecordView> elements =
+        description.exchange(handle.record, 0, description.size(handle.record), {});
     const auto hasHandle = [&](const RecordView& element) { return handle.Child(element.record) != nullptr; };
     elements.erase(std::remove_if(elements.begin(), elements.end(), hasHandle), elements.end());
     description.exchange(handle.record, 0, 0, elements);
@@ -239,7 +242,8 @@ void Splice(Handle& array, Py_ssize_t first, Py_ssize_t count, const std::vector
             continue;
         }
         Handle& handle = AsElement(array, value);
-        if (handle.parent == &array && leaving.contains(handle.record) && staying.insert(handle.record).second)
+        if (handle.parent == &array && leaving.contains(handle.record) &&
+            staying.insert(handle.record).second)
             elements.push_back(handle.View());
         else
             elements.push_back(newcomers.Add(handle));

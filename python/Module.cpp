@@ -31,10 +31,11 @@ PYBIND11_MODULE(_veka, module) {
     python::AddClasses(module);
     py::options options;
     options.disable_function_signatures();
-    module.def("read", Call<python::Read>, py::arg("path"), py::pos_only(),
-               "read(path) -> Manager\n\nReads a part from a file. Other threads run meanwhile.\n\n"
-               "Raises OSError for a file that cannot be read, and InvalidAccessError for a file that is outside of "
-               "the format. Other mistakes in a file are no errors: what cannot be read keeps its default.");
+    module.def(
+        "read", Call<python::Read>, py::arg("path"), py::pos_only(),
+        "read(path) -> Manager\n\nReads a part from a file. Other threads run meanwhile.\n\n"
+        "Raises OSError for a file that cannot be read, and InvalidAccessError for a file that is outside of "
+        "the format. Other mistakes in a file are no errors: what cannot be read keeps its default.");
     module.def("reads", Call<python::ReadBytes>, py::arg("data"), py::pos_only(),
                "reads(data) -> Manager\n\nReads a part from bytes, as read does from a file.");
     // veka/__init__.py and veka/drawing.py give these their names.

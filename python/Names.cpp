@@ -19,9 +19,10 @@ bool IsCapital(char letter) {
 
 /// The keywords of Python that are written in small letters, and the attribute that all records have.
 constexpr std::array<std::string_view, 33> kReserved{
-    "and",    "as",     "assert", "async", "await",    "break", "class",  "continue", "def",   "del",  "elif",
-    "else",   "except", "finally", "for",  "from",     "global", "if",    "import",   "in",    "is",   "lambda",
-    "nonlocal", "not",  "or",     "pass",  "raise",    "return", "to_dict", "try",    "while", "with", "yield"};
+    "and",    "as",      "assert", "async",  "await",    "break", "class", "continue", "def",
+    "del",    "elif",    "else",   "except", "finally",  "for",   "from",  "global",   "if",
+    "import", "in",      "is",     "lambda", "nonlocal", "not",   "or",    "pass",     "raise",
+    "return", "to_dict", "try",    "while",  "with",     "yield"};
 
 std::string InSmallLetters(std::string_view name) {
     std::string result;

@@ -84,8 +84,9 @@ py::object ReadBytes(const py::object& bytes) {
 
 void AddInvalidAccessError(py::module_& module) {
     g_invalidAccessError = PyErr_NewExceptionWithDoc(
-        "veka.InvalidAccessError", "A file lacks a level that its place selects: the file is outside of the format.",
-        PyExc_ValueError, nullptr);
+        "veka.InvalidAccessError",
+        "A file lacks a level that its place selects: the file is outside of the format.", PyExc_ValueError,
+        nullptr);
     module.attr("InvalidAccessError") = Checked(g_invalidAccessError);
     Py_INCREF(g_invalidAccessError);
 }

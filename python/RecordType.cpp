@@ -92,7 +92,8 @@ int Init(PyObject* self, PyObject* arguments, PyObject* keywords) {
         if (!keywords) return 0;
         for (const auto& [name, value] : py::reinterpret_borrow<py::dict>(keywords)) {
             const Attribute* attribute = handle.type->Find(name.cast<std::string>());
-            if (!attribute) throw py::type_error(handle.type->name + " has no field " + name.cast<std::string>());
+            if (!attribute)
+                throw py::type_error(handle.type->name + " has no field " + name.cast<std::string>());
             StoreValue(handle, *attribute, value);
         }
         return 0;
@@ -134,9 +135,12 @@ PyMethodDef kMethods[] = {
 }  // namespace
 
 std::vector<PyType_Slot> RecordSlots() {
-    return {{Py_tp_new, reinterpret_cast<void*>(&New)},         {Py_tp_init, reinterpret_cast<void*>(&Init)},
-            {Py_tp_repr, reinterpret_cast<void*>(&Repr)},       {Py_tp_richcompare, reinterpret_cast<void*>(&Compare)},
-            {Py_tp_methods, kMethods},                          {Py_tp_members, HandleMembers()}};
+    return {{Py_tp_new, reinterpret_cast<void*>(&New)},
+            {Py_tp_init, reinterpret_cast<void*>(&Init)},
+            {Py_tp_repr, reinterpret_cast<void*>(&Repr)},
+            {Py_tp_richcompare, reinterpret_cast<void*>(&Compare)},
+            {Py_tp_methods, kMethods},
+            {Py_tp_members, HandleMembers()}};
 }
 
 PyObject* GetAttribute(PyObject* self, void* closure) {
@@ -164,7 +168,9 @@ int SetAttribute(PyObject* self, PyObject* value, void* closure) {
 PyObject* New(PyTypeObject* type, PyObject*, PyObject*) {
     return Guarded([&] {
         const Class* known = ClassOf(type);
-        if (!known) throw py::type_error(std::string("there is no ") + type->tp_name + " but those of its subclasses");
+        if (!known)
+            throw py::type_error(std::string("there is no ") + type->tp_name +
+                                 " but those of its subclasses");
         return NewHandle(type, *known, known->description->make());
     });
 }

@@ -12,8 +12,8 @@ struct Range {
     Py_ssize_t step;
 };
 
-/// An index as a place inside of a sequence. Raises `IndexError` outside of it, and `TypeError` for what is no index.
-/// The size is asked last, because reading the index can run anything.
+/// An index as a place inside of a sequence. Raises `IndexError` outside of it, and `TypeError` for what is
+/// no index. The size is asked last, because reading the index can run anything.
 template <class Size>
 Py_ssize_t ToPlace(PyObject* key, Size size) {
     if (!PyIndex_Check(key)) throw py::type_error("an index must be a whole number or a slice");

@@ -14,8 +14,8 @@ py::object AsDict(const Handle& handle);
 
 /// A record or an array with all that it holds, as pickling stores it.
 py::object StateOf(const Handle& handle);
-/// Fills a record or an array that has just been made with such a state. A field that the state lacks keeps its
-/// default, and a field that the class lacks is left out.
+/// Fills a record or an array that has just been made with such a state. A field that the state lacks keeps
+/// its default, and a field that the class lacks is left out.
 void Restore(const Class& type, void* record, py::handle state);
 
 }  // namespace veka::python

@@ -92,7 +92,8 @@ py::object Edit(const TextList& self, Change change) {
 int SetSubscript(PyObject* self, PyObject* key, PyObject* value) {
     return Guarded(-1, [&] {
         Edit(AsSelf(self), [&](const py::object& list) {
-            Checked(value ? PyObject_SetItem(list.ptr(), key, Plain(value).ptr()) : PyObject_DelItem(list.ptr(), key));
+            Checked(value ? PyObject_SetItem(list.ptr(), key, Plain(value).ptr())
+                          : PyObject_DelItem(list.ptr(), key));
             return py::none();
         });
         return 0;
@@ -155,7 +156,8 @@ PyCFunction AsMethod(PyCFunctionWithKeywords function) {
 /// Pickled and copied it is a list of Python.
 PyObject* Reduce(PyObject* self, PyObject*) {
     return Guarded([&] {
-        return py::make_tuple(py::handle(reinterpret_cast<PyObject*>(&PyList_Type)), py::make_tuple(AsSelf(self).List()));
+        return py::make_tuple(py::handle(reinterpret_cast<PyObject*>(&PyList_Type)),
+                              py::make_tuple(AsSelf(self).List()));
     });
 }
 
@@ -188,7 +190,8 @@ py::object NewTextList(Handle& record, const FieldDescription& field) {
 
 void AddTextListType(py::module_& module) {
     PyType_Slot slots[] = {
-        {Py_tp_doc, const_cast<char*>("The list of texts of a field. What is changed in it is changed in the record.")},
+        {Py_tp_doc,
+         const_cast<char*>("The list of texts of a field. What is changed in it is changed in the record.")},
         {Py_tp_dealloc, reinterpret_cast<void*>(&Free)},
         {Py_tp_repr, reinterpret_cast<void*>(&Repr)},
         {Py_tp_richcompare, reinterpret_cast<void*>(&Compare)},
@@ -204,7 +207,8 @@ void AddTextListType(py::module_& module) {
         {Py_mp_ass_subscript, reinterpret_cast<void*>(&SetSubscript)},
         {0, nullptr}};
     PyType_Spec spec{"veka.TextList", static_cast<int>(sizeof(TextList)), 0,
-                     Py_TPFLAGS_DEFAULT | Py_TPFLAGS_IMMUTABLETYPE | Py_TPFLAGS_DISALLOW_INSTANTIATION, slots};
+                     Py_TPFLAGS_DEFAULT | Py_TPFLAGS_IMMUTABLETYPE | Py_TPFLAGS_DISALLOW_INSTANTIATION,
+                     slots};
     g_type = reinterpret_cast<PyTypeObject*>(Checked(PyType_FromSpec(&spec)).release().ptr());
     module.add_object("TextList", reinterpret_cast<PyObject*>(g_type));
 }

@@ -5,7 +5,8 @@
 namespace veka::python {
 
 py::object FromText(std::string_view bytes) {
-    return Checked(PyUnicode_DecodeUTF8(bytes.data(), static_cast<Py_ssize_t>(bytes.size()), "surrogateescape"));
+    return Checked(
+        PyUnicode_DecodeUTF8(bytes.data(), static_cast<Py_ssize_t>(bytes.size()), "surrogateescape"));
 }
 
 py::object FromTexts(const CStringArray& texts) {
@@ -24,7 +25,8 @@ CString ToText(py::handle value) {
     // Surrogates are no UTF-8; they stand for single bytes.
     PyErr_Clear();
     const py::object bytes = Checked(PyUnicode_AsEncodedString(value.ptr(), "utf-8", "surrogateescape"));
-    return CString(std::string_view(PyBytes_AS_STRING(bytes.ptr()), static_cast<std::size_t>(PyBytes_GET_SIZE(bytes.ptr()))));
+    return CString(std::string_view(PyBytes_AS_STRING(bytes.ptr()),
+                                    static_cast<std::size_t>(PyBytes_GET_SIZE(bytes.ptr()))));
 }
 
 CStringArray ToTexts(py::handle value) {

@@ -21,13 +21,15 @@ public:
     explicit Table(bool withParent) : m_withParent(withParent) {}
 
     void Add(const KeywordRow& row) {
-        const std::string line = "| " + (row.keyword.empty() ? "the level itself" : Code(row.keyword)) + " | " +
-                                 (m_withParent ? Code(row.parent) + " | " : "") + row.form + " | " + Code(row.target);
+        const std::string line = "| " + (row.keyword.empty() ? "the level itself" : Code(row.keyword)) +
+                                 " | " + (m_withParent ? Code(row.parent) + " | " : "") + row.form + " | " +
+                                 Code(row.target);
         if (m_printed.insert(line).second) m_text += line + " | " + row.meaning + " |\n";
     }
     void Write(std::ostream& out) const {
-        out << "| keyword | " << (m_withParent ? "in | " : "") << "read as | field | meaning and unit |\n|---|---|---|---|"
-            << (m_withParent ? "---|\n" : "\n") << m_text;
+        out << "| keyword | " << (m_withParent ? "in | " : "")
+            << "read as | field | meaning and unit |\n|---|---|---|---|" << (m_withParent ? "---|\n" : "\n")
+            << m_text;
     }
     /// The lines of the table.
     const std::string& Text() const { return m_text; }
@@ -76,16 +78,20 @@ void WriteKeywordsPage(std::ostream& out) {
         if (row.base.empty()) (row.kind.empty() ? sections : kinds).Add(row);
 
     out << "# All keywords\n\n"
-           "`veka-describe keywords` prints this page from the rows of the parser and of the records. A test compares "
+           "`veka-describe keywords` prints this page from the rows of the parser and of the records. A test "
+           "compares "
            "the page with\nthe rows. After a change of the rows run `scripts/renew`.\n\n"
-           "*In* is the level around the keyword; the keywords of the top level have none. `*` is a level of any name "
-           "that no other\nrow of its parent finds. *The level itself* is what the values or the name of the parent "
-           "give.\n[The file format](format.md) explains the forms of reading. Lengths are in the unit of the part if the "
+           "*In* is the level around the keyword; the keywords of the top level have none. `*` is a level of "
+           "any name "
+           "that no other\nrow of its parent finds. *The level itself* is what the values or the name of the "
+           "parent "
+           "give.\n[The file format](format.md) explains the forms of reading. Lengths are in the unit of "
+           "the part if the "
            "table says nothing else.\n\n## Keywords of the sections\n\n";
     sections.Write(out);
     for (const Family& family : Families(rows)) {
-        out << "\n## Keywords of all kinds of `" << family.base << "`\n\nThese kinds of objects have them: "
-            << family.kinds << ".\n\n";
+        out << "\n## Keywords of all kinds of `" << family.base
+            << "`\n\nThese kinds of objects have them: " << family.kinds << ".\n\n";
         family.table.Write(out);
     }
     out << "\n## Keywords of one kind of object\n\n";

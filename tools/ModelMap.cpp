@@ -18,7 +18,8 @@ constexpr std::size_t kNamesInALine = 3;
 
 /// True for a small record that is drawn as a field of its parent, without a box of its own.
 bool IsSmall(const RecordDescription& record) {
-    static const std::set<std::string_view> small{"CVEKA_Coordinate", "CVEKA_Color", "CVEKA_RLC", "CVEKA_MinMax"};
+    static const std::set<std::string_view> small{"CVEKA_Coordinate", "CVEKA_Color", "CVEKA_RLC",
+                                                  "CVEKA_MinMax"};
     return small.count(record.name) > 0;
 }
 
@@ -58,8 +59,8 @@ private:
     std::string DrawArrow(const RecordDescription& record, const FieldDescription& field) {
         const bool many = field.content->IsArray();
         const RecordDescription* target = many ? field.content->element : field.content;
-        m_out << ' ' << record.name << ':' << field.name << ":e -> " << target->name << (many ? " [style=dashed]" : "")
-              << ";\n";
+        m_out << ' ' << record.name << ':' << field.name << ":e -> " << target->name
+              << (many ? " [style=dashed]" : "") << ";\n";
         m_waiting.push_back(target);
         const std::string name = field.name;
         return "<tr><td port=\"" + name + "\" align=\"left\">" + name + (many ? " *" : "") + "</td></tr>";

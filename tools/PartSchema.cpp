@@ -48,7 +48,8 @@ std::string SchemaOf(const FieldDescription& field) {
 }
 
 std::string SchemaOfArray(const RecordDescription& array) {
-    return R"({"type":"array","items":)" + Reference(array.element->kind ? "object" : array.element->name) + '}';
+    return R"({"type":"array","items":)" + Reference(array.element->kind ? "object" : array.element->name) +
+           '}';
 }
 
 std::string SchemaOfRecord(const RecordDescription& record) {
@@ -59,7 +60,8 @@ std::string SchemaOfRecord(const RecordDescription& record) {
     }
     for (const FieldDescription& field : record.fields) {
         names.push_back(JsonString(field.name));
-        properties.push_back(names.back() + ":{\"description\":" + JsonString(field.doc) + ',' + SchemaOf(field) + '}');
+        properties.push_back(names.back() + ":{\"description\":" + JsonString(field.doc) + ',' +
+                             SchemaOf(field) + '}');
     }
     return "{\n   \"type\":\"object\",\n   \"properties\":{\n    " + Joined(properties, ",\n    ") +
            "\n   },\n   \"required\":[" + Joined(names) + "],\n   \"additionalProperties\":false\n  }";
@@ -86,6 +88,6 @@ void WritePartSchema(std::ostream& out) {
            " \"title\":\"part\",\n"
            " \"description\":\"an imported part, as veka-host FILE --print json writes it\",\n"
            " \"$ref\":"
-        << JsonString(std::string("#/$defs/") + veka::Describe(typeid(CVEKA_Manager)).name) << ",\n \"$defs\":{\n  "
-        << Joined(definitions, ",\n  ") << "\n }\n}\n";
+        << JsonString(std::string("#/$defs/") + veka::Describe(typeid(CVEKA_Manager)).name)
+        << ",\n \"$defs\":{\n  " << Joined(definitions, ",\n  ") << "\n }\n}\n";
 }

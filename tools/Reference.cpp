@@ -48,7 +48,8 @@ private:
         switch (m_field.kind) {
             case FieldKind::TextList:
             case FieldKind::DistinctNames:
-                Function("void " + get + "(CStringArray& list) const", Meaning() + " Fills the list that is given.");
+                Function("void " + get + "(CStringArray& list) const",
+                         Meaning() + " Fills the list that is given.");
                 break;
             case FieldKind::Record:
             case FieldKind::Array: {
@@ -75,8 +76,8 @@ private:
                 break;
             case FieldKind::Record:
             case FieldKind::Array:
-                Function(set + "(const " + m_type + "* value)",
-                         "Copies into " + name + ": " + m_field.doc + ". Null raises `CInvalidArgException`.");
+                Function(set + "(const " + m_type + "* value)", "Copies into " + name + ": " + m_field.doc +
+                                                                    ". Null raises `CInvalidArgException`.");
                 break;
             default:
                 Function(set + '(' + m_type + " value)", "Sets " + name + ": " + m_field.doc + '.');
@@ -84,8 +85,8 @@ private:
     }
     void WriteField() {
         const bool owned = m_field.content != nullptr;
-        m_out << "/** @var " << (owned ? "Owned<" + m_type + '>' : m_type) << ' ' << m_class << m_field.name << "\n    @brief "
-              << Meaning() << " */\n";
+        m_out << "/** @var " << (owned ? "Owned<" + m_type + '>' : m_type) << ' ' << m_class << m_field.name
+              << "\n    @brief " << Meaning() << " */\n";
     }
     void Function(const std::string& declaration, const std::string& text) {
         m_out << "/** @fn " << declaration << "\n    @brief " << text << " */\n";

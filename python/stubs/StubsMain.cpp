@@ -22,7 +22,8 @@ using veka::python::TypeName;
 /// The type of an attribute: what it is read as, and what can be written to it.
 std::string AttributeType(const FieldDescription& field) {
     const std::string type = TypeName(field);
-    if (field.kind == FieldKind::Array) return "_Array[" + type + ", " + ClassName(*field.content->element) + "]";
+    if (field.kind == FieldKind::Array)
+        return "_Array[" + type + ", " + ClassName(*field.content->element) + "]";
     return type == "TextList" ? "_Texts" : type;
 }
 
@@ -34,8 +35,8 @@ std::string ArgumentType(const FieldDescription& field) {
 }
 
 void WriteRecord(std::ostream& out, const RecordDescription& description) {
-    out << "\nclass " << ClassName(description) << '(' << (description.base ? ClassName(*description.base) : "Record")
-        << "):\n";
+    out << "\nclass " << ClassName(description) << '('
+        << (description.base ? ClassName(*description.base) : "Record") << "):\n";
     const std::vector<std::string> names = AttributeNames(description);
     for (std::size_t i = description.inherited; i < names.size(); ++i)
         out << "    " << names[i] << ": " << AttributeType(description.fields[i]) << '\n';
@@ -46,7 +47,8 @@ void WriteRecord(std::ostream& out, const RecordDescription& description) {
 }
 
 void WriteArray(std::ostream& out, const RecordDescription& description) {
-    out << "\nclass " << ClassName(description) << "(RecordArray[" << ClassName(*description.element) << "]): ...\n";
+    out << "\nclass " << ClassName(description) << "(RecordArray[" << ClassName(*description.element)
+        << "]): ...\n";
 }
 
 /// Writes the classes, each after its base.
@@ -54,7 +56,8 @@ void Write(std::ostream& out) {
     std::unordered_set<const RecordDescription*> written;
     for (const RecordDescription* description : veka::AllDescriptions()) {
         std::vector<const RecordDescription*> bases;
-        for (const RecordDescription* base = description; base && written.insert(base).second; base = base->base)
+        for (const RecordDescription* base = description; base && written.insert(base).second;
+             base = base->base)
             bases.push_back(base);
         for (auto base = bases.rbegin(); base != bases.rend(); ++base)
             (*base)->IsArray() ? WriteArray(out, **base) : WriteRecord(out, **base);
