@@ -6,6 +6,7 @@
 #include <string>
 
 #include "model/CVEKA_Manager.h"
+#include "report/ImportReport.h"
 #include "support/Parsing.h"
 
 namespace {
@@ -152,6 +153,20 @@ TEST(Examples, NameOnlyRecordsThatExist) {
         for (const std::string& font : fonts)
             EXPECT_NE(library.GetLibFonts()->GetFontByID(std::stoi(font)), nullptr) << font;
     }
+}
+
+// Newcomers copy these files. An indented comment, for one, is no comment but values that nobody reads.
+TEST(Examples, AreCheckedWithoutAFindingButTheTwoThatTheirCommentsName) {
+    std::string findings;
+    for (const char* name : {"ball-grid.veka", "op-amp.veka", "resistor.veka"})
+        for (const veka::Finding& finding :
+             veka::ReportImport(test::ReadFile(test::ProjectFolder("examples") / name)).Findings())
+            findings += std::string(name) + ' ' + finding.path + '\n';
+    EXPECT_EQ(
+        findings,
+        R"(op-amp.veka VEK > LOGICSYMBOLS > SYMBOL "OPAMP" > PARTITION "A" > PROPERTYLABELS > PROPLABEL > PROPERTY
+resistor.veka VEK > PACKAGES > PACKAGE "R0805" > MOUNTDATA > PACKING > REELPACKINGINFO > T1
+)");
 }
 
 }  // namespace
