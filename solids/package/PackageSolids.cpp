@@ -44,6 +44,27 @@ CPCDrawObjArray ToLine(const std::vector<LeadPiece>& pieces) {
     return line;
 }
 
+geometry::vector Scaled(const geometry::vector& v, double factor) {
+    return {v.X * factor, v.Y * factor, v.Z * factor};
+}
+
+CPCDrawObjArray Scaled(const CPCDrawObjArray& line, double factor) {
+    CPCDrawObjArray scaled;
+    const auto point = [factor](const CPointD& p) { return CPointD{p.x * factor, p.y * factor}; };
+    for (std::size_t i = 0; i < line.GetSize(); ++i) {
+        if (const auto* arc = dynamic_cast<const CPCArc*>(&line[i])) {
+            auto copy = std::make_unique<CPCArc>(*arc);
+            copy->SetCenterPt(point(arc->GetCenterPt()));
+            copy->SetRadius(arc->GetRadius() * factor);
+            scaled.Add(copy.release());
+        } else {
+            const CPointD start = point(line[i].GetStartPt()), end = point(line[i].GetEndPt());
+            scaled.Add(new CPCLineSeg(start.x, start.y, end.x, end.y));
+        }
+    }
+    return scaled;
+}
+
 /// The body of a lead in its own frame and in the unit of the part.
 Body ToBody(const Lead& lead, const geometry::vector& color) {
     std::vector<geometry::sweep> sweeps;
@@ -106,7 +127,7 @@ public:
         if (isNew) m_entries.push_back({where, name, what, 0});
         ++m_entries[entry->second].count;
     }
-    std::vector<std::string> Take() {
+    std::vector<std::string> Release() {
         std::vector<std::string> sentences;
         for (const Entry& entry : m_entries) {
             std::string place = entry.where + (entry.name.empty() ? "" : ' ' + entry.name);
@@ -149,7 +170,7 @@ public:
             Add(m_items[i]);
             if (m_options.progress && !m_options.progress(i + 1, m_items.size())) break;
         }
-        m_result.remarks = m_remarks.Take();
+        m_result.remarks = m_remarks.Release();
         return std::move(m_result);
     }
 
@@ -186,7 +207,6 @@ private:
             if (!body)
                 return leaveOut(kind == "NONE" ? "the object has no solid form"
                                                : kind + " has no solid form");
-            if (m_scale != 1 && !dynamic_cast<const geometry::step*>(body.get())) body = Scaled(body, false);
         }
         const Placement place = isLead ? PlaceOfLead(*item.object, item.point, item.rotation)
                                        : PlaceOnPin(*item.object, item.point, item.rotation);
@@ -207,13 +227,13 @@ private:
         Body& body = m_leads[Key(lead, color, mirrored)];
         if (!body) {
             body = ToBody(lead, color);
-            if (m_scale != 1 || mirrored) body = Scaled(body, mirrored);
+            if (m_scale != 1 || mirrored) body = ScaledBody(body, mirrored);
         }
         return body;
     }
 
     /// A body in millimetres, mirrored if so wished.
-    Body Scaled(const Body& body, bool mirrored) const {
+    Body ScaledBody(const Body& body, bool mirrored) const {
         geometry::placement place;
         place.scale = m_scale;
         if (mirrored) place.x.X = -1;
@@ -227,7 +247,7 @@ private:
         return place.After(mirror);
     }
 
-    /// The solid that the bridge makes of an object; null if it makes none.
+    /// The solid that the bridge makes of an object, in millimetres; null if it makes none.
     Body SolidOf(const CVEKA_3DObject& object) const {
         if (!dynamic_cast<const CVEKA_3DOJ_AxisPivot*>(&object)) return nullptr;
         CVEKA_3DObjectArray one;
@@ -235,21 +255,41 @@ private:
         std::vector<std::shared_ptr<geometry::object>> shapes;
         CVEKA_3DObject::AddNewShape(&shapes, one);
         if (shapes.empty()) return nullptr;
-        const auto* step = dynamic_cast<const geometry::step*>(shapes[0].get());
-        return step ? InMillimeters(*step) : shapes[0];
+        if (const auto* step = dynamic_cast<const geometry::step*>(shapes[0].get()))
+            return InMillimeters(*step);
+        if (m_scale == 1) return shapes[0];
+        const auto* pillar = dynamic_cast<const geometry::pillar*>(shapes[0].get());
+        return pillar ? InMillimeters(*pillar) : ScaledBody(shapes[0], false);
     }
 
     /// The body of a STEP file, whose own sizes are millimetres: only its place is in the unit of the part.
     Body InMillimeters(const geometry::step& step) const {
-        const auto scaled = [&](const geometry::vector& v) {
-            return geometry::vector{v.X * m_scale, v.Y * m_scale, v.Z * m_scale};
-        };
         auto body =
-            std::make_shared<geometry::step>(step.Path.c_str(), scaled(step.GetPoint()), step.GetFront(),
-                                             step.GetUp(), step.GetColor(), step.GetFlag());
-        body->pivot = scaled(step.pivot);
-        body->SetAngle(step.GetAngle().X, step.GetAngle().Y, step.GetAngle().Z);
+            std::make_shared<geometry::step>(step.Path.c_str(), Scaled(step.GetPoint(), m_scale),
+                                             step.GetFront(), step.GetUp(), step.GetColor(), step.GetFlag());
         body->files = m_options.stepFiles;
+        return TurnedAs(step, std::move(body));
+    }
+
+    /// A pillar with its numbers in millimetres. Its shape is not scaled as those of other bodies are,
+    /// because the modeller takes the square of the faces to copy a shape.
+    Body InMillimeters(const geometry::pillar& pillar) const {
+        CPCPolygonArray voids;
+        for (std::size_t i = 0; i < pillar.Voids.GetSize(); ++i) {
+            auto hole = std::make_unique<CPCPolygon>();
+            hole->GetBoundary() = Scaled(pillar.Voids[i].GetBoundary(), m_scale);
+            voids.Add(hole.release());
+        }
+        return TurnedAs(pillar, std::make_shared<geometry::pillar>(
+                                    Scaled(pillar.GetPoint(), m_scale), pillar.GetFront(), pillar.GetUp(),
+                                    Scaled(pillar.Bound, m_scale), voids, pillar.Depth * m_scale,
+                                    pillar.GetColor(), pillar.GetFlag()));
+    }
+
+    /// A body in millimetres with the angles and the pivot of the body in the unit of the part.
+    Body TurnedAs(const geometry::object& source, std::shared_ptr<geometry::object> body) const {
+        body->pivot = Scaled(source.pivot, m_scale);
+        body->SetAngle(source.GetAngle().X, source.GetAngle().Y, source.GetAngle().Z);
         return body;
     }
 

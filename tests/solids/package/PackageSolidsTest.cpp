@@ -77,6 +77,43 @@ TEST(PackageSolids, TheUnitOfThePartDecides) {
     }
 }
 
+TEST(PackageSolids, APillarInInchesIsThePillarInMillimetres25TimesAsLarge) {
+    const std::string pillar = R"((BODYGEOMETRY (BODYSHAPE (PILLAR
+        (THICKNESS 0.5) (PT 1 2 3) (PIVOT 0.5 0 0) (ROTATE 30 40 50)
+        (BOUNDARY (LINE (PT -2 -1) (PT 2 -1)) (ARC (PT 2 -1) (PT 2 1) (PT 2 0) (DIR CCW))
+                  (LINE (PT 2 1) (PT -2 1)) (LINE (PT -2 1) (PT -2 -1)))
+        (VOIDS (VOID (ARC (PT 0.5 0) (PT -0.5 0) (PT 0 0) (DIR CCW))
+                     (ARC (PT -0.5 0) (PT 0.5 0) (PT 0 0) (DIR CCW))))))))";
+    const veka::PackageSolids small = Make(pillar), large = Make(pillar, "INCH");
+    ASSERT_EQ(small.remarks, std::vector<std::string>());
+    ASSERT_EQ(large.remarks, std::vector<std::string>());
+    constexpr double kPi = 3.14159265358979;
+    EXPECT_NEAR(Volume(small.solids.at(0)), (8 + kPi / 2 - kPi / 4) * 0.5, 1e-6);
+    EXPECT_NEAR(Volume(large.solids.at(0)), Volume(small.solids[0]) * 25.4 * 25.4 * 25.4, 1e-2);
+    Bounds bounds = BoundsOf(small.solids[0]);
+    for (double* side : {bounds.low, bounds.high})
+        for (int i = 0; i < 3; ++i) side[i] *= 25.4;
+    ExpectBounds(large.solids[0], {bounds.low[0], bounds.low[1], bounds.low[2]},
+                 {bounds.high[0], bounds.high[1], bounds.high[2]});
+}
+
+// To scale the shape took the square of the lines.
+TEST(PackageSolids, APillarInInchesMayHaveThousandsOfLines) {
+    std::string outline;
+    double x = 2500, y = 0;
+    for (int i = 1; i <= 4990; ++i) {
+        const double angle = i % 4990 * 2 * 3.14159265358979 / 4990, nextX = 2500 * std::cos(angle),
+                     nextY = 2500 * std::sin(angle);
+        outline += "(LINE (PT " + std::to_string(x) + ' ' + std::to_string(y) + ") (PT " +
+                   std::to_string(nextX) + ' ' + std::to_string(nextY) + "))";
+        x = nextX, y = nextY;
+    }
+    const veka::PackageSolids made =
+        Make("(BODYGEOMETRY (BODYSHAPE (PILLAR (THICKNESS 1) (BOUNDARY " + outline + "))))", "INCH");
+    EXPECT_EQ(made.remarks, std::vector<std::string>());
+    EXPECT_EQ(made.solids.size(), 1u);
+}
+
 TEST(PackageSolids, AnUnknownUnitCountsAsMillimetresAndIsTold) {
     EXPECT_EQ(Make("", "FURLONG").remarks,
               std::vector<std::string>{
