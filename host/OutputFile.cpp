@@ -1,7 +1,8 @@
 #include "host/OutputFile.h"
 
 #include <algorithm>
-#include <random>
+#include <filesystem>
+#include <limits>
 #include <system_error>
 
 #include "files/Paths.h"
@@ -34,32 +35,42 @@ bool IsBelow(const fs::path& path, const fs::path& directory) {
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& path) {
+OutputFile::OutputFile(const std::string& path) try {
     if (path.empty()) return;
-    m_place = Resolved(ToPath(path));
+    if (IsLinkOfAnotherUser(ToPath(path)))
+        throw OutputError('"' + path + "\" is a link that another user made, and is not followed");
+    const fs::path place = Resolved(ToPath(path));
     std::error_code error;
-    const fs::file_status status = fs::status(m_place, error);
+    const fs::file_status status = fs::status(place, error);
     if (fs::exists(status) && !fs::is_regular_file(status))
         throw OutputError('"' + path + "\" is no regular file and cannot be replaced");
-    std::random_device random;
-    m_temporary = m_place.parent_path() /
-                  ToPath(".veka-" + std::to_string(random()) + '-' + ToText(m_place.filename()));
-    m_temporaryPath = ToText(m_temporary);
+    m_place.emplace(place.parent_path());
+    m_name = ToText(place.filename());
+    m_scratch.emplace(fs::temp_directory_path());
+    m_own.emplace(m_scratch->MakeUnique("veka-out-"));
+    m_temporaryPath = ToText(m_own->Path() / place.filename());
+} catch (const StoreError& error) {
+    throw OutputError(error.what());
+} catch (const fs::filesystem_error& error) {
+    throw OutputError("there is no directory for temporary files: " + error.code().message());
 }
 
 OutputFile::~OutputFile() {
-    std::error_code error;
-    if (!m_temporary.empty()) fs::remove(m_temporary, error);
+    if (!m_own) return;
+    const std::string name = m_own->Name();
+    m_own.reset();
+    m_scratch->RemoveAll(name);
 }
 
-void OutputFile::Commit() {
-    if (m_temporary.empty()) return;
-    std::error_code error;
-    const fs::file_status former = fs::status(m_place, error);
-    if (fs::exists(former)) fs::permissions(m_temporary, former.permissions(), error);
-    fs::rename(m_temporary, m_place, error);
-    if (error) throw OutputError("cannot write \"" + ToText(m_place) + "\": " + error.message());
-    m_temporary.clear();
+void OutputFile::Commit() try {
+    if (!m_own) return;
+    const FileContent content =
+        ReadRegularFile(ToPath(m_temporaryPath), std::numeric_limits<std::uintmax_t>::max());
+    m_place->Replace(m_name, content.bytes);
+} catch (const StoreError& error) {
+    throw OutputError(error.what());
+} catch (const SourceError& error) {
+    throw OutputError(error.what());
 }
 
 void RequireOutsideOf(const std::string& output, const std::string& input, const std::string& library,

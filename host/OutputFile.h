@@ -1,8 +1,10 @@
 #pragma once
 
-#include <filesystem>
+#include <optional>
 #include <stdexcept>
 #include <string>
+
+#include "host/SafeFiles.h"
 
 namespace host {
 
@@ -16,11 +18,13 @@ struct RefusedOutput : OutputError {
     using OutputError::OutputError;
 };
 
-/// A file that is written under a temporary name beside its place. It takes its place once it is whole; until
-/// then whatever is there stays.
+/// A file that takes its place once it is whole; until then whatever is there stays. It is made in a
+/// directory of its own that no other user can enter, and copied from there. So another user who may write in
+/// the place cannot lead the program to another file.
 class OutputFile {
 public:
-    /// An empty path makes no file. Raises `OutputError` where something is there that is no regular file.
+    /// An empty path makes no file. Raises `OutputError` where something is there that is no regular file,
+    /// and where there is no directory for it.
     explicit OutputFile(const std::string& path);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
@@ -28,12 +32,12 @@ public:
 
     /// Where to write; empty if there is no file to write.
     const std::string& TemporaryPath() const { return m_temporaryPath; }
-    /// Gives the file its name. Raises `OutputError`.
+    /// Gives the file its place. Raises `OutputError`.
     void Commit();
 
 private:
-    std::filesystem::path m_place, m_temporary;
-    std::string m_temporaryPath;
+    std::optional<Directory> m_place, m_scratch, m_own;  // m_own is in m_scratch
+    std::string m_name, m_temporaryPath;
 };
 
 /// Raises `RefusedOutput` where an output is the input file, or lies in the place of a part of the library.

@@ -38,6 +38,10 @@ struct FileContent {
 /// is a file that is larger than `limit`, and one that changes while it is read. Raises `SourceError`.
 FileContent ReadRegularFile(const std::filesystem::path& path, std::uintmax_t limit);
 
+/// True if a path is a link that another user made, who is not the superuser. Such a link can be a trap: in a
+/// directory where others may write, it leads a program to a file that only its user may write.
+bool IsLinkOfAnotherUser(const std::filesystem::path& path);
+
 /// True if a directory can have an entry of this name.
 bool IsFileName(const std::string& name);
 
@@ -71,6 +75,9 @@ public:
     std::string Read(const std::string& name) const;
     /// Writes a new file, which is on the disk when this returns.
     void Write(const std::string& name, const FileContent& content) const;
+    /// Writes a file in the place of a regular file, whose rights the new one gets, or of none. Whoever opens
+    /// it sees the old content or the new one. Anything else in the place is an error.
+    void Replace(const std::string& name, std::string_view bytes) const;
     /// Waits until the entries are on the disk.
     void Sync() const;
     /// Moves an entry to a free name, perhaps in another directory; false if the name is not free.

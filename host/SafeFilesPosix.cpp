@@ -158,6 +158,12 @@ FileContent ReadRegularFile(const fs::path& path, std::uintmax_t limit) {
     return content;
 }
 
+bool IsLinkOfAnotherUser(const fs::path& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode) && status.st_uid != geteuid() &&
+           status.st_uid != 0;
+}
+
 bool IsFileName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos &&
            name.find('\0') == std::string::npos;
@@ -255,6 +261,26 @@ void Directory::Write(const std::string& name, const FileContent& content) const
                                  O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                                  content.permissions & 0666));
     if (!file || !WriteAll(file.Get(), content.bytes) || fsync(file.Get()) != 0) Fail("cannot write", path);
+}
+
+void Directory::Replace(const std::string& name, std::string_view bytes) const {
+    struct stat former {};
+    const bool replaces = fstatat(At(m_handle), name.c_str(), &former, AT_SYMLINK_NOFOLLOW) == 0;
+    if (replaces && !S_ISREG(former.st_mode))
+        throw StoreError(Quoted(m_path / name) + " is no regular file and cannot be replaced");
+    std::random_device random;
+    const std::string fresh = ".veka-" + std::to_string(random()) + '-' + std::to_string(random());
+    Descriptor file(openat(At(m_handle), fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                           replaces ? 0600 : 0666));
+    const auto written = [&] {
+        return file && WriteAll(file.Get(), bytes) &&
+               (!replaces || fchmod(file.Get(), former.st_mode & 0777) == 0) && fsync(file.Get()) == 0 &&
+               renameat(At(m_handle), fresh.c_str(), At(m_handle), name.c_str()) == 0;
+    };
+    if (written()) return;
+    const int error = errno;
+    if (file) unlinkat(At(m_handle), fresh.c_str(), 0);
+    Fail("cannot write", m_path / name, error);
 }
 
 void Directory::Sync() const {

@@ -150,6 +150,11 @@ FileContent ReadRegularFile(const fs::path& path, std::uintmax_t limit) {
     return content;
 }
 
+// Only an administrator can make links.
+bool IsLinkOfAnotherUser(const fs::path&) {
+    return false;
+}
+
 bool IsFileName(const std::string& name) {
     if (name.empty() || name.back() == '.' || name.back() == ' ') return false;
     for (char c : name)
@@ -245,6 +250,26 @@ void Directory::Write(const std::string& name, const FileContent& content) const
         rest.remove_prefix(written);
     }
     if (!FlushFileBuffers(file.Get())) Fail("cannot write", path);
+}
+
+void Directory::Replace(const std::string& name, std::string_view bytes) const {
+    const fs::path path = Below(m_path, name);
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES &&
+        (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT)))
+        throw StoreError(Quoted(path) + " is no regular file and cannot be replaced");
+    static LONG count = 0;
+    const std::string fresh = ".veka-" + std::to_string(GetCurrentProcessId()) + '-' +
+                              std::to_string(InterlockedIncrement(&count)) + "-out";
+    try {
+        Write(fresh, {std::string(bytes)});
+        if (!MoveFileExW(Below(m_path, fresh).c_str(), path.c_str(),
+                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+            Fail("cannot write", path);
+    } catch (const StoreError&) {
+        RemoveAll(fresh);
+        throw;
+    }
 }
 
 // The file system keeps a journal of its entries, and offers no other way.

@@ -42,8 +42,13 @@ private:
         std::string bytes, failure;
     };
 
-    Result ReadNew(const std::string& path) const;
-    std::string Find(const std::string& name) const;
+    /// A file in one of the folders; both paths are without links.
+    struct Found {
+        std::string folder, path;
+    };
+
+    Result ReadNew(const Found& found) const;
+    Found Find(const std::string& name) const;
 
     std::vector<std::string> m_folders;
     std::string m_reader;

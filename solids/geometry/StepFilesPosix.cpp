@@ -48,6 +48,7 @@ public:
         if (m_number >= 0) close(m_number);
         m_number = -1;
     }
+    /// Closes the file, and owns another one.
     void Open(int number) {
         Close();
         m_number = number;
@@ -99,6 +100,21 @@ bool IsBelow(const fs::path& path, const fs::path& folder) {
     return rest == folder.end();
 }
 
+/// Opens a file below a folder, step by step and without following a link. So another user who may write in
+/// the folder cannot lead the way out of it after its links were resolved.
+int OpenBelow(const fs::path& folder, const fs::path& path) {
+#ifdef O_PATH
+    constexpr int kPassing = O_PATH | O_DIRECTORY | O_CLOEXEC;
+#else
+    constexpr int kPassing = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+#endif
+    const fs::path names = path.lexically_relative(folder);
+    Descriptor place(open(folder.c_str(), kPassing));
+    for (const fs::path& name : names.parent_path())
+        place.Open(openat(place.Get(), name.c_str(), kPassing | O_NOFOLLOW));
+    return openat(place.Get(), names.filename().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW);
+}
+
 std::string Quoted(const std::string& text) {
     return '"' + text + '"';
 }
@@ -119,7 +135,7 @@ std::string step_files::FindReader() {
 step_files::step_files(std::vector<std::string> folders, std::string reader, const step_limits& limits)
     : m_folders(std::move(folders)), m_reader(std::move(reader)), m_limits(limits) {}
 
-std::string step_files::Find(const std::string& name) const {
+step_files::Found step_files::Find(const std::string& name) const {
     if (name.empty()) Fail("no STEP file is named");
     // Files are written on other systems, too.
     std::string path = name;
@@ -139,18 +155,18 @@ std::string step_files::Find(const std::string& name) const {
             outside = true;
             continue;
         }
-        if (fs::is_regular_file(found, error)) return found.string();
+        if (fs::is_regular_file(found, error)) return {root.string(), found.string()};
     }
     if (outside)
         Fail("the STEP file " + Quoted(name) + " lies outside of the part's folders and is not read");
     Fail("there is no STEP file " + Quoted(name) + " in the part's folders");
 }
 
-step_files::Result step_files::ReadNew(const std::string& path) const {
+step_files::Result step_files::ReadNew(const Found& found) const {
     if (m_reader.empty()) Fail("there is no program veka-step-reader to read it");
     const std::chrono::milliseconds time = std::min(m_limits.time, m_limits.all_time - m_spent);
     if (time <= std::chrono::milliseconds(0)) Fail("the STEP files of this part take too long");
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+    const Descriptor file(OpenBelow(found.folder, found.path));
     struct stat status {};
     if (file.Get() < 0 || fstat(file.Get(), &status) != 0 || !S_ISREG(status.st_mode))
         Fail("it cannot be read");
@@ -185,12 +201,12 @@ step_files::Result step_files::ReadNew(const std::string& path) const {
 }
 
 TopoDS_Shape step_files::Read(const std::string& name) const {
-    const std::string path = Find(name);
+    const Found found = Find(name);
     const std::lock_guard lock(m_mutex);
-    const auto [entry, isNew] = m_results.try_emplace(path);
+    const auto [entry, isNew] = m_results.try_emplace(found.path);
     Result& result = entry->second;
     if (isNew) try {
-            result = ReadNew(path);
+            result = ReadNew(found);
         } catch (const std::exception& failure) {
             result.failure = failure.what();
         }

@@ -3,8 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
+#ifndef _WIN32
+#include <unistd.h>
+#endif
 
+#include <cstdlib>
+#include <fstream>
+#include <optional>
+
+#include "support/Children.h"
 #include "support/Files.h"
 
 namespace {
@@ -72,8 +79,98 @@ TEST_F(Output, ReplacesRegularFilesOnly) {
 }
 
 TEST_F(Output, InAMissingDirectoryIsAnError) {
-    OutputFile output((directory / "missing/out").GetString());
+    EXPECT_THROW(OutputFile((directory / "missing/out").GetString()), host::OutputError);
+}
+
+TEST_F(Output, ThatWasNeverWrittenIsAnErrorAndLeavesWhatWasThere) {
+    directory.Write("out", "old");
+    OutputFile output(Path("out"));
     EXPECT_THROW(output.Commit(), host::OutputError);
+    EXPECT_EQ(test::ReadFile(directory.Path() / "out"), "old");
+}
+
+TEST_F(Output, IsMadeInADirectoryThatNoOtherUserCanEnterAndThatIsRemoved) {
+    fs::path made;
+    {
+        const OutputFile output(Path("out.glb"));
+        made = veka::ToPath(CString(output.TemporaryPath()));
+        EXPECT_EQ(made.extension(), ".glb") << "a writer looks at the ending";
+        ASSERT_TRUE(fs::is_directory(made.parent_path()));
+#ifndef _WIN32
+        EXPECT_EQ(fs::status(made.parent_path()).permissions(), fs::perms::owner_all);
+#endif
+        Fill(output, "half");
+        fs::create_directory(made.parent_path() / "more");
+    }
+    EXPECT_FALSE(fs::exists(made.parent_path()));
+    EXPECT_THAT(directory.Names(), testing::IsEmpty());
+}
+
+TEST_F(Output, WithoutADirectoryForTemporaryFilesIsAnError) {
+#ifdef _WIN32
+    GTEST_SKIP() << "The system names the directory here.";
+#else
+    const char* former = std::getenv("TMPDIR");
+    const std::optional<std::string> kept = former ? std::optional<std::string>(former) : std::nullopt;
+    setenv("TMPDIR", Path("missing").c_str(), 1);
+    EXPECT_THROW(OutputFile(Path("out")), host::OutputError);
+    kept ? setenv("TMPDIR", kept->c_str(), 1) : unsetenv("TMPDIR");
+#endif
+}
+
+/// Puts links to a file in the place of every file that a program makes, for as long as it is let.
+void PutLinks(const fs::path& place, const fs::path& target) {
+    for (int count = 0;;) {
+        std::error_code error;
+        for (fs::directory_iterator entry(place, error), end; !error && entry != end;
+             entry.increment(error)) {
+            const fs::path path = entry->path();
+            if (!path.filename().string().starts_with(".veka-")) continue;
+            std::error_code ignored;
+            fs::rename(path, place / ("stolen-" + std::to_string(++count % 50)), ignored);
+            if (!ignored) fs::create_symlink(target, path, ignored);
+        }
+    }
+}
+
+TEST_F(Output, ALinkThatAnotherUserPutsInTheWayChangesNoOtherFile) {
+    fs::create_directory(directory.Path() / "shared");
+    const fs::path victim(std::string(directory.Write("victim", "mine").GetString()));
+    fs::permissions(victim, fs::perms(0600));
+    fs::permissions(directory.Path(), fs::perms(0755));
+    fs::permissions(directory.Path() / "shared", fs::perms(0777));
+    const test::ChildBeside attacker([&] {
+        if (test::BecomeNobody()) PutLinks(directory.Path() / "shared", victim);
+    });
+    if (!attacker.Runs()) GTEST_SKIP() << "This user cannot become another.";
+    const fs::path out = directory.Path() / "shared/out";
+    for (int round = 0; round < 300; ++round) {
+        fs::remove(out);
+        std::ofstream(out) << "old";
+        fs::permissions(out, fs::perms(0666));  // the new file gets its rights
+        try {
+            OutputFile output(Path("shared/out"));
+            Fill(output, "new");
+            output.Commit();
+        } catch (const host::OutputError&) {
+            // Somebody interfered.
+        }
+        ASSERT_EQ(test::ReadFile(victim), "mine");
+        ASSERT_EQ(fs::status(victim).permissions(), fs::perms(0600));
+    }
+}
+
+TEST_F(Output, ALinkOfAnotherUserIsNotFollowed) {
+#ifdef _WIN32
+    GTEST_SKIP() << "The tests make no links here.";
+#else
+    directory.Write("victim", "mine");
+    fs::permissions(directory.Path(), fs::perms(0777));
+    fs::create_symlink("victim", directory.Path() / "out");
+    if (lchown(Path("out").c_str(), 65534, 65534) != 0) GTEST_SKIP() << "This user cannot give a link away.";
+    EXPECT_THROW(OutputFile(Path("out")), host::OutputError);
+    EXPECT_EQ(test::ReadFile(directory.Path() / "victim"), "mine");
+#endif
 }
 
 TEST_F(Output, IsRefusedWhereItIsTheInputOrAPartOfTheLibrary) {
