@@ -33,9 +33,18 @@ size_t Width(std::string_view text) {
         std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
-/// A field of comma-separated values.
-std::string CsvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+/// A field of comma-separated values. It can have several lines, each printable: the values may go to a
+/// terminal, and all programs can read them as UTF-8.
+std::string CsvField(const std::string& raw) {
+    std::string text;
+    for (std::size_t begin = 0;;) {
+        const std::size_t end = raw.find('\n', begin);
+        text += veka::Printable(std::string_view(raw).substr(begin, end - begin));
+        if (end == std::string::npos) break;
+        text += '\n';
+        begin = end + 1;
+    }
+    if (text.find_first_of(",\"\n") == std::string::npos) return text;
     std::string field = "\"";
     for (const char c : text) field.append(c == '"' ? 2 : 1, c);
     return field + '"';

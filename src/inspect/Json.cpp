@@ -1,9 +1,12 @@
 #include "inspect/Json.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <optional>
 
 #include "inspect/Shortest.h"
+#include "platform/Printable.h"
 #include "platform/Utf8.h"
 
 namespace veka {
@@ -40,18 +43,19 @@ std::string MarkedUtf8(std::string_view bytes) {
 
 std::string JsonString(std::string_view bytes) {
     std::string result = "\"";
-    for (const char character : MarkedUtf8(bytes)) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (byte == '"' || byte == '\\') {
-            result += '\\';
-            result += character;
-        } else if (byte < 0x20 || byte == 0x7F) {
-            char escape[8];
-            std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(byte));
+    const std::string marked = MarkedUtf8(bytes);
+    for (std::string_view rest = marked; !rest.empty();) {
+        const std::size_t length = std::max<std::size_t>(Utf8Length(rest), 1);
+        // A terminal would take such a character for a command; JSON can name it.
+        if (const std::optional<unsigned> control = ControlAt(rest)) {
+            char escape[16];
+            std::snprintf(escape, sizeof escape, "\\u%04x", *control);
             result += escape;
         } else {
-            result += character;
+            if (rest[0] == '"' || rest[0] == '\\') result += '\\';
+            result += rest.substr(0, length);
         }
+        rest.remove_prefix(length);
     }
     return result + '"';
 }

@@ -68,6 +68,11 @@ TEST(PinTable, CommaSeparatedValuesQuoteWhatNeedsIt) {
     EXPECT_THAT(out.str(), testing::EndsWith("\"a\"\"b\",,,,,\n"));
 }
 
+TEST(PinTable, CommaSeparatedValuesDoNotControlATerminal) {
+    EXPECT_EQ(Csv("(VEK (ELECTRICAL (ELECTRICALPINS (EPIN (NAME \"a\x1B\x9B\r\xC2\x9B\n\xC3\x84\")))))"),
+              "\"a\\x1B\\x9B\\x0D\\xC2\\x9B\n\xC3\x84\",,,,,\n");
+}
+
 TEST(PinTable, OnATerminalColumnsAreAligned) {
     std::ostringstream out;
     host::WritePins(out, *Read("(VEK (ELECTRICAL (ELECTRICALPINS (EPIN (NAME 1) (SNAME \xC3\x84) (TYPE IN)) "

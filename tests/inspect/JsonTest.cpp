@@ -28,6 +28,10 @@ TEST(JsonString, WhatJsonReservesIsEscaped) {
     EXPECT_EQ(JsonString(std::string_view("a\"b\\c\n\0\x7F", 8)), "\"a\\\"b\\\\c\\u000a\\u0000\\u007f\"");
 }
 
+TEST(JsonString, WhatControlsATerminalIsEscaped) {
+    EXPECT_EQ(JsonString("\xC2\x9B[2J\xC2\x80\xC2\xA0\xE2\x80\xAE"), "\"\\u009b[2J\\u0080\xC2\xA0\\u202e\"");
+}
+
 TEST(JsonString, AByteThatIsNotUtf8StandsAsItsCharacter) {
     EXPECT_EQ(JsonString("\x80"), "\"\xF4\x8F\xBE\x80\"") << "U+10FF80";
     EXPECT_EQ(JsonString("\xFF"), "\"\xF4\x8F\xBF\xBF\"") << "U+10FFFF";
