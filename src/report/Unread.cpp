@@ -181,7 +181,9 @@ private:
         std::size_t count = 0;
         for (const std::string& parent : parents) {
             if (++count > 3) break;
-            list += (list.empty() ? "" : ", ") + parent;
+            // Some levels are inside a level of their own name, and the inner one has other keywords.
+            const bool same = level.parent && level.parent->m_strName.View() == parent;
+            list += (list.empty() ? "" : ", ") + ((same ? "another " : "") + parent);
         }
         if (parents.size() > 3) list += " and others";
         return list.empty() ? "" : "; it is a keyword in " + list;

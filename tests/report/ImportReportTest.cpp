@@ -9,6 +9,7 @@ namespace {
 
 using namespace veka;
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 /// What the report says on a file of one line: code, columns, severity and sentence of each finding.
 std::vector<std::string> Said(std::string_view file) {
@@ -94,6 +95,13 @@ TEST(ImportReport, OnlyTheFirstValueCountsWhereTheKeywordTakesTheFirst) {
         ElementsAre("VEKA-W005 26-27 warning: the value \"B\" of MPN is not read: the first value counts"));
 }
 
+TEST(ImportReport, Q2_EveryPinShapeCounts) {
+    EXPECT_THAT(Said("(NSHAPE A) (NSHAPE B)"), IsEmpty());
+    EXPECT_THAT(
+        Said("(NSHAPE A) (NSHAPE A)"),
+        ElementsAre("VEKA-W051 20-21 warning: there are two pin shapes \"A\": the other one is in line 1"));
+}
+
 TEST(ImportReport, Q3_OnlyTheLastValueOfThePartDescriptionCounts) {
     EXPECT_THAT(
         Said("(VEK (PARTGENERAL (PARTDESC A B)))"),
@@ -163,6 +171,17 @@ TEST(ImportReport, Q6_ASecondColourReplacesOnlyTheValuesThatItHas) {
                             "COLOR in line 1"));
 }
 
+TEST(ImportReport, Q8_AnRlcInTheFormOfAnotherPlaceIsNotRead) {
+    EXPECT_THAT(Said("(VEK (ELECTRICAL (ELECTRICALPINS (EPIN (NAME 1) (RLC (R 1))))))"),
+                ElementsAre("VEKA-W007 49-60 note: nothing of RLC is in the model",
+                            "VEKA-W001 54-59 warning: nothing reads R in RLC; it is a keyword in 3DARC, "
+                            "3DSHAPE, ARC and others"));
+    EXPECT_THAT(Said("(VEK (ELECTRICAL (POWERRAILS (PRAIL (RLC 1 2 3)))))"),
+                ElementsAre("VEKA-W007 37-48 note: nothing of RLC is in the model",
+                            "VEKA-W005 42-47 warning: 3 values of RLC from \"1\" on are not read: the level "
+                            "takes no values of its own"));
+}
+
 TEST(ImportReport, Q9_OfATypeTheLastValueCounts) {
     EXPECT_THAT(
         Said("(VEK (ELECTRICAL (PASSIVEVALUE (TOLERANCE 1 5))))"),
@@ -180,6 +199,15 @@ TEST(ImportReport, Q10_CommentsOfAnElectricalPinAreNotRead) {
     EXPECT_THAT(Said("(VEK (ELECTRICAL (ELECTRICALPINS (EPIN (NAME 1) (COMMENT (1 A B))))))"),
                 ElementsAre("VEKA-W001 49-66 warning: nothing reads COMMENT in EPIN; it is a keyword in LAY, "
                             "PARTGENERAL, PARTITION and others"));
+}
+
+TEST(ImportReport, Q11_OfASecondOperatingTemperatureOnlyTheFirstValueReplaces) {
+    EXPECT_THAT(Said("(VEK (PACKAGES (THERMAL (OPERATINGTEMPERATURE -40 125) (OPERATINGTEMPERATURE -55))))"),
+                ElementsAre("VEKA-W020 47-50 warning: the value \"-40\" of OPERATINGTEMPERATURE is read and "
+                            "then replaced by OPERATINGTEMPERATURE in line 1"));
+    EXPECT_THAT(Said("(VEK (PACKAGES (THERMAL (OPERATINGTEMPERATURE -40 125 150))))"),
+                ElementsAre("VEKA-W005 55-58 warning: the value \"150\" of OPERATINGTEMPERATURE is not read: "
+                            "the level has more values than there are fields"));
 }
 
 TEST(ImportReport, AFlagOfAnotherWordIsCleared) {
@@ -222,6 +250,19 @@ TEST(ImportReport, Q13_AnImportThatFailsIsAnError) {
             "VEKA-W009 76-103 error: the import ends here with an exception: MECHANICALPIN is read by the "
             "child at its own place alone, which is number 2, and it has children but none there",
             "VEKA-W010 108-132 warning: the section PADS is not read, since the import has failed before"));
+}
+
+TEST(ImportReport, Q14_WhatIsOneLevelTooHighIsNotRead) {
+    EXPECT_THAT(Said("(VEK (PACKAGES (PACKAGE (NAME P) (USGKEYS (USGTYPE T)))))"),
+                ElementsAre("VEKA-W007 34-55 note: nothing of USGKEYS is in the model",
+                            "VEKA-W001 43-54 warning: nothing reads USGTYPE in USGKEYS; it is a keyword in "
+                            "another USGKEYS"));
+    EXPECT_THAT(Said("(VEK (PACKAGES (PACKAGE (NAME P) (MOUNTDATA (MOUNTCHECKTYPE TRUE FALSE)))))"),
+                ElementsAre("VEKA-W005 61-65 warning: the value \"TRUE\" of MOUNTCHECKTYPE is not read: the "
+                            "last value counts"));
+    EXPECT_THAT(Said("(PARTITIONS (PARTITION A (PARTITION B)))"),
+                ElementsAre("VEKA-W005 24-25 warning: the value \"A\" of PARTITION is not read: the level "
+                            "takes no values of its own"));
 }
 
 TEST(ImportReport, Q15_AChildOfTheBodySizeCountsByItsPresence) {
@@ -289,6 +330,14 @@ TEST(ImportReport, NumbersThatAreNoneOrOnlyInPartAreTold) {
                     "VEKA-W030 72-77 warning: \"north\" in ROTATION is no number and counts as 0"));
 }
 
+TEST(ImportReport, Q21_TheKeysOfAFootprintAreNotOneLevelDeeper) {
+    EXPECT_THAT(Said("(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F) (USGKEYS (USGTYPE T) (USGVALUE V))))"),
+                IsEmpty());
+    EXPECT_THAT(Said("(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F) (USGKEYS (USGKEYS (USGTYPE T)))))"),
+                ElementsAre("VEKA-W001 51-72 warning: nothing reads USGKEYS in USGKEYS; it is a keyword in "
+                            "FOOTPRINT, PACKAGE, SYMBOL and others"));
+}
+
 TEST(ImportReport, Q22_AReplacedPadstackLayerKeepsItsPadNames) {
     EXPECT_THAT(
         Said("(PADSTACKS (PADSTACK (PADSTACKNAME S) (TOP (CON A) (TD TRUE)) (TOP (CON B))))"),
@@ -301,6 +350,16 @@ TEST(ImportReport, Q23_AWrapAroundLeadLosesItsThickness) {
     EXPECT_THAT(Said("(VEK (PACKAGES (PACKAGE (PKGPINS (PKGPIN 1 (LEAD (WRAPAROUND (W 1) (H 1) (T 4))))))))"),
                 ElementsAre("VEKA-W011 74-79 note: the value of T is read and then lost, since the record "
                             "keeps no such value when it is copied into the model"));
+}
+
+TEST(ImportReport, Q25_AnObjectIsNamedByItsLevelAndNotByItsNumber) {
+    EXPECT_THAT(
+        Said("(VEK (PACKAGES (PACKAGE (BODYGEOMETRY (BODYSHAPE (3DSHAPE (WIDTH 1)) (CUBOID (WIDTH 1)) "
+             "(STEP (WIDTH 1)))))))"),
+        ElementsAre("VEKA-W001 59-68 warning: nothing reads WIDTH in 3DSHAPE; it is a keyword in "
+                    "CUBOID, ELLIPSE, HOLECUBOID and others",
+                    "VEKA-W001 95-104 warning: nothing reads WIDTH in STEP; it is a keyword in "
+                    "CUBOID, ELLIPSE, HOLECUBOID and others"));
 }
 
 TEST(ImportReport, Q26_NoWordSetsAClinchedEnd) {
