@@ -138,7 +138,9 @@ void Read(const CVEKA_3DOJ_CBEND& r, Lead& lead, Check& check) {
     lead.sweeps.push_back(Strip(r.W, r.Z, {{-r.L / 2, high}, {back, high}, {back, low}, {-r.L / 2, low}}));
 }
 
-void Read(const CVEKA_3DOJ_DIP& r, Lead& lead, Check& check) {
+/// The sizes of a lead that comes out at the height H1, goes down to H2 and from there through the board.
+template <class Record>
+void CheckStepDown(const Record& r, Check& check) {
     check.Size("H1", r.H1);
     check.SizeOrNone("H2", r.H2);
     check.Size("T", r.T);
@@ -147,6 +149,10 @@ void Read(const CVEKA_3DOJ_DIP& r, Lead& lead, Check& check) {
     check.SizeOrNone("Z", r.Z);
     check.That(r.H1 - r.H2 > r.T / 2, "H1 is not above H2 by half of T");
     check.That(r.H2 + r.Z >= kSmallest, "H2 and Z are both 0");
+}
+
+void Read(const CVEKA_3DOJ_DIP& r, Lead& lead, Check& check) {
+    CheckStepDown(r, check);
     check.That(r.W1 > r.T / 2, "W1 is not above half of T");
     lead.sweeps.push_back(Strip(r.W1, r.T, {{-r.W1, r.H1}, {0, r.H1}, {0, r.H2}}));
     AddBelow(lead, Strip(r.W2, r.T, {{0, r.H2}, {0, -r.Z}}));
@@ -323,15 +329,8 @@ void Read(const CVEKA_3DOJ_KINKDIPA& r, Lead& lead, Check& check) {
 }
 
 void Read(const CVEKA_3DOJ_ROUNDDIP& r, Lead& lead, Check& check) {
-    check.Size("H1", r.H1);
-    check.SizeOrNone("H2", r.H2);
-    check.Size("T", r.T);
-    check.Size("W1", r.W1);
-    check.Size("W2", r.W2);
     check.Size("BL", r.BL);
-    check.SizeOrNone("Z", r.Z);
-    check.That(r.H1 - r.H2 > r.T / 2, "H1 is not above H2 by half of T");
-    check.That(r.H2 + r.Z >= kSmallest, "H2 and Z are both 0");
+    CheckStepDown(r, check);
     check.That(r.BL > r.T / 2, "BL is not above half of T");
     lead.sweeps.push_back(Oval(r.W1, r.T, {{-r.BL, r.H1}, {0, r.H1}, {0, r.H2}}));
     AddBelow(lead, Oval(r.W2, r.T, {{0, r.H2}, {0, -r.Z}}));

@@ -131,14 +131,6 @@ PyObject* Extend(PyObject* self, PyObject* values) {
     });
 }
 
-PyObject* AddInPlace(PyObject* self, PyObject* values) {
-    PyObject* done = Extend(self, values);
-    if (!done) return nullptr;
-    Py_DECREF(done);
-    Py_INCREF(self);
-    return self;
-}
-
 PyObject* Insert(PyObject* self, PyObject* arguments) {
     return Guarded([&] {
         Py_ssize_t index = 0;
@@ -247,7 +239,7 @@ std::vector<PyType_Slot> ArraySlots() {
             {Py_tp_iter, reinterpret_cast<void*>(&PySeqIter_New)},
             {Py_sq_length, reinterpret_cast<void*>(&Length)},
             {Py_sq_item, reinterpret_cast<void*>(&Item)},
-            {Py_sq_inplace_concat, reinterpret_cast<void*>(&AddInPlace)},
+            {Py_sq_inplace_concat, reinterpret_cast<void*>(&AddInPlace<&Extend>)},
             {Py_mp_length, reinterpret_cast<void*>(&Length)},
             {Py_mp_subscript, reinterpret_cast<void*>(&Subscript)},
             {Py_mp_ass_subscript, reinterpret_cast<void*>(&SetSubscript)},

@@ -34,4 +34,14 @@ Range ToRange(PyObject* slice, Size size) {
     return range;
 }
 
+/// `+=` of a sequence: extends it, and gives the sequence itself.
+template <PyObject* (*extend)(PyObject* self, PyObject* values)>
+PyObject* AddInPlace(PyObject* self, PyObject* values) {
+    PyObject* none = extend(self, values);
+    if (!none) return nullptr;
+    Py_DECREF(none);
+    Py_INCREF(self);
+    return self;
+}
+
 }  // namespace veka::python

@@ -75,4 +75,16 @@ inline std::vector<std::string> Texts(const Scene& scene, Role role) {
     return texts;
 }
 
+/// Calls `check` with each of the real parts beside the project and the path of its file.
+template <class Check>
+void ForEachRealPart(Check check) {
+    for (const auto& path : CorpusFiles()) {
+        SCOPED_TRACE(path.filename());
+        CVEK_AsciiParser parser;
+        parser.SetVEKAsciiFilePath(veka::FromPath(path));
+        parser.Parser();
+        check(Part(*parser.GetCVEKA_Manager()), path);
+    }
+}
+
 }  // namespace test

@@ -168,15 +168,18 @@ TEST(FootprintScene, ManyPinsAreDrawnInAMoment) {
     EXPECT_EQ(drawn.scene.Shapes().size(), 80000u);
 }
 
-TEST(FootprintScene, ADrawingThatIsTooLargeIsOneSentence) {
-    // A pad of many objects, used by many pins.
+/// A footprint of many pins, which all have one pad of many discs.
+std::unique_ptr<CVEK_AsciiParser> ManyPinsOfManyDiscs(const std::string& diameter) {
     std::string discs, pins;
-    for (int i = 0; i < 3000; ++i) discs += "(FILLCIRCLE(D 1))";
+    for (int i = 0; i < 3000; ++i) discs += "(FILLCIRCLE(D " + diameter + "))";
     for (int i = 0; i < 3000; ++i) pins += "(FPIN 1 A(LIBPADSTACK B))";
-    const auto parser = Import("(PADS(PAD(PADNAME B)" + discs +
-                               "))(PADSTACKS(PADSTACK(PADSTACKNAME B)(TOP(CON B))))"
-                               "(FOOTPRINTS(FOOTPRINT(FPINS" +
-                               pins + ")))");
+    return Import("(PADS(PAD(PADNAME B)" + discs +
+                  "))(PADSTACKS(PADSTACK(PADSTACKNAME B)(TOP(CON B))))(FOOTPRINTS(FOOTPRINT(FPINS" + pins +
+                  ")))");
+}
+
+TEST(FootprintScene, ADrawingThatIsTooLargeIsOneSentence) {
+    const auto parser = ManyPinsOfManyDiscs("1");
     const Part part(*parser->GetCVEKA_Manager());
     try {
         FootprintScene(part, *part.DefaultFootprint());
@@ -187,13 +190,7 @@ TEST(FootprintScene, ADrawingThatIsTooLargeIsOneSentence) {
 }
 
 TEST(FootprintScene, WhatIsNeverDrawnCountsToo) {
-    std::string discs, pins;
-    for (int i = 0; i < 3000; ++i) discs += "(FILLCIRCLE(D -1))";
-    for (int i = 0; i < 3000; ++i) pins += "(FPIN 1 A(LIBPADSTACK B))";
-    const auto parser = Import("(PADS(PAD(PADNAME B)" + discs +
-                               "))(PADSTACKS(PADSTACK(PADSTACKNAME B)(TOP(CON B))))"
-                               "(FOOTPRINTS(FOOTPRINT(FPINS" +
-                               pins + ")))");
+    const auto parser = ManyPinsOfManyDiscs("-1");
     const Part part(*parser->GetCVEKA_Manager());
     EXPECT_THROW(FootprintScene(part, *part.DefaultFootprint()), TooLarge);
 }
@@ -294,12 +291,7 @@ Box RoughExtents(const Part& part, const CVEKA_FootprintDB& footprint) {
 
 TEST(FootprintScene, EveryPadOfARealPartIsThereOnceAndAtItsPlace) {
     VEKA_NEEDS_CORPUS();
-    for (const auto& path : CorpusFiles()) {
-        SCOPED_TRACE(path.filename());
-        CVEK_AsciiParser parser;
-        parser.SetVEKAsciiFilePath(veka::FromPath(path));
-        parser.Parser();
-        const Part part(*parser.GetCVEKA_Manager());
+    ForEachRealPart([](const Part& part, const std::filesystem::path&) {
         const CVEKA_FootprintDB& footprint = *part.DefaultFootprint();
         const Scene scene = FootprintScene(part, footprint);
         EXPECT_THAT(scene.Remarks(), IsEmpty());
@@ -352,7 +344,7 @@ TEST(FootprintScene, EveryPadOfARealPartIsThereOnceAndAtItsPlace) {
         EXPECT_TRUE(extents.Contains({shapes.left, shapes.bottom}) &&
                     extents.Contains({shapes.right, shapes.top}))
             << "nothing lies outside of what the file says";
-    }
+    });
 }
 
 }  // namespace

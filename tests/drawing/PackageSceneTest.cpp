@@ -182,12 +182,7 @@ TEST(PackageScene, SizesThatNoBodyHasAreLeftOut) {
 
 TEST(PackageScene, ARealPartHasALeadForEachPin) {
     VEKA_NEEDS_CORPUS();
-    for (const auto& path : CorpusFiles()) {
-        SCOPED_TRACE(path.filename());
-        CVEK_AsciiParser parser;
-        parser.SetVEKAsciiFilePath(veka::FromPath(path));
-        parser.Parser();
-        const Part part(*parser.GetCVEKA_Manager());
+    ForEachRealPart([](const Part& part, const std::filesystem::path&) {
         const CVEKA_Package& package = *part.DefaultPackage();
         for (const Looking looking : {Looking::FromAbove, Looking::FromFront}) {
             const Scene scene = PackageScene(part, package, looking);
@@ -207,7 +202,7 @@ TEST(PackageScene, ARealPartHasALeadForEachPin) {
             }
             EXPECT_FALSE(WithRole(scene, Role::Body).empty());
         }
-    }
+    });
 }
 
 }  // namespace

@@ -155,12 +155,7 @@ TEST(WriteSvg, SeveralScenesHaveTitles) {
 
 TEST(WriteSvg, ARealPartIsWellFormedAndNotLarge) {
     VEKA_NEEDS_CORPUS();
-    for (const auto& path : CorpusFiles()) {
-        SCOPED_TRACE(path.filename());
-        CVEK_AsciiParser parser;
-        parser.SetVEKAsciiFilePath(veka::FromPath(path));
-        parser.Parser();
-        const Part part(*parser.GetCVEKA_Manager());
+    ForEachRealPart([](const Part& part, const std::filesystem::path& path) {
         std::vector<View> views;
         views.push_back({FootprintScene(part, *part.DefaultFootprint()), Side::Top, Theme::Dark});
         views.push_back({FootprintScene(part, *part.DefaultFootprint()), Side::Bottom, Theme::Dark});
@@ -173,7 +168,7 @@ TEST(WriteSvg, ARealPartIsWellFormedAndNotLarge) {
         EXPECT_EQ(XmlFault(svg), "");
         EXPECT_LT(svg.size(), 20 * std::filesystem::file_size(path) + 100'000);
         EXPECT_THAT(svg, Not(HasSubstr("nan")));
-    }
+    });
 }
 
 }  // namespace

@@ -147,12 +147,7 @@ TEST(SymbolScene, ALabelThatIsNotVisibleIsOnAHiddenLayer) {
 
 TEST(SymbolScene, EveryPinOfARealPartHasItsNameAndItsNumber) {
     VEKA_NEEDS_CORPUS();
-    for (const auto& path : CorpusFiles()) {
-        SCOPED_TRACE(path.filename());
-        CVEK_AsciiParser parser;
-        parser.SetVEKAsciiFilePath(veka::FromPath(path));
-        parser.Parser();
-        const Part part(*parser.GetCVEKA_Manager());
+    ForEachRealPart([](const Part& part, const std::filesystem::path&) {
         const CVEKA_Symbol& symbol = *part.DefaultSymbol();
         const Scene scene = SymbolScene(part, symbol);
         EXPECT_THAT(scene.Remarks(), IsEmpty());
@@ -173,7 +168,7 @@ TEST(SymbolScene, EveryPinOfARealPartHasItsNameAndItsNumber) {
         }
         EXPECT_EQ(Texts(scene, Role::PinName), names);
         EXPECT_EQ(Texts(scene, Role::PinNumber), numbers);
-    }
+    });
 }
 
 TEST(SymbolScene, ALibraryPartitionThatManyGatesUseIsLookedUpOnce) {

@@ -23,9 +23,9 @@ class ImportDialog : public testing::Test {
 protected:
     ImportDialog() { std::filesystem::create_directory(directory.Path() / "lib"); }
     /// Presses OK in the dialog, with a file and a library filled in.
-    std::optional<host::DialogChoice> PressOk(const CString& path, const CString& libraryPath) {
+    std::optional<host::DialogChoice> ChooseWithOk(const CString& path, const CString& libraryPath) {
         user.script = [this](test::ScriptedWindow& window) {
-            window.Press(IDOK);
+            test::PressOk(window);
             stayedOpen = window.IsOpen();
         };
         return host::RunImportDialog(path, libraryPath);
@@ -39,7 +39,7 @@ protected:
 };
 
 TEST_F(ImportDialog, GivesThePartThatTheUserChose) {
-    const auto choice = PressOk(file, library);
+    const auto choice = ChooseWithOk(file, library);
     ASSERT_TRUE(choice);
     EXPECT_EQ(choice->part.Mpn(), "A/B");
     EXPECT_EQ(choice->part.Name(), "A&#47;B");
@@ -68,52 +68,52 @@ TEST_F(ImportDialog, KnowsItsFileAndLibraryThoughTheFieldsWereEmptied) {
 }
 
 TEST_F(ImportDialog, AFileThatHoldsNoPartIsToldBeforeAnyQuestion) {
-    EXPECT_FALSE(PressOk(directory.Write("none.veka", "(VEK)"), library));
+    EXPECT_FALSE(ChooseWithOk(directory.Write("none.veka", "(VEK)"), library));
     EXPECT_TRUE(stayedOpen);
     EXPECT_THAT(user.messages, ElementsAre(HasSubstr("none.veka\" holds no part with a part number")));
     EXPECT_THAT(user.questions, IsEmpty());
 }
 
 TEST_F(ImportDialog, AFileThatCannotBeReadIsToldAndTheDialogStaysOpen) {
-    EXPECT_FALSE(PressOk(library, library));
+    EXPECT_FALSE(ChooseWithOk(library, library));
     EXPECT_TRUE(stayedOpen);
     EXPECT_THAT(user.messages, ElementsAre(HasSubstr("is a directory, and no regular file")));
 #ifndef _WIN32
     ASSERT_EQ(mkfifo((directory / "pipe").GetString(), 0666), 0);
-    EXPECT_FALSE(PressOk(directory / "pipe", library));
+    EXPECT_FALSE(ChooseWithOk(directory / "pipe", library));
     EXPECT_THAT(user.messages, ElementsAre(testing::_, HasSubstr("is a pipe, and no regular file")));
 #endif
 }
 
 TEST_F(ImportDialog, AMissingFileIsTheDialogsOwnAffair) {
-    EXPECT_FALSE(PressOk(directory / "missing", library));
+    EXPECT_FALSE(ChooseWithOk(directory / "missing", library));
     EXPECT_FALSE(stayedOpen);
     EXPECT_THAT(user.messages, ElementsAre("VEK Ascii File Path Fail!"));
 }
 
 TEST_F(ImportDialog, AMissingLibraryCanBeMade) {
     user.answers = {true};
-    EXPECT_TRUE(PressOk(file, directory / "new/inner"));
+    EXPECT_TRUE(ChooseWithOk(file, directory / "new/inner"));
     EXPECT_THAT(user.questions, ElementsAre(HasSubstr("new/inner\". Make it?")));
     EXPECT_TRUE(std::filesystem::is_directory(directory.Path() / "new/inner"));
     user.answers = {false};
-    EXPECT_FALSE(PressOk(file, directory / "other"));
+    EXPECT_FALSE(ChooseWithOk(file, directory / "other"));
     EXPECT_TRUE(stayedOpen);
     EXPECT_FALSE(std::filesystem::exists(directory.Path() / "other"));
     user.answers = {true};
-    EXPECT_FALSE(PressOk(file, file + "/below"));
+    EXPECT_FALSE(ChooseWithOk(file, file + "/below"));
     EXPECT_THAT(user.messages, ElementsAre(HasSubstr("cannot be made")));
 }
 
 TEST_F(ImportDialog, APartThatIsThereIsReplacedOnlyIfTheUserWasAsked) {
     host::Store(host::ReadPart(file), library, host::Existing::Keep);
     user.answers = {true};
-    const auto choice = PressOk(file, library);
+    const auto choice = ChooseWithOk(file, library);
     ASSERT_TRUE(choice);
     EXPECT_EQ(choice->existing, host::Existing::Replace);
     user.questions.clear();
     user.answers = {false};
-    EXPECT_FALSE(PressOk(file, library));
+    EXPECT_FALSE(ChooseWithOk(file, library));
     EXPECT_THAT(user.questions, ElementsAre(HasSubstr("is already exist. Do you want to overwrite")));
 }
 
