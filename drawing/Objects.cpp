@@ -324,7 +324,7 @@ struct ObjectCases {
                            bool filled) {
         Collector collector;
         collector.AddClosed(o, d.m_depth);
-        d.m_scene.Take(collector.looked);
+        d.m_scene.CountPieces(collector.looked);
         d.m_scene.AddPolygon(place, collector.outlines, width, filled);
     }
     static void Draw(Drawer& d, const CVEKA_3DOJ_3DFILLRECT& o, const Place& place) {
@@ -342,14 +342,14 @@ struct ObjectCases {
         collector.Add(*o.BOUNDARY, d.m_depth);
         const bool hasOutline = !collector.outlines.empty();
         if (hasOutline) collector.Add(*o.VOID, d.m_depth);
-        d.m_scene.Take(collector.looked);
+        d.m_scene.CountPieces(collector.looked);
         if (!hasOutline) return d.m_scene.LeaveOut();
         d.m_scene.AddPolygon(place, collector.outlines, WidestPen(*o.BOUNDARY), true);
     }
     static void Draw(Drawer& d, const CVEKA_3DOJ_3DPOLYGON& o, const Place& place) {
         Collector collector;
         collector.Add(*o.BOUNDARY, d.m_depth);
-        d.m_scene.Take(collector.looked);
+        d.m_scene.CountPieces(collector.looked);
         d.m_scene.AddPolygon(place, collector.outlines, WidestPen(*o.BOUNDARY), true);
     }
     static void Draw(Drawer& d, const CVEKA_3DOJ_POLYLINE& o, const Place& place) {
@@ -421,7 +421,7 @@ double Fonts::Height(int font) const {
 }
 
 void ObjectDrawer::Draw(const CVEKA_3DObjectArray& objects, const Place& place) {
-    m_scene.Take(static_cast<std::size_t>(objects.GetSize()));
+    m_scene.CountPieces(static_cast<std::size_t>(objects.GetSize()));
     if (++m_depth > kDeepest)
         m_scene.LeaveOut();
     else

@@ -350,7 +350,7 @@ private:
     /// Draws a solid, or something that lies flat, at a place that the object's own place is added to.
     void DrawSolid(const CVEKA_3DObject& object, const Placement& outer) {
         if (const auto* step = dynamic_cast<const CVEKA_3DOJ_STEP*>(&object)) {
-            m_scene.Take(1);
+            m_scene.CountPieces(1);
             m_scene.Remark("the STEP file \"" + Short(step->PATH) + "\" is not drawn");
             return;
         }
@@ -390,7 +390,7 @@ private:
         std::vector<Point> points = Projected(nearEnd[0], nearZ, place), all = points;
         const std::vector<Point> others = Projected(farEnd[0], farZ, place);
         all.insert(all.end(), others.begin(), others.end());
-        m_scene.Take(all.size());
+        m_scene.CountPieces(all.size());
         const Outline hull = Hull(std::move(all));
         if (hull.empty()) return m_scene.LeaveOut();
         AddBody(m_part.Unit(), {hull});
@@ -423,7 +423,7 @@ private:
 
     /// Something that is drawn in a plane. It is seen from above only.
     void DrawFlat(const CVEKA_3DObject& object, const Placement& outer) {
-        m_scene.Take(1);
+        m_scene.CountPieces(1);
         if (m_looking != Looking::FromAbove) return;
         const std::optional<Place> flat = FlatPlace(outer, m_projection);
         if (flat) ObjectDrawer(m_scene, m_part.fonts).Draw(object, m_part.Unit() * *flat);

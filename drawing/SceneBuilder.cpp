@@ -47,14 +47,14 @@ std::uint32_t SceneBuilder::Layer(const std::string& name, Role role, Side side,
     return static_cast<std::uint32_t>(found->second);
 }
 
-void SceneBuilder::Take(std::size_t pieces) {
+void SceneBuilder::CountPieces(std::size_t pieces) {
     m_pieces += pieces;
     if (m_pieces > kMostPieces)
         throw TooLarge("the drawing has more than " + std::to_string(kMostPieces) + " shapes and corners");
 }
 
 void SceneBuilder::Add(const std::variant<Line, Arc, Circle, Polygon, Text>& form) {
-    Take(1);
+    CountPieces(1);
     m_scene.m_shapes.push_back({form, pen.layer, pen.role, pen.source, pen.definition});
 }
 
@@ -95,7 +95,7 @@ void SceneBuilder::AddPolygon(const Place& place, const std::vector<std::vector<
     };
     for (const std::vector<Vertex>& outline : outlines) {
         if (outline.size() < 2) continue;
-        Take(outline.size());
+        CountPieces(outline.size());
         m_scene.m_contours.push_back({static_cast<std::uint32_t>(m_scene.m_vertices.size()),
                                       static_cast<std::uint32_t>(outline.size())});
         for (const Vertex& vertex : outline) {

@@ -61,11 +61,11 @@ public:
 
     /// Counts something that could not be drawn.
     void LeaveOut() {
-        Take(1);
+        CountPieces(1);
         ++m_leftOut;
     }
     /// Counts pieces that are looked at, drawn or not. Raises `TooLarge` when there are too many.
-    void Take(std::size_t pieces);
+    void CountPieces(std::size_t pieces);
     /// Says something about the whole drawing, once.
     void Remark(const std::string& sentence);
     /// How many shapes there are.

@@ -49,29 +49,30 @@ public:
 
     std::string Write() {
         const std::string width = Number(m_sheet.Width()), height = Number(m_sheet.Height());
-        Put("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
+        Append(
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
             "version=\"1.1\" "
             "width=\"" +
             width + "mm\" height=\"" + height + "mm\" viewBox=\"0 0 " + width + ' ' + height + "\">\n");
         std::string title;
         for (const View& view : m_sheet.Views())
             title += (title.empty() ? "" : ", ") + (title.size() < 1000 ? view.scene.Title() : "");
-        Put("<title>" + XmlText(title) + "</title>\n");
+        Append("<title>" + XmlText(title) + "</title>\n");
         PutGround(0, 0, m_sheet.Width(), m_sheet.Height(), m_sheet.GroundTheme());
         for (size_t i = 0; i < m_sheet.Views().size(); ++i) PutView(i);
-        Put("</svg>\n");
+        Append("</svg>\n");
         return std::move(m_out);
     }
 
 private:
-    void Put(std::string_view text) {
+    void Append(std::string_view text) {
         m_out += text;
         if (m_out.size() > m_mostBytes)
             throw TooLarge("the picture would have more than " + std::to_string(m_mostBytes) + " bytes");
     }
     void PutGround(double x, double y, double width, double height, Theme theme) {
-        Put("<rect x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" width=\"" + Number(width) +
-            "\" height=\"" + Number(height) + "\" fill=\"" + HtmlColor(Ground(theme)) + "\"/>\n");
+        Append("<rect x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" width=\"" + Number(width) +
+               "\" height=\"" + Number(height) + "\" fill=\"" + HtmlColor(Ground(theme)) + "\"/>\n");
     }
 
     void PutView(size_t index) {
@@ -79,13 +80,13 @@ private:
         m_view = &view;
         m_frame = &m_sheet.Frames()[index];
         const std::string id = "view" + std::to_string(index + 1);
-        Put("<g id=\"" + id + "\">\n<title>" + XmlText(view.scene.Title()) + "</title>\n");
+        Append("<g id=\"" + id + "\">\n<title>" + XmlText(view.scene.Title()) + "</title>\n");
         if (m_sheet.Views().size() > 1) {
             const double size = m_frame->titleHeight;
             PutGround(m_frame->left, m_frame->top, m_frame->width, m_frame->height, view.theme);
-            Put("<text x=\"" + Number(m_frame->left) + "\" y=\"" + Number(m_frame->top - size * 0.7) +
-                "\" font-family=\"sans-serif\" font-size=\"" + Number(size * kFontSize) + "\" fill=\"" +
-                HtmlColor(Ink(m_sheet.GroundTheme())) + "\">" + XmlText(view.scene.Title()) + "</text>\n");
+            Append("<text x=\"" + Number(m_frame->left) + "\" y=\"" + Number(m_frame->top - size * 0.7) +
+                   "\" font-family=\"sans-serif\" font-size=\"" + Number(size * kFontSize) + "\" fill=\"" +
+                   HtmlColor(Ink(m_sheet.GroundTheme())) + "\">" + XmlText(view.scene.Title()) + "</text>\n");
         }
         const std::vector<Shape>& shapes = view.scene.Shapes();
         for (size_t first = 0; first < shapes.size();) {
@@ -96,14 +97,14 @@ private:
                 PutLayer(layer, id + "-layer" + std::to_string(shapes[first].layer + 1), first, end);
             first = end;
         }
-        Put("</g>\n");
+        Append("</g>\n");
     }
 
     void PutLayer(const Layer& layer, const std::string& id, size_t first, size_t end) {
         const std::string color = HtmlColor(layer.ColorOn(m_view->theme));
         const double opacity = OpacityOf(layer.role);
-        Put("<g id=\"" + id + '"' + (opacity < 1 ? " opacity=\"" + Number(opacity) + '"' : "") +
-            ">\n<title>" + XmlText(layer.name) + "</title>\n");
+        Append("<g id=\"" + id + '"' + (opacity < 1 ? " opacity=\"" + Number(opacity) + '"' : "") +
+               ">\n<title>" + XmlText(layer.name) + "</title>\n");
         const bool hollow = IsHollow(layer.role);
         PutKind(first, end, Kind::Area,
                 hollow ? "fill=\"" + HtmlColor(Ground(m_view->theme)) + "\" stroke=\"" + color +
@@ -114,7 +115,7 @@ private:
         PutKind(first, end, Kind::Stroke,
                 "fill=\"none\" stroke=\"" + color + "\" stroke-linecap=\"round\" stroke-linejoin=\"round\"");
         PutKind(first, end, Kind::Text, "fill=\"" + color + "\" font-family=\"sans-serif\"");
-        Put("</g>\n");
+        Append("</g>\n");
     }
 
     // Shapes that are written with the same attributes.
@@ -132,12 +133,12 @@ private:
         for (size_t i = first; i < end; ++i) {
             const Shape& shape = m_view->scene.Shapes()[i];
             if (KindOf(shape) != kind) continue;
-            if (!open) Put("<g " + attributes + ">\n");
+            if (!open) Append("<g " + attributes + ">\n");
             open = true;
             m_shape = &shape;
             std::visit([this](const auto& form) { PutForm(form); }, shape.form);
         }
-        if (open) Put("</g>\n");
+        if (open) Append("</g>\n");
     }
 
     std::string StrokeOf(double width, bool filled) const {
@@ -145,8 +146,8 @@ private:
         return " stroke-width=\"" + Number(std::max(width, kHairline)) + '"';
     }
     void PutForm(const Line& line) {
-        Put("<path d=\"M" + Pair((*m_frame)(line.start)) + 'L' + Pair((*m_frame)(line.end)) + '"' +
-            StrokeOf(line.width, false) + "/>\n");
+        Append("<path d=\"M" + Pair((*m_frame)(line.start)) + 'L' + Pair((*m_frame)(line.end)) + '"' +
+               StrokeOf(line.width, false) + "/>\n");
     }
     void PutForm(const Arc& arc) {
         std::vector<Vertex> way;
@@ -156,27 +157,27 @@ private:
             path +=
                 Way(way[i], i + 1 < way.size() ? way[i + 1].point
                                                : arc.center + Direction(arc.start + arc.sweep) * arc.radius);
-        Put("<path d=\"" + path + '"' + StrokeOf(arc.width, false) + "/>\n");
+        Append("<path d=\"" + path + '"' + StrokeOf(arc.width, false) + "/>\n");
     }
     void PutForm(const Circle& circle) {
         const Point center = (*m_frame)(circle.center);
-        Put("<circle cx=\"" + Number(center.x) + "\" cy=\"" + Number(center.y) + "\" r=\"" +
-            Number(circle.radius) + '"' + StrokeOf(circle.width, circle.filled) + "/>\n");
+        Append("<circle cx=\"" + Number(center.x) + "\" cy=\"" + Number(center.y) + "\" r=\"" +
+               Number(circle.radius) + '"' + StrokeOf(circle.width, circle.filled) + "/>\n");
     }
     void PutForm(const Polygon& polygon) {
-        Put("<path d=\"");
+        Append("<path d=\"");
         for (const Contour& contour : m_view->scene.Contours(polygon)) {
             const std::span<const Vertex> vertices = m_view->scene.Vertices(contour);
-            Put('M' + Pair((*m_frame)(vertices[0].point)));
+            Append('M' + Pair((*m_frame)(vertices[0].point)));
             for (size_t i = 0; i < vertices.size(); ++i) {
                 const bool last = i + 1 == vertices.size();
                 if (last && vertices[i].bulge == 0) break;  // the last straight way closes by itself
-                Put(Way(vertices[i], vertices[last ? 0 : i + 1].point));
+                Append(Way(vertices[i], vertices[last ? 0 : i + 1].point));
             }
-            Put("z");
+            Append("z");
         }
-        Put((polygon.count > 1 ? "\" fill-rule=\"evenodd\"" : "\"") +
-            StrokeOf(polygon.width, polygon.filled) + "/>\n");
+        Append((polygon.count > 1 ? "\" fill-rule=\"evenodd\"" : "\"") +
+               StrokeOf(polygon.width, polygon.filled) + "/>\n");
     }
     /// The way from a corner to the next one.
     std::string Way(const Vertex& from, Point to) const {
@@ -208,8 +209,8 @@ private:
             // The base of a line: the first line is the uppermost one.
             const double base =
                 box.corner.y + box.height - (1 + static_cast<double>(i) * kLineStep) * text.height;
-            Put("<text x=\"" + Number(turned ? 0 : at.x) + "\" y=\"" + Number((turned ? 0 : at.y) - base) +
-                '"' + common + '>' + XmlText(lines[i]) + "</text>\n");
+            Append("<text x=\"" + Number(turned ? 0 : at.x) + "\" y=\"" + Number((turned ? 0 : at.y) - base) +
+                   '"' + common + '>' + XmlText(lines[i]) + "</text>\n");
         }
     }
 

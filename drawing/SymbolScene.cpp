@@ -123,7 +123,7 @@ private:
         }
         ObjectDrawer(m_scene, m_part.fonts).Draw(*shape.GetPinBodyShape(), place);
         const SceneBuilder::Pen pen = m_scene.pen;
-        m_scene.Take(static_cast<size_t>(shape.GetPinConnShape()->GetSize()));
+        m_scene.CountPieces(static_cast<size_t>(shape.GetPinConnShape()->GetSize()));
         for (const CVEKA_PinConnShape* point : *shape.GetPinConnShape()) {
             if (!point || !(point->GetSize() > 0)) continue;
             m_scene.pen.definition = Source::Of(*point);

@@ -16,9 +16,9 @@
 #include "model/CVEKA_Manager.h"
 #include "model/PartIndex.h"
 #include "parser/Import.h"
-#include "support/PlainImport.h"
+#include "support/ModelText.h"
+#include "support/ReferenceImport.h"
 #include "support/ScriptedUserInterface.h"
-#include "support/Told.h"
 
 namespace fuzz {
 
@@ -55,25 +55,25 @@ std::optional<veka::ImportResult> ImportInto(CVEK_AsciiParser& parser, std::stri
 }  // namespace
 
 void CheckImport(const CString& path) {
-    CVEK_AsciiParser parser, plain;
+    CVEK_AsciiParser parser, reference;
     const std::unique_ptr<CVEKA_Manager> model(parser.GetCVEKA_Manager());
-    const std::unique_ptr<CVEKA_Manager> plainModel(plain.GetCVEKA_Manager());
+    const std::unique_ptr<CVEKA_Manager> referenceModel(reference.GetCVEKA_Manager());
     parser.SetVEKAsciiFilePath(path);
     const auto import = [&] {
         const CostLimit limit(std::filesystem::file_size(veka::ToPath(path)));
         parser.Parser();
     };
-    Require(Run(import) == Run([&] { test::ImportPlainly(path, plain); }),
-            "the import says what the plain procedure says");
+    Require(Run(import) == Run([&] { test::ImportByReference(path, reference); }),
+            "the import says what the reference import says");
     parser.SetCVEKA_Manager(nullptr);
-    plain.SetCVEKA_Manager(nullptr);
+    reference.SetCVEKA_Manager(nullptr);
 
     const std::string json = test::AsJson(*model);
-    Require(json == test::AsJson(*plainModel), "the import gives what the plain procedure gives");
+    Require(json == test::AsJson(*referenceModel), "the import gives what the reference import gives");
     const std::unique_ptr<CVEKA_Manager> clone(model->Clone());
-    *plainModel = *clone;
+    *referenceModel = *clone;
     CVEKA_Manager moved;
-    moved = std::move(*plainModel);
+    moved = std::move(*referenceModel);
     Require(json == test::AsJson(moved), "a copy of a clone, moved, is the same");
     Require(json == test::AsJson(*model), "to copy a model does not change it");
 }

@@ -1,5 +1,5 @@
 // A report of any bytes: it is bounded, its regions lie in the text, and the reader with positions gives the
-// levels that the plain reader gives.
+// levels that the reference reader gives.
 
 #include <cstdio>
 #include <cstdlib>
@@ -7,7 +7,7 @@
 #include "InputFile.h"
 #include "report/ImportReport.h"
 #include "report/PositionReader.h"
-#include "support/PlainReader.h"
+#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -17,15 +17,15 @@ void Require(bool condition, const char* sentence) {
     std::abort();
 }
 
-void Compare(const veka::PositionedLevel& level, const test::PlainLevel& plain) {
-    bool same = level.m_strName == plain.name.c_str() && level.m_nDepth == plain.depth &&
-                static_cast<std::size_t>(level.m_aValues.GetSize()) == plain.values.size() &&
-                static_cast<std::size_t>(level.m_pChildren->GetSize()) == plain.children.size();
-    for (std::size_t i = 0; same && i < plain.values.size(); ++i)
-        same = level.m_aValues[static_cast<INT_PTR>(i)].View() == plain.values[i];
-    Require(same, "the reader with positions and the plain reader differ\n");
-    for (std::size_t i = 0; i < plain.children.size(); ++i)
-        Compare(*level.Child(static_cast<INT_PTR>(i)), plain.children[i]);
+void Compare(const veka::PositionedLevel& level, const test::LevelData& reference) {
+    bool same = level.m_strName == reference.name.c_str() && level.m_nDepth == reference.depth &&
+                static_cast<std::size_t>(level.m_aValues.GetSize()) == reference.values.size() &&
+                static_cast<std::size_t>(level.m_pChildren->GetSize()) == reference.children.size();
+    for (std::size_t i = 0; same && i < reference.values.size(); ++i)
+        same = level.m_aValues[static_cast<INT_PTR>(i)].View() == reference.values[i];
+    Require(same, "the reader with positions and the reference reader differ\n");
+    for (std::size_t i = 0; i < reference.children.size(); ++i)
+        Compare(*level.Child(static_cast<INT_PTR>(i)), reference.children[i]);
 }
 
 }  // namespace
@@ -33,9 +33,9 @@ void Compare(const veka::PositionedLevel& level, const test::PlainLevel& plain) 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text = fuzz::View(data, size);
     const veka::PositionedText read = veka::ReadWithPositions(text);
-    const test::PlainResult plain = test::ReadPlainly(std::string(text));
-    Require(read.roots.size() == plain.roots.size(), "the readers give different levels\n");
-    for (std::size_t i = 0; i < read.roots.size(); ++i) Compare(*read.roots[i], plain.roots[i]);
+    const test::ReadResult reference = test::ReadByReference(std::string(text));
+    Require(read.roots.size() == reference.roots.size(), "the readers give different levels\n");
+    for (std::size_t i = 0; i < read.roots.size(); ++i) Compare(*read.roots[i], reference.roots[i]);
 
     constexpr std::size_t kMost = 5;
     const veka::ImportReport report = veka::ReportImport(text, {kMost, {}});

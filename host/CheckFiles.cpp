@@ -78,7 +78,7 @@ private:
                 options.folder =
                     path.has_parent_path() ? std::string(veka::FromPath(path.parent_path()).View()) : ".";
             }
-            Show(file, veka::ReportImport(bytes, options));
+            Add(file, veka::ReportImport(bytes, options));
         } catch (...) {
             Fail(CurrentFailure(file).sentence);
         }
@@ -89,7 +89,7 @@ private:
         m_code = kFailed;
     }
 
-    void Show(const std::string& file, veka::ImportReport report) {
+    void Add(const std::string& file, veka::ImportReport report) {
         const Counts counts{report.Count(veka::Severity::Error), report.Count(veka::Severity::Warning),
                             report.Count(veka::Severity::Note)};
         m_code = std::max<int>(m_code, counts.errors > 0     ? kFailed

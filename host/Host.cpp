@@ -114,8 +114,8 @@ private:
         return code;
     }
 
-    /// Shows a part, stores it and writes its solids. Each is done even if another fails. `ask` tells whether
-    /// a part that is there may be replaced.
+    /// Prints a part, stores it and writes its solids. Each is done even if another fails. `ask` tells
+    /// whether a part that is there may be replaced.
     template <class Ask>
     int Deliver(const ImportedPart& part, Existing existing, Ask ask) {
         const std::string file(part.file.View());
@@ -124,7 +124,7 @@ private:
         RequireSections(part);
         for (const std::string& fault : part.faults) m_messages.Say(Quoted(file) + ": " + fault);
         if (!part.HasPart() && m_library.IsEmpty()) m_messages.Say(Quoted(file) + " holds no part");
-        Show(part);
+        Print(part);
         int code = kImported;
         if (!m_library.IsEmpty())
             code = Reported(file, [&] {
@@ -132,7 +132,7 @@ private:
                 if (outcome == Outcome::Kept && ask())
                     outcome =
                         Store(part, m_library, Existing::Replace, WaitingFor(std::string(m_library.View())));
-                return Tell(part, outcome);
+                return ReportOutcome(part, outcome);
             });
         if (!m_line.step.empty() || !m_line.gltf.empty())
             code = std::max(code, Reported(file, [&] { return WriteSolidFiles(part); }));
@@ -141,7 +141,7 @@ private:
         return code;
     }
 
-    void Show(const ImportedPart& part) {
+    void Print(const ImportedPart& part) {
         std::ostream& out = m_streams.out;
         const bool several = m_line.files.size() > 1;
         if (several && (m_line.print == Print::Outline || m_line.print == Print::Pins))
@@ -172,8 +172,8 @@ private:
         }
     }
 
-    /// Tells what became of a part; returns the exit code.
-    int Tell(const ImportedPart& part, Outcome outcome) {
+    /// Says what became of a part; returns the exit code.
+    int ReportOutcome(const ImportedPart& part, Outcome outcome) {
         const std::string name = part.Name(), library(m_library.View());
         if (outcome == Outcome::Kept) {
             m_messages.Say(Quoted(name) + " is in the library already and was left alone" +

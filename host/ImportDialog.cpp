@@ -19,7 +19,7 @@ class Dialog : public CVEK_AsciiFile_Import_Dlg {
 public:
     Dialog(const Reading& reading, CWnd* parent) : CVEK_AsciiFile_Import_Dlg(parent), m_reading(reading) {}
 
-    std::optional<DialogChoice> TakeChoice() { return std::move(m_choice); }
+    std::optional<DialogChoice> ReleaseChoice() { return std::move(m_choice); }
 
 protected:
     void OnClicked(int control) override {
@@ -79,7 +79,7 @@ std::optional<DialogChoice> RunImportDialog(const CString& file, const CString& 
     dialog.SetVEKAsciiFilePath(file);
     dialog.SetDefaultPartLibDir(library);
     if (dialog.DoModal() != IDOK) return std::nullopt;
-    std::optional<DialogChoice> choice = dialog.TakeChoice();
+    std::optional<DialogChoice> choice = dialog.ReleaseChoice();
     // The dialog has read the file a second time, and has asked about the part that it found then.
     const CString asked = dialog.GetParser()->GetCVEKA_Manager()->GetVEK()->GetPartGeneral()->GetMPN();
     if (!choice || choice->part.Mpn() != asked)

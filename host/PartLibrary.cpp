@@ -55,8 +55,8 @@ void CleanUp(const Directory& library) {
 
 /// Puts what is ready as `ready` in the place of a part, which becomes `Old(name)`, in two steps. A crash
 /// between them is undone by `CleanUp`.
-void TakePlace(const Directory& from, const std::string& ready, const Directory& library,
-               const std::string& name) {
+void MoveIntoPlace(const Directory& from, const std::string& ready, const Directory& library,
+                   const std::string& name) {
     Move(library, name, library, Old(name));
     try {
         Move(from, ready, library, name);
@@ -81,7 +81,7 @@ void Replace(const Directory& library, const std::string& fresh, const std::stri
     }
     if (!exchanged) {
         Move(library, Old(name), library, fresh);
-        TakePlace(library, fresh, library, name);
+        MoveIntoPlace(library, fresh, library, name);
     }
     try {
         MoveToTrash(library, trash, name);
@@ -148,7 +148,7 @@ std::string PartLibrary::Undo(std::string name) {
     library.RequireMovable(name);
     trash.RequireMovable(name);
     if (!trash.MoveToFree(name, library, name) && !trash.Exchange(name, library, name)) {
-        TakePlace(trash, name, library, name);
+        MoveIntoPlace(trash, name, library, name);
         MoveToTrash(library, trash, name);
     }
     library.Sync();

@@ -24,7 +24,7 @@ public:
         if (Wants(PictureOf::Package)) AddPackage();
         if (of == PictureOf::Padstack) AddPadstacks();
     }
-    std::vector<drawing::View> Take() { return std::move(m_views); }
+    std::vector<drawing::View> Release() { return std::move(m_views); }
 
 private:
     bool Wants(PictureOf what) const { return m_of == what || m_of == PictureOf::All; }
@@ -77,7 +77,7 @@ private:
 }  // namespace
 
 drawing::Sheet MakePicture(const CVEKA_Manager& part, PictureOf of, drawing::Side side) {
-    std::vector<drawing::View> views = Views(part, of, side).Take();
+    std::vector<drawing::View> views = Views(part, of, side).Release();
     std::string why;
     for (const drawing::View& view : views)
         for (const std::string& remark : view.scene.Remarks())

@@ -28,7 +28,7 @@ TextList& AsSelf(PyObject* self) {
 }
 
 /// A list of texts as a list of Python, any other object as it is.
-py::object Plain(PyObject* object) {
+py::object ToPlainList(PyObject* object) {
     if (Py_TYPE(object) == g_type) return AsSelf(object).List();
     return py::reinterpret_borrow<py::object>(object);
 }
@@ -46,7 +46,7 @@ PyObject* Repr(PyObject* self) {
 
 PyObject* Compare(PyObject* self, PyObject* other, int operation) {
     return Guarded([&]() -> py::object {
-        const py::object right = Plain(other);
+        const py::object right = ToPlainList(other);
         if (!PyList_Check(right.ptr())) return py::reinterpret_borrow<py::object>(Py_NotImplemented);
         return Checked(PyObject_RichCompare(AsSelf(self).List().ptr(), right.ptr(), operation));
     });
@@ -69,7 +69,8 @@ int Contains(PyObject* self, PyObject* value) {
 }
 
 PyObject* Concatenate(PyObject* self, PyObject* other) {
-    return Guarded([&] { return Checked(PySequence_Concat(Plain(self).ptr(), Plain(other).ptr())); });
+    return Guarded(
+        [&] { return Checked(PySequence_Concat(ToPlainList(self).ptr(), ToPlainList(other).ptr())); });
 }
 
 PyObject* Subscript(PyObject* self, PyObject* key) {
@@ -92,7 +93,7 @@ py::object Edit(const TextList& self, Change change) {
 int SetSubscript(PyObject* self, PyObject* key, PyObject* value) {
     return Guarded(-1, [&] {
         Edit(AsSelf(self), [&](const py::object& list) {
-            Checked(value ? PyObject_SetItem(list.ptr(), key, Plain(value).ptr())
+            Checked(value ? PyObject_SetItem(list.ptr(), key, ToPlainList(value).ptr())
                           : PyObject_DelItem(list.ptr(), key));
             return py::none();
         });
@@ -111,17 +112,10 @@ PyObject* Append(PyObject* self, PyObject* value) {
 PyObject* Extend(PyObject* self, PyObject* values) {
     return Guarded([&] {
         const TextList& list = AsSelf(self);
-        for (const CString& text : ToTexts(Plain(values))) list.field->AppendText(list.record->record, text);
+        for (const CString& text : ToTexts(ToPlainList(values)))
+            list.field->AppendText(list.record->record, text);
         return py::none();
     });
-}
-
-PyObject* AddInPlace(PyObject* self, PyObject* values) {
-    PyObject* done = Extend(self, values);
-    if (!done) return nullptr;
-    Py_DECREF(done);
-    Py_INCREF(self);
-    return self;
 }
 
 /// A method of Python's list that changes the list.
@@ -201,7 +195,7 @@ void AddTextListType(py::module_& module) {
         {Py_sq_item, reinterpret_cast<void*>(&Item)},
         {Py_sq_contains, reinterpret_cast<void*>(&Contains)},
         {Py_sq_concat, reinterpret_cast<void*>(&Concatenate)},
-        {Py_sq_inplace_concat, reinterpret_cast<void*>(&AddInPlace)},
+        {Py_sq_inplace_concat, reinterpret_cast<void*>(&AddInPlace<&Extend>)},
         {Py_mp_length, reinterpret_cast<void*>(&Length)},
         {Py_mp_subscript, reinterpret_cast<void*>(&Subscript)},
         {Py_mp_ass_subscript, reinterpret_cast<void*>(&SetSubscript)},

@@ -137,7 +137,7 @@ public:
                         {partition, pin, m_index.DrawnPin(*partition, i)});
         }
     }
-    std::vector<JoinedPin> Take() { return std::move(m_joined); }
+    std::vector<JoinedPin> Release() { return std::move(m_joined); }
 
 private:
     std::size_t AddNew(const CString& name) {
@@ -218,7 +218,7 @@ std::vector<JoinedPin> JoinPins(const PartIndex& index, const CVEKA_Package* pac
     if (package) join.Add(*package);
     if (footprint) join.Add(*footprint);
     if (symbol) join.Add(*symbol);
-    return join.Take();
+    return join.Release();
 }
 
 std::vector<JoinedPin> JoinPins(const PartIndex& index) {

@@ -78,7 +78,7 @@ public:
         const Scope none(nullptr);
         Check();
         if (!m_options.progress) return;
-        Tell();
+        ReportProgress();
         CheckStop();
     }
     std::uint64_t BytesRead() const {
@@ -95,16 +95,16 @@ protected:
         if (!m_options.progress && m_options.timeLimit == ImportOptions::kNoTimeLimit) return;
         const Clock::time_point now = Clock::now();
         if (now - m_start > m_options.timeLimit) throw Ended{End::TimeLimit};
-        if (!m_options.progress || now - m_told < m_options.progressInterval) return;
-        m_told = now;
-        Tell();
+        if (!m_options.progress || now - m_reported < m_options.progressInterval) return;
+        m_reported = now;
+        ReportProgress();
     }
 
 private:
     void CheckStop() const {
         if (m_options.stop.stop_requested()) throw Ended{End::Cancelled};
     }
-    void Tell() const {
+    void ReportProgress() const {
         const std::uint64_t bytes = BytesRead();
         const std::uint64_t total = m_text.Size();
         m_options.progress({bytes, total == 0 ? 0 : std::max(bytes, total)});
@@ -114,7 +114,7 @@ private:
     const Text& m_text;
     const LevelReader* m_reader = nullptr;
     const Clock::time_point m_start = Clock::now();
-    Clock::time_point m_told = m_start;
+    Clock::time_point m_reported = m_start;
 };
 
 /// Reads the sections of a text, under the watch that the options ask for.

@@ -13,15 +13,15 @@ namespace {
 constexpr std::string_view kSpaces = " \t\n\v\f\r";
 constexpr std::string_view kDigits = "0123456789";
 
-/// Takes all bytes of a set off the front; returns them.
-std::string_view TakeAll(std::string_view& text, std::string_view set) {
+/// Cuts all leading bytes of a set off a text; returns them.
+std::string_view CutPrefix(std::string_view& text, std::string_view set) {
     const std::string_view taken = text.substr(0, text.find_first_not_of(set));
     text.remove_prefix(taken.size());
     return taken;
 }
 
-void TakeSpacesAndSign(std::string_view& text) {
-    TakeAll(text, kSpaces);
+void CutSpacesAndSign(std::string_view& text) {
+    CutPrefix(text, kSpaces);
     if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
 }
 
@@ -34,8 +34,8 @@ bool OnlySpaces(std::string_view text) {
 Loss LossOfWhole(std::string_view text) noexcept {
     if (text.empty()) return Loss::None;
     std::string_view rest = text;
-    TakeSpacesAndSign(rest);
-    const std::string_view digits = TakeAll(rest, kDigits);
+    CutSpacesAndSign(rest);
+    const std::string_view digits = CutPrefix(rest, kDigits);
     if (digits.empty()) return Loss::NoNumber;
     if (!OnlySpaces(rest)) return Loss::TextAfterNumber;
     const bool minus = text.substr(text.find_first_not_of(kSpaces)).starts_with('-');
@@ -48,19 +48,19 @@ Loss LossOfWhole(std::string_view text) noexcept {
 Loss LossOfReal(std::string_view text) noexcept {
     if (text.empty()) return Loss::None;
     std::string_view rest = text;
-    TakeSpacesAndSign(rest);
-    const std::string_view whole = TakeAll(rest, kDigits);
+    CutSpacesAndSign(rest);
+    const std::string_view whole = CutPrefix(rest, kDigits);
     std::string_view fraction;
     if (rest.starts_with('.')) {
         std::string_view behind = rest.substr(1);
-        fraction = TakeAll(behind, kDigits);
+        fraction = CutPrefix(behind, kDigits);
         if (!whole.empty() || !fraction.empty()) rest = behind;
     }
     if (whole.empty() && fraction.empty()) return Loss::NoNumber;
     if (rest.starts_with('e') || rest.starts_with('E')) {
         std::string_view exponent = rest.substr(1);
         if (exponent.starts_with('-') || exponent.starts_with('+')) exponent.remove_prefix(1);
-        if (!TakeAll(exponent, kDigits).empty()) rest = exponent;
+        if (!CutPrefix(exponent, kDigits).empty()) rest = exponent;
     }
     if (!OnlySpaces(rest)) return Loss::TextAfterNumber;
     const double value = ToDouble(text);

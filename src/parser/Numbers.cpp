@@ -22,7 +22,7 @@ bool IsDigit(char c) {
 }
 
 /// Takes white space and one sign off the front; true for a minus.
-bool TakeSign(std::string_view& text) {
+bool ReadSign(std::string_view& text) {
     const char* begin = text.data();
     const char* const end = begin + text.size();
     while (begin != end && IsSpace(*begin)) ++begin;
@@ -114,14 +114,14 @@ struct ShortText {
         : bytes(text.FirstBytes()), size(static_cast<unsigned>(text.View().size())) {}
 
     /// Takes a minus off the front; true if there was one.
-    bool TakeMinus() noexcept {
+    bool ReadMinus() noexcept {
         const bool minus = (bytes & 0xFF) == '-';
         bytes >>= 8 * minus;
         size -= minus;
         return minus;
     }
     /// Takes the first point out, and returns how many bytes followed it.
-    unsigned TakePoint() noexcept {
+    unsigned ReadPoint() noexcept {
         const std::uint64_t points = bytes ^ Eight('.');
         // The lowest bit that is set belongs to the first byte that is zero, a point.
         const std::uint64_t found = (points - Eight(1)) & ~points & Eight(0x80);
@@ -151,7 +151,7 @@ constexpr int kShortText = 8;
 }  // namespace
 
 int ToInt(std::string_view text) noexcept {
-    const bool minus = TakeSign(text);
+    const bool minus = ReadSign(text);
     unsigned value = 0;
     for (char c : text) {
         if (!IsDigit(c)) break;
@@ -161,7 +161,7 @@ int ToInt(std::string_view text) noexcept {
 }
 
 double ToDouble(std::string_view text) noexcept {
-    const bool minus = TakeSign(text);
+    const bool minus = ReadSign(text);
     // What std::from_chars takes besides numbers, "inf" and "nan", begins with neither of these.
     const bool number =
         (!text.empty() && IsDigit(text[0])) || (text.size() > 1 && text[0] == '.' && IsDigit(text[1]));
@@ -178,7 +178,7 @@ double ToDouble(std::string_view text) noexcept {
 int ToInt(const CString& text) noexcept {
     if (text.GetLength() <= kShortText) {
         ShortText rest(text);
-        const bool minus = rest.TakeMinus();
+        const bool minus = rest.ReadMinus();
         const std::int64_t digits = rest.Digits();
         if (digits >= 0) return static_cast<int>(minus ? -digits : digits);
     }
@@ -188,8 +188,8 @@ int ToInt(const CString& text) noexcept {
 double ToDouble(const CString& text) noexcept {
     if (text.GetLength() <= kShortText) {
         ShortText rest(text);
-        const bool minus = rest.TakeMinus();
-        const unsigned behindPoint = rest.TakePoint();
+        const bool minus = rest.ReadMinus();
+        const unsigned behindPoint = rest.ReadPoint();
         const std::int64_t digits = rest.Digits();
         if (digits >= 0) {
             const double value = static_cast<double>(digits) / kPowers[behindPoint];

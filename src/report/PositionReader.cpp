@@ -20,7 +20,7 @@ public:
     explicit PositionReader(std::string_view text) : m_rest(text) {}
 
     PositionedText Read() {
-        while (!m_stopped && !m_rest.empty()) ReadLine(TakeLine());
+        while (!m_stopped && !m_rest.empty()) ReadLine(NextLine());
         if (m_inString) AddFault(TextFault::What::OpenString, {m_tokenBegin, Here(m_line.size())}, m_token);
         for (PositionedLevel* level : m_open) level->region.end = m_text.end;
         m_text.open = std::move(m_owned);
@@ -29,7 +29,7 @@ public:
 
 private:
     /// The next line without its end.
-    std::string_view TakeLine() {
+    std::string_view NextLine() {
         ++m_lineNumber;
         const std::size_t feed = m_rest.find('\n');
         std::string_view line = m_rest.substr(0, feed);
@@ -174,7 +174,7 @@ private:
         if (static_cast<unsigned>(m_depth) >= LevelReader::kMaximumDepth) {
             m_stopped = true;
             const Place begin = Here(i);
-            while (!m_rest.empty()) TakeLine();
+            while (!m_rest.empty()) NextLine();
             AddFault(m_depth < 0 ? TextFault::What::RestAfterStray : TextFault::What::TooDeep,
                      {begin, m_text.end}, {});
             return;

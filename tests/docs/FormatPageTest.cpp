@@ -5,9 +5,9 @@
 #include <sstream>
 
 #include "model/CVEKA_Manager.h"
+#include "support/ModelText.h"
 #include "support/Parsing.h"
 #include "support/ScriptedUserInterface.h"
-#include "support/Told.h"
 
 namespace {
 

@@ -15,8 +15,8 @@
 #include "parser/Import.h"
 #include "platform/Exceptions.h"
 #include "support/Files.h"
+#include "support/ModelText.h"
 #include "support/ScriptedUserInterface.h"
-#include "support/Told.h"
 
 namespace {
 

@@ -8,19 +8,19 @@
 #include "files/MemoryLines.h"
 #include "platform/Exceptions.h"
 #include "support/Files.h"
-#include "support/PlainLevels.h"
-#include "support/PlainReader.h"
+#include "support/LibraryReader.h"
+#include "support/ReferenceReader.h"
 #include "support/ScriptedUserInterface.h"
 
 namespace {
 
-using test::PlainLevel;
+using test::LevelData;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<PlainLevel> Roots(const CECadCls& tree) {
-    std::vector<PlainLevel> roots;
-    for (const CECadClsLvl* level : *tree.m_pRootLevels) roots.push_back(test::Plain(*level));
+std::vector<LevelData> Roots(const CECadCls& tree) {
+    std::vector<LevelData> roots;
+    for (const CECadClsLvl* level : *tree.m_pRootLevels) roots.push_back(test::ToData(*level));
     return roots;
 }
 
@@ -49,7 +49,7 @@ TEST_F(CECadClsTest, StartsWithAnEmptyTree) {
 TEST_F(CECadClsTest, ReadsItsFileIntoTheRootLevels) {
     const std::string text = "(A 1 (B \"a value that is longer than fourteen bytes\"))\n// note\n(C)\n";
     EXPECT_EQ(Read(text), 0);
-    EXPECT_EQ(Roots(tree), test::ReadPlainly(text).roots);
+    EXPECT_EQ(Roots(tree), test::ReadByReference(text).roots);
     EXPECT_EQ(tree.m_nLineCount, 3);
     EXPECT_THAT(user.messages, IsEmpty());
 }
@@ -58,7 +58,7 @@ TEST_F(CECadClsTest, ReadsTheSameTreeFromAnySourceOfLines) {
     const std::string text = "(A 1\n(B))\n(C)(D";
     veka::MemoryLines lines(text);
     EXPECT_EQ(tree.ReadLevelTreeFrom(lines, 0), -1);
-    EXPECT_EQ(Roots(tree), test::ReadPlainly(text).roots);
+    EXPECT_EQ(Roots(tree), test::ReadByReference(text).roots);
     EXPECT_EQ(tree.m_nLineCount, 3);
 }
 
@@ -150,17 +150,17 @@ TEST_F(CECadClsTest, ReadsEveryRealPartAsTheProcedureSays) {
         CECadCls one;
         one.m_strFilePath = veka::FromPath(path);
         EXPECT_EQ(one.ReadLevelTree(0), 0) << path;
-        EXPECT_TRUE(Roots(one) == test::ReadPlainly(test::ReadFile(path)).roots) << path;
+        EXPECT_TRUE(Roots(one) == test::ReadByReference(test::ReadFile(path)).roots) << path;
     }
 }
 
 TEST_F(CECadClsTest, HandsTopLevelLevelsOverAndKeepsNone) {
     const std::string text = "(A 1 (B \"a value that is longer than fourteen bytes\"))\n(C)\n(D (E) x";
     tree.m_strFilePath = directory.Write("part.veka", text);
-    std::vector<PlainLevel> levels;
-    EXPECT_EQ(tree.ReadTopLevels(0, [&](const CECadClsLvl* level) { levels.push_back(test::Plain(*level)); }),
-              -1);
-    EXPECT_EQ(levels, test::ReadPlainly(text).roots);
+    std::vector<LevelData> levels;
+    EXPECT_EQ(
+        tree.ReadTopLevels(0, [&](const CECadClsLvl* level) { levels.push_back(test::ToData(*level)); }), -1);
+    EXPECT_EQ(levels, test::ReadByReference(text).roots);
     EXPECT_TRUE(tree.m_pRootLevels->IsEmpty());
     EXPECT_EQ(tree.m_nLineCount, 3);
 }

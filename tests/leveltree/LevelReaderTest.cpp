@@ -8,25 +8,25 @@
 
 #include "files/MemoryLines.h"
 #include "support/Files.h"
-#include "support/PlainLevels.h"
-#include "support/PlainReader.h"
+#include "support/LibraryReader.h"
+#include "support/ReferenceReader.h"
 
 namespace {
 
-using test::PlainLevel;
-using test::PlainResult;
+using test::LevelData;
+using test::ReadResult;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-PlainResult Read(std::string_view text, bool stopAtDepthZero = false, int reserved = 0) {
-    return test::ReadAsPlain(text, stopAtDepthZero, reserved);
+ReadResult Read(std::string_view text, bool stopAtDepthZero = false, int reserved = 0) {
+    return test::ReadByLibrary(text, stopAtDepthZero, reserved);
 }
 
 /// The one top-level level of a text.
-PlainLevel ReadOne(std::string_view text) {
-    const PlainResult read = Read(text);
+LevelData ReadOne(std::string_view text) {
+    const ReadResult read = Read(text);
     EXPECT_EQ(read.roots.size(), 1u) << text;
-    return read.roots.empty() ? PlainLevel() : read.roots[0];
+    return read.roots.empty() ? LevelData() : read.roots[0];
 }
 
 std::vector<std::string> ValuesOf(std::string_view text) {
@@ -34,18 +34,18 @@ std::vector<std::string> ValuesOf(std::string_view text) {
 }
 
 TEST(LevelReader, AnEmptyFileGivesAnEmptyTree) {
-    EXPECT_EQ(Read(""), PlainResult());
+    EXPECT_EQ(Read(""), ReadResult());
 }
 
 TEST(LevelReader, AFileOfCommentsGivesAnEmptyTreeAndCountsTheLines) {
-    const PlainResult read = Read("// one\n// two\n// three");
+    const ReadResult read = Read("// one\n// two\n// three");
     EXPECT_EQ(read.result, 0);
     EXPECT_EQ(read.lineCount, 3);
     EXPECT_THAT(read.roots, IsEmpty());
 }
 
 TEST(LevelReader, AnIndentedCommentIsReadAsText) {
-    const PlainLevel level = ReadOne("(\n  // note\n)");
+    const LevelData level = ReadOne("(\n  // note\n)");
     EXPECT_EQ(level.name, "//");
     EXPECT_THAT(level.values, ElementsAre("note"));
 }
@@ -55,7 +55,7 @@ TEST(LevelReader, SlashesWithinALineAreText) {
 }
 
 TEST(LevelReader, NoSeparatorIsNeededNextToAParenthesis) {
-    const PlainLevel level = ReadOne("(A(B)C)");
+    const LevelData level = ReadOne("(A(B)C)");
     EXPECT_EQ(level.name, "A");
     EXPECT_THAT(level.values, ElementsAre("C"));
     ASSERT_EQ(level.children.size(), 1u);
@@ -63,7 +63,7 @@ TEST(LevelReader, NoSeparatorIsNeededNextToAParenthesis) {
 }
 
 TEST(LevelReader, ATokenBeforeAnOpenParenthesisGoesToTheEnclosingLevel) {
-    const PlainLevel level = ReadOne("(X A(B))");
+    const LevelData level = ReadOne("(X A(B))");
     EXPECT_EQ(level.name, "X");
     EXPECT_THAT(level.values, ElementsAre("A"));
     EXPECT_EQ(level.children.at(0).name, "B");
@@ -91,14 +91,14 @@ TEST(LevelReader, LeadingWhiteSpaceOfALineIsTrimmed) {
 }
 
 TEST(LevelReader, EmptyParenthesesGiveALevelWithoutNameAndValues) {
-    const PlainLevel level = ReadOne("()");
+    const LevelData level = ReadOne("()");
     EXPECT_EQ(level.name, "");
     EXPECT_THAT(level.values, IsEmpty());
     EXPECT_EQ(level.depth, 1);
 }
 
 TEST(LevelReader, AnEmptyStringAsNameIsASingleBlank) {  // Q30
-    const PlainLevel level = ReadOne("(\"\" x)");
+    const LevelData level = ReadOne("(\"\" x)");
     EXPECT_EQ(level.name, " ");
     EXPECT_THAT(level.values, ElementsAre("x"));
 }
@@ -118,14 +118,14 @@ TEST(LevelReader, AStringMayEndInABackslashDirectlyBeforeTheEndOfItsLevel) {
 }
 
 TEST(LevelReader, ABlankBeforeTheCloseParenthesisKeepsTheStringOpen) {
-    const PlainResult read = Read("(N \"C:\\d\\\" )");
+    const ReadResult read = Read("(N \"C:\\d\\\" )");
     EXPECT_EQ(read.result, -1);
     EXPECT_THAT(read.roots, IsEmpty());
     EXPECT_THAT(ValuesOf("(N \"C:\\d\\\" )\nx\")"), ElementsAre("C:\\d\\\" )\nx"));
 }
 
 TEST(LevelReader, TheLookAheadSeesBytesBeforeTheString) {  // Q29
-    const PlainResult read = Read("(x\\\" \"x\\\")");
+    const ReadResult read = Read("(x\\\" \"x\\\")");
     EXPECT_EQ(read.result, -1);
     EXPECT_THAT(ValuesOf("(x\\\" \"x\\\")\n\")"), ElementsAre("x\\\")\n "));
 }
@@ -178,10 +178,10 @@ TEST(LevelReader, TheByteBeforeALineIsThatOfAnEarlierLine) {  // Q28
 }
 
 TEST(LevelReader, TwentyNestedLevelsAreRead) {
-    const PlainResult read = Read(std::string(20, '(') + std::string(20, ')'));
+    const ReadResult read = Read(std::string(20, '(') + std::string(20, ')'));
     EXPECT_EQ(read.result, 0);
     EXPECT_EQ(read.message, "");
-    const PlainLevel* level = &read.roots.at(0);
+    const LevelData* level = &read.roots.at(0);
     for (int depth = 1; depth < 20; ++depth) {
         EXPECT_EQ(level->depth, depth);
         level = &level->children.at(0);
@@ -191,7 +191,7 @@ TEST(LevelReader, TwentyNestedLevelsAreRead) {
 }
 
 TEST(LevelReader, ATwentyFirstLevelIsTheBraceError) {
-    const PlainResult read = Read("(A)\n\n" + std::string(21, '(') + std::string(21, ')'));
+    const ReadResult read = Read("(A)\n\n" + std::string(21, '(') + std::string(21, ')'));
     EXPECT_EQ(read.result, -1);
     EXPECT_EQ(read.message, "Parser meet unexpected Brace Counting Number, 21 at line number 3.!");
     ASSERT_EQ(read.roots.size(), 1u);
@@ -199,7 +199,7 @@ TEST(LevelReader, ATwentyFirstLevelIsTheBraceError) {
 }
 
 TEST(LevelReader, AStrayCloseParenthesisIsIgnored) {
-    const PlainResult read = Read("(A)\n)\ntext");
+    const ReadResult read = Read("(A)\n)\ntext");
     EXPECT_EQ(read.result, -1);
     EXPECT_EQ(read.message, "");
     EXPECT_EQ(read.roots.size(), 1u);
@@ -221,7 +221,7 @@ TEST(LevelReader, LevelsOfAnyNumberOfValuesKeepThemBesideTheirNeighbours) {
         text += level + ")" + level + "(IN" + values + "))\n";
         values += " V" + std::to_string(i);
     }
-    const PlainResult read = Read(text);
+    const ReadResult read = Read(text);
     ASSERT_EQ(read.roots.size(), 40u);
     for (size_t i = 0; i < 40; ++i) {
         const auto& root = read.roots[i];
@@ -238,13 +238,13 @@ TEST(LevelReader, LevelsOfAnyNumberOfValuesKeepThemBesideTheirNeighbours) {
 }
 
 TEST(LevelReader, AStringOpenAtTheEndOutsideEveryLevelIsLost) {
-    const PlainResult read = Read("(A)\n\"open");
+    const ReadResult read = Read("(A)\n\"open");
     EXPECT_EQ(read.result, 0);
     EXPECT_EQ(read.roots.size(), 1u);
 }
 
 TEST(LevelReader, AnOpenLevelAtTheEndIsNotInTheTree) {
-    const PlainResult read = Read("(A) (B (C)");
+    const ReadResult read = Read("(A) (B (C)");
     EXPECT_EQ(read.result, -1);
     EXPECT_EQ(read.message, "");
     ASSERT_EQ(read.roots.size(), 1u);
@@ -252,7 +252,7 @@ TEST(LevelReader, AnOpenLevelAtTheEndIsNotInTheTree) {
 }
 
 TEST(LevelReader, LineNumbersCountCommentsAndTheLinesOfStrings) {
-    const PlainResult read = Read("// one\n(A \"two\nthree\")\n// four\n)(");
+    const ReadResult read = Read("// one\n(A \"two\nthree\")\n// four\n)(");
     EXPECT_EQ(read.message, "Parser meet unexpected Brace Counting Number, 0 at line number 5.!");
     EXPECT_EQ(read.lineCount, 5);
 }
@@ -275,7 +275,7 @@ TEST(LevelReader, ZeroBytesAreText) {
 }
 
 TEST(LevelReader, TheExampleOfTheFormatReadsAsDescribed) {
-    const PlainLevel level = ReadOne(
+    const LevelData level = ReadOne(
         "// this line is dropped\nstray words are dropped\n(ITEM first \"two words\" \"\"\n  (SUB 1 2)\n"
         "  \"line one\nline two\"\n  (PATH \"C:\\parts\\\")\n  tail)\n");
     EXPECT_EQ(level.name, "ITEM");
@@ -295,7 +295,7 @@ TEST(LevelReader, AHundredMillionOpenParenthesesAreOneMessage) {
 TEST(LevelReader, AStringThatNeverEndsGivesAnEmptyTree) {
     std::string text = "(N \"";
     for (int i = 0; i < 200'000; ++i) text += "never \\\" ending\n";
-    const PlainResult read = Read(text);
+    const ReadResult read = Read(text);
     EXPECT_EQ(read.result, -1);
     EXPECT_THAT(read.roots, IsEmpty());
     EXPECT_EQ(read.lineCount, 200'000);
@@ -327,7 +327,7 @@ TEST(LevelReader, ReadsEveryTextAsTheProcedureSays) {
         if (round % 2) text += "\") )";
         const bool stop = round % 7 == 0;
         const int reserved = round % 5 ? 0 : '\\';
-        ASSERT_EQ(Read(text, stop, reserved), test::ReadPlainly(text, stop, reserved)) << text;
+        ASSERT_EQ(Read(text, stop, reserved), test::ReadByReference(text, stop, reserved)) << text;
     }
 }
 
@@ -335,9 +335,9 @@ TEST(LevelReader, ReadsEveryRealPartAsTheProcedureSays) {
     VEKA_NEEDS_CORPUS();
     for (const auto& path : test::CorpusFiles()) {
         const std::string text = test::ReadFile(path);
-        const PlainResult read = Read(text);
+        const ReadResult read = Read(text);
         EXPECT_EQ(read.result, 0) << path;
-        EXPECT_TRUE(read == test::ReadPlainly(text)) << path;
+        EXPECT_TRUE(read == test::ReadByReference(text)) << path;
     }
 }
 
@@ -362,7 +362,7 @@ TEST(LevelReader, ReadsALargeFileAsTheProcedureSays) {
         depth += c == '(' ? 1 : c == ')' ? -1 : 0;
         shallow += c;
     }
-    EXPECT_EQ(Read(shallow), test::ReadPlainly(shallow));
+    EXPECT_EQ(Read(shallow), test::ReadByReference(shallow));
 }
 
 TEST(LevelReader, ThePreviousByteIsThatBeforeTheFirstLine) {

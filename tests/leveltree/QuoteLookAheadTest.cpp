@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/Watch.h"
-#include "support/PlainReader.h"
+#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -24,7 +24,8 @@ void Compare(const std::string& line, const std::vector<size_t>& strings, size_t
         lookAhead.StartString(begin);
         for (size_t quote = begin; quote < end; ++quote) {
             if (line[quote] != '"' || (quote > 0 && line[quote - 1] != '\\')) continue;
-            ASSERT_EQ(lookAhead.EndsAt(quote), test::EndsPlainly(line, line.substr(begin, quote + 1 - begin)))
+            ASSERT_EQ(lookAhead.EndsAt(quote),
+                      test::EndsByReference(line, line.substr(begin, quote + 1 - begin)))
                 << line << " from " << begin << " at " << quote;
         }
     }
@@ -214,7 +215,8 @@ TEST(QuoteLookAhead, ForgetsItsIndexWithTheLine) {
         lookAhead.StartString(0);
         for (size_t quote = 1; quote < line.size(); ++quote) {
             if (line[quote] != '"' || line[quote - 1] != '\\') continue;
-            EXPECT_EQ(lookAhead.EndsAt(quote), test::EndsPlainly(line, line.substr(0, quote + 1))) << line;
+            EXPECT_EQ(lookAhead.EndsAt(quote), test::EndsByReference(line, line.substr(0, quote + 1)))
+                << line;
         }
     }
 }

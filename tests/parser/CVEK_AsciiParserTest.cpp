@@ -6,11 +6,11 @@
 #include <random>
 
 #include "model/CVEKA_Manager.h"
+#include "support/ModelText.h"
 #include "support/Parsing.h"
-#include "support/PlainImport.h"
 #include "support/Records.h"
+#include "support/ReferenceImport.h"
 #include "support/ScriptedUserInterface.h"
-#include "support/Told.h"
 
 namespace {
 
@@ -183,7 +183,7 @@ TEST(CVEK_AsciiParser, ReadsSectionsInAnyOrderAsTheProcedureSays) {
                 all.insert(all.end(), user.messages.begin(), user.messages.end());
             };
             run(told[0], [&] { parser.Parser(); });
-            run(told[1], [&] { test::ImportPlainly(path, plain); });
+            run(told[1], [&] { test::ImportByReference(path, plain); });
             ASSERT_EQ(told[0], told[1]) << text;
             ASSERT_TRUE(SameButApart(*parser.GetCVEKA_Manager(), *plain.GetCVEKA_Manager())) << text;
         }

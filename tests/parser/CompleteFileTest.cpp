@@ -7,8 +7,8 @@
 
 #include "inspect/Description.h"
 #include "model/CVEKA_Manager.h"
+#include "support/ModelText.h"
 #include "support/Parsing.h"
-#include "support/Told.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include <thread>
 
 #include "model/CVEKA_Manager.h"
+#include "support/ModelText.h"
 #include "support/Parsing.h"
 #include "support/ScriptedUserInterface.h"
-#include "support/Told.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include "model/CVEKA_Manager.h"
 #include "support/Parsing.h"
-#include "support/PlainLevels.h"
 #include "support/Records.h"
+#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -329,7 +329,7 @@ TEST(ELECTRICALParser, GivesThePinsRailsAndGroupsOfEveryRealPart) {
     size_t count = 0;
     for (const auto& path : test::CorpusFiles()) {
         const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadPlainly(text).roots;
+        const auto roots = test::ReadByReference(text).roots;
         const auto parser = test::Import(text);
         const CVEKA_Electrical& electrical = *parser->GetCVEKA_Manager()->GetVEK()->GetElectrical();
         std::vector<std::string> pins, rails, groups;

@@ -4,8 +4,8 @@
 #include "model/CVEKA_Manager.h"
 #include "model/objects/Objects.h"
 #include "support/Parsing.h"
-#include "support/PlainLevels.h"
 #include "support/Records.h"
+#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -491,7 +491,7 @@ TEST(Parser, GivesTheLibraryOfEveryRealPart) {
     size_t count = 0;
     for (const auto& path : test::CorpusFiles()) {
         const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadPlainly(text).roots;
+        const auto roots = test::ReadByReference(text).roots;
         const auto parser = Import(text);
         const CVEKA_Manager& model = *parser->GetCVEKA_Manager();
         std::vector<std::string> fonts, pads, stacks, footprints, pins, layers, shapes, partitions, gates;

@@ -5,8 +5,8 @@
 #include "model/objects/Objects.h"
 #include "parser/CInvalidAccessException.h"
 #include "support/Parsing.h"
-#include "support/PlainLevels.h"
 #include "support/Records.h"
+#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -215,7 +215,7 @@ TEST(LOGICSYMBOLSGParser, GivesTheSymbolsPinsAndPartitionsOfEveryRealPart) {
     size_t count = 0;
     for (const auto& path : test::CorpusFiles()) {
         const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadPlainly(text).roots;
+        const auto roots = test::ReadByReference(text).roots;
         const auto parser = test::Import(text);
         const CVEKA_LogicSymbols& logic = *parser->GetCVEKA_Manager()->GetVEK()->GetLogicSymbols();
         std::vector<std::string> pins, symbols, partitions, partitionPins;

@@ -7,8 +7,8 @@
 #include "model/objects/Objects.h"
 #include "parser/CInvalidAccessException.h"
 #include "support/Parsing.h"
-#include "support/PlainLevels.h"
 #include "support/Records.h"
+#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -368,7 +368,7 @@ TEST(PACKAGESParser, GivesThePackagesPinsAndFootprintsOfEveryRealPart) {
     size_t pinCount = 0;
     for (const auto& path : test::CorpusFiles()) {
         const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadPlainly(text).roots;
+        const auto roots = test::ReadByReference(text).roots;
         const auto parser = test::Import(text);
         std::vector<std::string> names, pins, footprints, mechanical;
         for (const CVEKA_Package* package :

@@ -3,7 +3,7 @@
 
 #include "model/CVEKA_Manager.h"
 #include "support/Parsing.h"
-#include "support/PlainLevels.h"
+#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -267,7 +267,7 @@ TEST(VEKParser, GivesTheLayersAndReferencesOfEveryRealPart) {
     VEKA_NEEDS_CORPUS();
     for (const auto& path : test::CorpusFiles()) {
         const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadPlainly(text).roots;
+        const auto roots = test::ReadByReference(text).roots;
         const auto parser = test::Import(text);
         const CVEKA_VEK& vek = *parser->GetCVEKA_Manager()->GetVEK();
         std::vector<std::string> layers, titles;

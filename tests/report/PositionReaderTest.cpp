@@ -4,7 +4,7 @@
 
 #include "Grammar.h"
 #include "support/Files.h"
-#include "support/PlainReader.h"
+#include "support/ReferenceReader.h"
 #include "support/Samples.h"
 
 namespace {
@@ -12,17 +12,17 @@ namespace {
 using namespace veka;
 using What = TextFault::What;
 
-test::PlainLevel Plain(const PositionedLevel& level) {
-    test::PlainLevel plain;
-    plain.name = level.m_strName.View();
-    plain.depth = level.m_nDepth;
-    for (const CString& value : level.m_aValues) plain.values.emplace_back(value.View());
+test::LevelData ToData(const PositionedLevel& level) {
+    test::LevelData reference;
+    reference.name = level.m_strName.View();
+    reference.depth = level.m_nDepth;
+    for (const CString& value : level.m_aValues) reference.values.emplace_back(value.View());
     for (INT_PTR i = 0; i < level.m_pChildren->GetSize(); ++i) {
         EXPECT_EQ(level.Child(i)->parent, &level);
         EXPECT_EQ(level.Child(i)->place, i);
-        plain.children.push_back(Plain(*level.Child(i)));
+        reference.children.push_back(ToData(*level.Child(i)));
     }
-    return plain;
+    return reference;
 }
 
 /// The bytes of a region.
@@ -45,19 +45,19 @@ private:
     std::vector<std::size_t> m_lines{0};
 };
 
-/// The reader gives the same levels as the plain reader, and each piece stands where it is said to stand.
+/// The reader gives the same levels as the reference reader, and each piece stands where it is said to stand.
 void ExpectTheSame(const std::string& text) {
     const PositionedText read = ReadWithPositions(text);
-    const test::PlainResult plain = test::ReadPlainly(text);
-    ASSERT_EQ(read.roots.size(), plain.roots.size()) << text;
+    const test::ReadResult reference = test::ReadByReference(text);
+    ASSERT_EQ(read.roots.size(), reference.roots.size()) << text;
     for (std::size_t i = 0; i < read.roots.size(); ++i) {
-        EXPECT_EQ(Plain(*read.roots[i]), plain.roots[i]) << text;
-        EXPECT_EQ(read.roots[i]->region.begin.line, plain.rootLines[i]) << text;
+        EXPECT_EQ(ToData(*read.roots[i]), reference.roots[i]) << text;
+        EXPECT_EQ(read.roots[i]->region.begin.line, reference.rootLines[i]) << text;
     }
-    ASSERT_EQ(read.open.size(), plain.open.size()) << text;
+    ASSERT_EQ(read.open.size(), reference.open.size()) << text;
     for (std::size_t i = 0; i < read.open.size(); ++i) {
-        EXPECT_EQ(read.open[i]->m_strName, plain.open[i].name.c_str()) << text;
-        EXPECT_EQ(read.open[i]->region.begin.line, plain.open[i].line) << text;
+        EXPECT_EQ(read.open[i]->m_strName, reference.open[i].name.c_str()) << text;
+        EXPECT_EQ(read.open[i]->region.begin.line, reference.open[i].line) << text;
     }
     const Bytes bytes(text);
     for (std::size_t i = 0; i < read.levels.size(); ++i) {

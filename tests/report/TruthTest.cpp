@@ -114,7 +114,7 @@ private:
         value = former;
         const bool said = Covered(level.values[index]);
         EXPECT_NE(counts, said) << "the value " << former.GetString() << " of " << level.m_strName.GetString()
-                                << " in line " << level.values[index].begin.line << Told();
+                                << " in line " << level.values[index].begin.line << Context();
     }
 
     void CheckLevel(PositionedLevel& level) {
@@ -127,7 +127,7 @@ private:
             for (std::size_t i = level.number + 1; i <= m_last[level.number]; ++i)
                 if (LevelCounts(*m_text.levels[i])) return;  // exception 3
         ADD_FAILURE() << "the level " << level.m_strName.GetString() << " in line " << level.region.begin.line
-                      << (counts ? " counts" : " does not count") << Told();
+                      << (counts ? " counts" : " does not count") << Context();
     }
 
     /// True if the model changes without the level. A value can be what the field holds anyway, so other
@@ -183,10 +183,10 @@ private:
             if (covered.Holds(region)) return true;
         return false;
     }
-    std::string Told() const {
-        std::string told = "; the report says:\n";
-        for (const Finding& finding : m_report.Findings()) told += ReportLine("", finding) + '\n';
-        return m_bytes.size() < 5000 ? told + "of the file:\n" + m_bytes : told.substr(0, 3000);
+    std::string Context() const {
+        std::string context = "; the report says:\n";
+        for (const Finding& finding : m_report.Findings()) context += ReportLine("", finding) + '\n';
+        return m_bytes.size() < 5000 ? context + "of the file:\n" + m_bytes : context.substr(0, 3000);
     }
 
     const std::string& m_bytes;

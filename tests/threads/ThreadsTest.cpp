@@ -12,7 +12,7 @@
 #include "parser/CVEK_AsciiParser.h"
 #include "parser/Import.h"
 #include "support/Files.h"
-#include "support/Told.h"
+#include "support/ModelText.h"
 #include "window/UserInterface.h"
 
 namespace {

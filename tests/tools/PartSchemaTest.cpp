@@ -11,9 +11,9 @@
 #include "model/CVEKA_Manager.h"
 #include "model/objects/Objects.h"
 #include "support/JsonSchema.h"
+#include "support/ModelText.h"
 #include "support/Parsing.h"
 #include "support/ScriptedUserInterface.h"
-#include "support/Told.h"
 
 namespace {
 

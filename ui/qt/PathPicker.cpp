@@ -119,7 +119,7 @@ void PathPicker::LayOut() {
         IsDirectory(path) ? Enter(path) : Choose(path);
     });
     connect(choose, &QPushButton::clicked, this,
-            [this] { m_directoryField->hasFocus() ? TakeDirectoryField() : TakeName(); });
+            [this] { m_directoryField->hasFocus() ? EnterDirectoryField() : ChooseName(); });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -170,16 +170,17 @@ fs::path PathPicker::Named() const {
     return (m_directory / ToPath(m_nameField->text())).lexically_normal();
 }
 
-void PathPicker::TakeDirectoryField() {
+void PathPicker::EnterDirectoryField() {
     const fs::path directory = m_directory / ToPath(m_directoryField->text());
-    if (!IsDirectory(directory)) return Tell("There is no directory \"" + m_directoryField->text() + "\".");
+    if (!IsDirectory(directory))
+        return ShowWarning("There is no directory \"" + m_directoryField->text() + "\".");
     Enter(directory);
 }
 
-void PathPicker::TakeName() {
+void PathPicker::ChooseName() {
     fs::path path = Named();
     if (!WantsFile()) {
-        if (!IsDirectory(path)) return Tell("There is no directory \"" + m_nameField->text() + "\".");
+        if (!IsDirectory(path)) return ShowWarning("There is no directory \"" + m_nameField->text() + "\".");
         // The directory itself has an empty name, and would end in a separator.
         return Choose(m_nameField->text().isEmpty() ? m_directory : path);
     }
@@ -189,7 +190,8 @@ void PathPicker::TakeName() {
     if (!fs::exists(path, error)) {
         fs::path extended = path;
         extended += veka::ToPath("." + *m_wanted.extension);
-        if (!fs::exists(extended, error)) return Tell("There is no file \"" + m_nameField->text() + "\".");
+        if (!fs::exists(extended, error))
+            return ShowWarning("There is no file \"" + m_nameField->text() + "\".");
         path = extended;
     }
     Choose(path);
@@ -200,8 +202,8 @@ void PathPicker::MakeDirectory() {
     const fs::path directory = Named();
     fs::create_directory(directory, error);
     if (error)
-        return Tell("The directory \"" + m_nameField->text() +
-                    "\" cannot be made: " + QString::fromStdString(error.message()) + ".");
+        return ShowWarning("The directory \"" + m_nameField->text() +
+                           "\" cannot be made: " + QString::fromStdString(error.message()) + ".");
     Enter(directory);
 }
 
@@ -210,7 +212,7 @@ void PathPicker::Choose(const fs::path& path) {
     accept();
 }
 
-void PathPicker::Tell(const QString& sentence) {
+void PathPicker::ShowWarning(const QString& sentence) {
     QMessageBox box(QMessageBox::Warning, windowTitle(), sentence, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.exec();

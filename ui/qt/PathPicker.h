@@ -40,11 +40,11 @@ private:
     void Fill();
     bool IsShown(const std::filesystem::directory_entry& entry) const;
     std::filesystem::path Named() const;
-    void TakeDirectoryField();
-    void TakeName();
+    void EnterDirectoryField();
+    void ChooseName();
     void MakeDirectory();
     void Choose(const std::filesystem::path& path);
-    void Tell(const QString& sentence);
+    void ShowWarning(const QString& sentence);
 
     Wanted m_wanted;
     std::filesystem::path m_directory;

@@ -28,8 +28,8 @@ QWidget* ParentOr(void* parent) {
     return QApplication::activeWindow();
 }
 
-QMessageBox::StandardButton Show(QMessageBox::Icon icon, const CString& text,
-                                 QMessageBox::StandardButtons buttons) {
+QMessageBox::StandardButton ShowMessageBox(QMessageBox::Icon icon, const CString& text,
+                                           QMessageBox::StandardButtons buttons) {
     QMessageBox box(icon, QApplication::applicationDisplayName(), ToQString(text), buttons,
                     ParentOr(nullptr));
     box.setTextFormat(Qt::PlainText);  // a path may look like rich text
@@ -81,11 +81,12 @@ QtUserInterface::QtUserInterface() {
 QtUserInterface::~QtUserInterface() = default;
 
 void QtUserInterface::ShowMessage(const CString& text) {
-    Show(QMessageBox::Warning, text, QMessageBox::Ok);
+    ShowMessageBox(QMessageBox::Warning, text, QMessageBox::Ok);
 }
 
 bool QtUserInterface::AskYesNo(const CString& text) {
-    return Show(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    return ShowMessageBox(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No) ==
+           QMessageBox::Yes;
 }
 
 CString QtUserInterface::PickFile(const CString& description, const CString& extension,

@@ -48,7 +48,7 @@ public:
     void Align() {
         if (m_words.size() % 2 != 0) Add(0);
     }
-    std::vector<std::uint32_t> Take() {
+    std::vector<std::uint32_t> Release() {
         Align();
         std::vector<std::uint32_t> result;
         for (size_t i = 0; i < m_words.size(); i += 2)
@@ -92,7 +92,7 @@ std::vector<std::uint32_t> MakeDialogResource(const DialogTemplate& dialog) {
         words.AddText(control.caption);
         words.Add(0);  // no data of its own
     }
-    return words.Take();
+    return words.Release();
 }
 
 }  // namespace veka

@@ -43,13 +43,13 @@ INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM word, LPARAM number
     if (!self) return FALSE;
     switch (message) {
         case WM_INITDIALOG:
-            self->Ready(window);
+            self->WindowCreated(window);
             return TRUE;  // the focus is the first control's
         case WM_COMMAND:
-            self->Told(LOWORD(word), HIWORD(word));
+            self->ControlNotified(LOWORD(word), HIWORD(word));
             return TRUE;
         case WM_NCDESTROY:
-            self->Gone();
+            self->WindowDestroyed();
             SetWindowLongPtrW(window, DWLP_USER, 0);
             return FALSE;
         default:
@@ -76,7 +76,7 @@ int Win32DialogWindow::Run() {
     return m_result.value_or(m_wasMade ? int{IDCANCEL} : -1);
 }
 
-void Win32DialogWindow::Ready(void* window) noexcept {
+void Win32DialogWindow::WindowCreated(void* window) noexcept {
     m_window = window;
     m_wasMade = true;
     for (const ControlTemplate& control : m_dialog.controls)
@@ -87,7 +87,7 @@ void Win32DialogWindow::Ready(void* window) noexcept {
     m_events.WindowReady();
 }
 
-void Win32DialogWindow::Told(int control, int code) noexcept {
+void Win32DialogWindow::ControlNotified(int control, int code) noexcept {
     if (code == BN_CLICKED)
         m_events.ButtonClicked(control);
     else if (code == EN_CHANGE)

@@ -26,11 +26,11 @@ public:
     void* Handle() const noexcept override { return m_window; }
 
     /// Called by the window procedure when the window exists.
-    void Ready(void* window) noexcept;
-    /// A control reports an event by the system's code of the event.
-    void Told(int control, int code) noexcept;
-    /// The window is gone.
-    void Gone() noexcept { m_window = nullptr; }
+    void WindowCreated(void* window) noexcept;
+    /// Called by the window procedure when a control reports an event, by the code of the system.
+    void ControlNotified(int control, int code) noexcept;
+    /// Called by the window procedure when the window was destroyed.
+    void WindowDestroyed() noexcept { m_window = nullptr; }
 
 private:
     const DialogTemplate& m_dialog;

@@ -23,18 +23,18 @@ void* ParentOr(void* parent) {
     return parent ? parent : GetActiveWindow();
 }
 
-int Show(const CString& text, UINT type) {
+int ShowMessageBox(const CString& text, UINT type) {
     return MessageBoxW(GetActiveWindow(), ToWide(text).c_str(), ProgramName().c_str(), type);
 }
 
 }  // namespace
 
 void Win32UserInterface::ShowMessage(const CString& text) {
-    Show(text, MB_OK | MB_ICONEXCLAMATION);
+    ShowMessageBox(text, MB_OK | MB_ICONEXCLAMATION);
 }
 
 bool Win32UserInterface::AskYesNo(const CString& text) {
-    return Show(text, MB_YESNO | MB_ICONQUESTION) == IDYES;
+    return ShowMessageBox(text, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
 CString Win32UserInterface::PickFile(const CString& description, const CString& extension,

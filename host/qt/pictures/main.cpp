@@ -14,8 +14,8 @@ namespace {
 
 constexpr int kDrawn = 300;  // ms until a window is drawn whole
 
-/// Once the dialog is drawn, takes its picture and presses a button in it.
-void Take(const QString& picture, int button) {
+/// Once the dialog is drawn, saves its picture and presses a button in it.
+void PhotographAndPress(const QString& picture, int button) {
     QTimer::singleShot(kDrawn, qApp, [picture, button] {
         QWidget* dialog = QApplication::activeModalWidget();
         if (!picture.isEmpty()) dialog->grab().save(picture);
@@ -42,9 +42,9 @@ int main(int argc, char** argv) {
     window.show();
 
     window.Suggest("op-amp.veka", "library");
-    Take(folder + "/import-dialog.png", IDCANCEL);
+    PhotographAndPress(folder + "/import-dialog.png", IDCANCEL);
     window.Import();
-    Take("", IDOK);
+    PhotographAndPress("", IDOK);
     window.Import();
     QTimer::singleShot(kDrawn, &window, [&] {
         window.grab().save(folder + "/host-window.png");

@@ -1,11 +1,11 @@
-#include "support/PlainImport.h"
+#include "support/ReferenceImport.h"
 
 #include "leveltree/CECadCls.h"
 #include "model/CVEKA_Manager.h"
 
 namespace test {
 
-void ImportPlainly(const CString& path, CVEK_AsciiParser& parser) {
+void ImportByReference(const CString& path, CVEK_AsciiParser& parser) {
     CECadCls tree;
     tree.m_strFilePath = path;
     tree.ReadLevelTree(0);

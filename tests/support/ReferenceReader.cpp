@@ -1,4 +1,4 @@
-#include "support/PlainReader.h"
+#include "support/ReferenceReader.h"
 
 #include <array>
 #include <cstdio>
@@ -9,12 +9,12 @@ namespace test {
 namespace {
 
 struct Node {
-    PlainLevel level;
+    LevelData level;
     int line = 0;
     std::vector<std::unique_ptr<Node>> children;
 };
 
-PlainLevel Finish(Node& node) {
+LevelData Finish(Node& node) {
     for (auto& child : node.children) node.level.children.push_back(Finish(*child));
     return node.level;
 }
@@ -42,7 +42,7 @@ std::vector<std::string> Lines(const std::string& text) {
 
 }  // namespace
 
-bool EndsPlainly(const std::string& line, const std::string& chunk) {
+bool EndsByReference(const std::string& line, const std::string& chunk) {
     std::string copy = line;
     copy.erase(0, copy.find(chunk));
     std::string rest;
@@ -55,8 +55,8 @@ bool EndsPlainly(const std::string& line, const std::string& chunk) {
     return !rest.empty() && rest[0] == ')';
 }
 
-PlainResult ReadPlainly(const std::string& text, bool stopAtDepthZero, int reserved) {
-    PlainResult out;
+ReadResult ReadByReference(const std::string& text, bool stopAtDepthZero, int reserved) {
+    ReadResult out;
     int depth = 0;
     Node* current = nullptr;
     std::array<std::unique_ptr<Node>, 20> open;
@@ -140,7 +140,7 @@ PlainResult ReadPlainly(const std::string& text, bool stopAtDepthZero, int reser
                 if (previousKind != -1 && previous == '\\') {
                     // Rule: a quote after a backslash ends the string only if the look-ahead finds a close
                     // parenthesis. Otherwise the quote and the backslash are text.
-                    if (!EndsPlainly(line, chunk)) {
+                    if (!EndsByReference(line, chunk)) {
                         token += '"';
                         continue;
                     }

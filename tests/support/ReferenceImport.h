@@ -5,6 +5,6 @@
 namespace test {
 
 /// The import's procedure as it is laid down: the whole tree first, then its levels in two passes.
-void ImportPlainly(const CString& path, CVEK_AsciiParser& parser);
+void ImportByReference(const CString& path, CVEK_AsciiParser& parser);
 
 }  // namespace test

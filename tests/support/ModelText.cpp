@@ -1,4 +1,4 @@
-#include "support/Told.h"
+#include "support/ModelText.h"
 
 #include <sstream>
 
