@@ -43,6 +43,9 @@ std::string MarkedUtf8(std::string_view bytes) {
 
 std::string JsonString(std::string_view bytes) {
     std::string result = "\"";
+    // Most texts are plain, and a plain text is appended in one piece.
+    const auto isPlain = [](char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; };
+    if (std::all_of(bytes.begin(), bytes.end(), isPlain)) return result.append(bytes) += '"';
     const std::string marked = MarkedUtf8(bytes);
     for (std::string_view rest = marked; !rest.empty();) {
         const std::size_t length = std::max<std::size_t>(Utf8Length(rest), 1);
@@ -94,11 +97,11 @@ void Json::Object(const RecordView& record, const char* kind) {
     m_out << '{';
     const char* separator = "";
     if (kind) {
-        m_out << "\"kind\":" << JsonString(kind);
+        m_out << "\"kind\":\"" << kind << '"';
         separator = ",";
     }
     for (const FieldDescription& field : record.description->fields) {
-        m_out << separator << JsonString(field.name) << ':';
+        m_out << separator << '"' << field.name << "\":";  // an identifier needs no escape
         separator = ",";
         WriteField(field, record.record);
     }

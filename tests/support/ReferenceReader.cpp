@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 namespace test {
 
@@ -16,7 +17,7 @@ struct Node {
 
 LevelData Finish(Node& node) {
     for (auto& child : node.children) node.level.children.push_back(Finish(*child));
-    return node.level;
+    return std::move(node.level);
 }
 
 std::vector<std::string> Lines(const std::string& text) {
@@ -91,7 +92,8 @@ ReadResult ReadByReference(const std::string& text, bool stopAtDepthZero, int re
         return out;
     };
 
-    for (std::string line : Lines(text)) {
+    std::vector<std::string> lines = Lines(text);
+    for (std::string& line : lines) {
         chunk.clear();
         std::vector<int> kinds;
         if (line.compare(0, 2, "//") == 0) {
