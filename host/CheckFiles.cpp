@@ -2,24 +2,20 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <istream>
-#include <iterator>
 #include <ostream>
+#include <utility>
 
 #include "files/Paths.h"
 #include "host/ExitCode.h"
 #include "host/Failure.h"
+#include "host/ImportedPart.h"
 #include "host/Messages.h"
-#include "host/SafeFiles.h"
 #include "platform/Printable.h"
-#include "report/ImportReport.h"
 #include "report/Sarif.h"
 
 namespace host {
 
 namespace {
-
-constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
 
 std::string Number(std::size_t count, const char* what) {
     return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
@@ -68,17 +64,7 @@ private:
 
     void CheckFile(const std::string& file) {
         try {
-            std::string bytes;
-            veka::ReportOptions options;
-            if (file == kStandardInput) {
-                bytes.assign(std::istreambuf_iterator<char>(m_in), {});
-            } else {
-                const std::filesystem::path path = veka::ToPath(CString(file));
-                bytes = ReadRegularFile(path, kLargestFile).bytes;
-                options.folder =
-                    path.has_parent_path() ? std::string(veka::FromPath(path.parent_path()).View()) : ".";
-            }
-            Add(file, veka::ReportImport(bytes, options));
+            Add(file, ReportOn(file, ReadContent(file, m_in, m_line.limits).bytes));
         } catch (...) {
             Fail(CurrentFailure(file).sentence);
         }
@@ -130,6 +116,25 @@ private:
 
 int CheckFiles(const CommandLine& line, const Streams& streams) {
     return Checker(line, streams).Run();
+}
+
+veka::ImportReport ReportOn(const std::string& file, std::string_view bytes) {
+    veka::ReportOptions options;
+    if (file != kStandardInput) {
+        const std::filesystem::path path = veka::ToPath(CString(file));
+        options.folder =
+            path.has_parent_path() ? std::string(veka::FromPath(path.parent_path()).View()) : ".";
+    }
+    return veka::ReportImport(bytes, options);
+}
+
+std::string CountOfFindings(const veka::ImportReport& report) {
+    std::string sentence;
+    for (const auto& [severity, name] :
+         {std::pair{veka::Severity::Error, "error"}, {veka::Severity::Warning, "warning"}})
+        if (const std::size_t count = report.Count(severity); count > 0)
+            sentence += (sentence.empty() ? "" : " and ") + Number(count, name);
+    return sentence;
 }
 
 }  // namespace host

@@ -126,6 +126,7 @@ private:
         if (!part.HasPart() && m_library.IsEmpty()) m_messages.Say(Quoted(file) + " holds no part");
         Print(part);
         int code = kImported;
+        if (!m_library.IsEmpty() && part.HasPart()) SayFindings(file, part.content.bytes);
         if (!m_library.IsEmpty())
             code = Reported(file, [&] {
                 Outcome outcome = Store(part, m_library, existing, WaitingFor(std::string(m_library.View())));
@@ -139,6 +140,16 @@ private:
         if (!m_line.picture.empty())
             code = std::max(code, Reported(file, [&] { return WritePicture(part); }));
         return code;
+    }
+
+    /// Says once, before a part is stored, how much a check of its file finds.
+    void SayFindings(const std::string& file, std::string_view bytes) {
+        constexpr std::size_t kLargest = std::size_t{16} << 20;  // real parts have less than 1 MB
+        if (bytes.size() > kLargest)
+            return m_messages.Say(Quoted(file) +
+                                  " is too large to be checked before it is stored; --check checks it");
+        if (const std::string count = CountOfFindings(ReportOn(file, bytes)); !count.empty())
+            m_messages.Say("a check of " + Quoted(file) + " finds " + count + "; --check lists them");
     }
 
     void Print(const ImportedPart& part) {

@@ -111,13 +111,10 @@ std::string ImportedPart::Name() const {
     return std::string(SBUtility::GetInstance().EncodeEntityCode(Mpn()).View());
 }
 
-ImportedPart ReadPart(const CString& file, const Reading& reading) {
-    return Import(file, ReadRegularFile(veka::ToPath(file), Bytes(reading.limits.size)), reading);
-}
-
-ImportedPart ReadPart(std::istream& in, const Reading& reading) {
+FileContent ReadContent(const std::string& file, std::istream& in, const Limits& limits) {
+    const std::uint64_t limit = Bytes(limits.size);
+    if (file != kStandardInput) return ReadRegularFile(veka::ToPath(CString(file)), limit);
     FileContent content;
-    const std::uint64_t limit = Bytes(reading.limits.size);
     constexpr size_t kBlock = 1 << 18;
     while (in) {
         const size_t size = content.bytes.size();
@@ -125,11 +122,19 @@ ImportedPart ReadPart(std::istream& in, const Reading& reading) {
         in.read(content.bytes.data() + size, kBlock);
         content.bytes.resize(size + static_cast<size_t>(in.gcount()));
         if (content.bytes.size() > limit)
-            throw SourceError("standard input is larger than " + std::to_string(reading.limits.size) +
+            throw SourceError("standard input is larger than " + std::to_string(limits.size) +
                               " MB; --max-size raises the limit");
     }
     if (in.bad()) throw SourceError("cannot read standard input");
-    return Import(kStandardInput, std::move(content), reading);
+    return content;
+}
+
+ImportedPart ReadPart(const CString& file, const Reading& reading) {
+    return Import(file, ReadRegularFile(veka::ToPath(file), Bytes(reading.limits.size)), reading);
+}
+
+ImportedPart ReadPart(std::istream& in, const Reading& reading) {
+    return Import(kStandardInput, ReadContent(kStandardInput, in, reading.limits), reading);
 }
 
 void RequireSections(const ImportedPart& part) {

@@ -40,6 +40,10 @@ struct ImportEnded : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
+/// The bytes of a part data file, or of `in` for the name `-`. Raises `SourceError`, also for more bytes than
+/// the limit of a file's size allows.
+FileContent ReadContent(const std::string& file, std::istream& in, const Limits& limits);
+
 /// Reads and imports a part data file. Raises `SourceError`, `ImportEnded`, and what the import raises.
 ImportedPart ReadPart(const CString& file, const Reading& reading = {});
 /// Reads and imports a part data file from standard input.

@@ -55,6 +55,16 @@ TEST_F(CheckFiles, PrintsFindingsAsACompilerDoes) {
                   file + ": 0 errors, 1 warning, 0 notes\n");
 }
 
+TEST_F(CheckFiles, AFileOverTheLimitIsRefused) {
+    const std::string large(2 << 20, ' '), file = Write("a.veka", large.c_str());
+    for (const std::string& name : {file, std::string("-")}) {
+        const Outcome run = Check({name, "--max-size", "1"}, large);
+        EXPECT_EQ(run.code, 3) << name;
+        EXPECT_THAT(run.err, testing::HasSubstr("is larger than 1 MB; --max-size raises the limit")) << name;
+    }
+    EXPECT_EQ(Check({file, "--max-size", "0"}).code, 0);
+}
+
 TEST_F(CheckFiles, ANoteDoesNotFail) {
     const Outcome run = Check({Write("a.veka", kEmpty)});
     EXPECT_EQ(run.code, 0);

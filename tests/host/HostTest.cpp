@@ -397,7 +397,7 @@ TEST_F(HostTest, ATruncatedFileIsToldByTheLevelThatIsOpen) {
                              "\" holds no part: it ends inside the level \"LAYER\" of line 3, within " +
                              "\"VEK\" of line 2\n");
     EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN A)))\n(PADS\n"), 0);
-    EXPECT_THAT(err.str(), EndsWith("\": it ends inside the level \"PADS\" of line 2\n"));
+    EXPECT_THAT(err.str(), HasSubstr("\": it ends inside the level \"PADS\" of line 2\n"));
 }
 
 TEST_F(HostTest, ALevelTooDeepIsToldOnce) {
@@ -405,8 +405,34 @@ TEST_F(HostTest, ALevelTooDeepIsToldOnce) {
     EXPECT_EQ(Import("(VEK (PARTGENERAL (MPN A)))\n" + std::string(21, '(')), 0);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_THAT(err.str(),
-                EndsWith("\": nothing was read from line 2 on: Parser meet unexpected Brace Counting "
-                         "Number, 21 at line number 2.!\n"));
+                HasSubstr("\": nothing was read from line 2 on: Parser meet unexpected Brace Counting "
+                          "Number, 21 at line number 2.!\n"));
+}
+
+TEST_F(HostTest, SaysOnceHowMuchACheckFindsBeforeAPartIsStored) {
+    const std::string file = Write("part.veka", "(VEK (PARTGENERAL (MPN A B C) (NOSUCH 1)))"),
+                      sentence =
+                          "veka-host: a check of \"" + file + "\" finds 2 warnings; --check lists them\n";
+    EXPECT_EQ(Run({file, "--library", library}), 0);
+    EXPECT_EQ(err.str(), sentence);
+    EXPECT_EQ(Run({file, "--library", library}, "y\n"), 0);
+    EXPECT_THAT(err.str(), testing::StartsWith(sentence + "\"A\" is in the library"))
+        << "before the question";
+    EXPECT_EQ(Run({file}), 0);
+    EXPECT_EQ(err.str(), "") << "nothing is stored";
+    EXPECT_EQ(Import(kPart, "yes"), 0);
+    EXPECT_EQ(err.str(), "") << "there is nothing to say";
+    const std::string whole = Write("part.veka", "(VEK (PARTGENERAL (MPN A))) (PADS");
+    EXPECT_EQ(Run({whole, "--library", library, "--overwrite", "yes"}), 0);
+    EXPECT_THAT(err.str(), HasSubstr(" finds 1 error; --check lists them\n"));
+}
+
+TEST_F(HostTest, AVeryLargeFileIsStoredWithoutACheck) {
+    const std::string file =
+        Write("part.veka", "(VEK (PARTGENERAL (MPN A B)))\n//" + std::string(16 << 20, 'x') + "\n");
+    EXPECT_EQ(Run({file, "--library", library}), 0);
+    EXPECT_EQ(err.str(), "veka-host: \"" + file +
+                             "\" is too large to be checked before it is stored; --check checks it\n");
 }
 
 TEST_F(HostTest, AFileThatCostsTooMuchIsRefused) {
