@@ -2,6 +2,7 @@
 // time is 2.
 //   veka_scaling                           dimensions of ordinary parts
 //   veka_scaling --limits                  inputs far larger than any part, and their memory
+//   veka_scaling --report                  reports of ordinary parts, and of files with many findings
 //   veka_scaling --hostile [--quick] [TEXT]
 //                                          shapes that are made to cost much; fails where one costs too much
 //   veka_scaling --memory [TEXT]           the shapes that take the most memory for each byte of the file
@@ -12,9 +13,11 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -110,6 +113,46 @@ const std::vector<Dimension> kLimits = {
      }},
 };
 
+/// Files with many findings of one kind.
+const std::vector<Dimension> kFindings = {
+    {"unknown keywords near known ones", 100'000,
+     [](int n) { return "(VEK\n" + Repeat(n, [](int) { return "(PARTGENRAL (MPN A))\n"; }) + ")"; }},
+    {"unknown keywords, each with another name", 200'000,
+     [](int n) { return "(VEK\n" + Repeat(n, [](int i) { return Number("(LAYRES", i, ")\n"); }) + ")"; }},
+    {"values that are not read", 2'000'000,
+     [](int n) { return "(VEK (PARTGENERAL (MPN A" + Repeat(n, [](int) { return " B"; }) + ")))"; }},
+    {"numbers that are none", 50'000,
+     [](int n) {
+         return "(VEK (LAYERS\n" + Repeat(n, [](int) { return "(LAY (ARN 1mm) (DEPTH 1,5))\n"; }) + "))";
+     }},
+    {"sections that are replaced", 50'000,
+     [](int n) { return Repeat(n, [](int) { return "(VEK (PARTGENERAL (MPN A)))\n"; }); }},
+    {"names that lead nowhere", 50'000,
+     [](int n) {
+         return "(FOOTPRINTS (FOOTPRINT (FPINS\n" +
+                Repeat(n, [](int i) { return Number("(FPIN 1 1 (LIBPADSTACK S", i, "))\n"); }) + ")))";
+     }},
+    {"names that are given twice", 50'000,
+     [](int n) {
+         return "(PADS\n" + Repeat(n, [](int i) { return Number("(PAD (PADNAME P", i / 2, "))\n"); }) + ")";
+     }},
+    {"pads that overlap", 10'000,
+     [](int n) {
+         return "(PADS (PAD (PADNAME P) (FILLCIRCLE (D 1))))(PADSTACKS (PADSTACK (PADSTACKNAME S) (TOP (CON "
+                "P))))(FOOTPRINTS (FOOTPRINT (FPINS\n" +
+                Repeat(n, [](int i) { return Number("(FPIN 1 N", i, " (LIBPADSTACK S))\n"); }) + ")))";
+     }},
+    {"pins outside of the footprint", 20'000,
+     [](int n) {
+         return "(FOOTPRINTS (FOOTPRINT (FPINS\n" +
+                Repeat(n, [](int i) { return Number("(FPIN 1 1 (PT 9 ", i, "))\n"); }) +
+                ") (CAMLAYERS (LAYER (CIRCLE (D 1))))))";
+     }},
+    {"levels that are not closed", 2'000'000,
+     [](int n) { return Repeat(n, [](int) { return "(VEK (PADS\n) "; }); }},
+    {"parentheses that close nothing", 2'000'000, [](int n) { return Repeat(n, [](int) { return ")\n"; }); }},
+};
+
 double Import(const CString& path) {
     const auto start = std::chrono::steady_clock::now();
     {
@@ -120,13 +163,24 @@ double Import(const CString& path) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+/// In seconds of processor time.
+double Report(const CString& path) {
+    std::ifstream file(path.GetString(), std::ios::binary);
+    const std::string bytes(std::istreambuf_iterator<char>(file), {});
+    const std::clock_t start = std::clock();
+    veka::ReportImport(bytes);
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
 CString WriteFile(const std::string& name, const std::string& text) {
     const auto path = std::filesystem::temp_directory_path() / (Number("veka-scaling-", getpid(), "") + name);
     std::ofstream(path, std::ios::binary) << text;
     return CString(path.native());
 }
 
-void Measure(const std::vector<Dimension>& dimensions, int rounds, bool memory) {
+using Work = double (*)(const CString& path);
+
+void Measure(const std::vector<Dimension>& dimensions, int rounds, bool memory, Work work = Import) {
     std::printf("%-44s %10s %10s %8s%s\n", "dimension", "n, ms", "2n, ms", "ratio",
                 memory ? "   peak memory of 2n, bytes a byte of the file" : "");
     for (const Dimension& dimension : dimensions) {
@@ -136,9 +190,9 @@ void Measure(const std::vector<Dimension>& dimensions, int rounds, bool memory) 
         for (int round = 0; round < rounds; ++round) {  // in turns; the shortest time counts
             // Both in fresh memory, or both with memory at hand.
             if (memory) bench::ResetPeak();
-            best = std::min(best, Import(once));
+            best = std::min(best, work(once));
             const double before = memory ? bench::ResetPeak() : 0;
-            bestOfTwice = std::min(bestOfTwice, Import(twice));
+            bestOfTwice = std::min(bestOfTwice, work(twice));
             if (memory) peak = bench::Peak() - before;
         }
         std::printf("%-44s %10.2f %10.2f %8.2f", dimension.name, best * 1e3, bestOfTwice * 1e3,
@@ -167,6 +221,10 @@ int main(int argc, char** argv) {
     } else if (take("--hostile")) {
         const bool quick = take("--quick");
         return bench::MeasureHostile(quick, filter()) == 0 ? 0 : 1;
+    } else if (take("--report")) {
+        bench::KeepMemory();
+        Measure(kDimensions, 5, false, Report);
+        Measure(kFindings, 5, false, Report);
     } else if (take("--memory")) {
         bench::MeasureMemory(filter());
     } else {
