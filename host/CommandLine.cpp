@@ -50,7 +50,7 @@ const char* const kUsage =
 
 namespace {
 
-/// The value that a word stands for.
+/// The value that a word means.
 template <class Value>
 Value OneOf(const std::string& option, const std::string& word,
             const std::vector<std::pair<const char*, Value>>& values) {

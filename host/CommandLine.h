@@ -43,7 +43,7 @@ struct CommandLine {
     std::string library;             ///< directory that parts are stored in; empty: nothing is stored
     Overwrite overwrite = Overwrite::Ask;
     Print print = Print::Summary;
-    Check check = Check::No;  ///< tell what an import leaves out, and store nothing
+    Check check = Check::No;  ///< report what an import leaves out, and store nothing
     std::string step;         ///< file to write the solids to; empty: none
     std::string gltf;
     std::vector<std::string> stepFolders;  ///< where STEP files that a part names are looked for, too

@@ -88,7 +88,7 @@ public:
     }
 
 private:
-    /// Does something, and tells its failure; returns the exit code.
+    /// Runs an action, prints its failure and returns the exit code.
     template <class Deed>
     int Reported(const std::string& file, Deed deed) {
         try {
@@ -114,7 +114,7 @@ private:
         return code;
     }
 
-    /// Prints a part, stores it and writes its solids. Each is done even if another fails. `ask` tells
+    /// Prints a part, stores it and writes its solids. Each is done even if another fails. `ask` says
     /// whether a part that is there may be replaced.
     template <class Ask>
     int Deliver(const ImportedPart& part, Existing existing, Ask ask) {

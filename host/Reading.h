@@ -18,7 +18,7 @@ struct Limits {
 /// How a file is read.
 struct Reading {
     Limits limits;
-    /// Is asked now and then while a part is imported; false ends the import.
+    /// Called at intervals while a part is imported; false ends the import.
     std::function<bool(const veka::ImportProgress&)> goOn = nullptr;
     /// Ctrl-C ends the import, and not the program.
     bool interruptible = false;

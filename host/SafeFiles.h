@@ -102,7 +102,7 @@ private:
 /// 12"; empty where that is not known). False gives up.
 using Waiting = std::function<bool(std::chrono::milliseconds waited, const std::string& holder)>;
 
-/// Keeps other threads and programs away from what they lock by the same file, while it lives.
+/// Holds a lock until it is destroyed. Other threads and programs that lock the same file wait meanwhile.
 class FileLock {
 public:
     /// Waits until the file, which is made where there is none, is free. Raises `StoreError` where `waiting`

@@ -133,7 +133,7 @@ const char* Kind(mode_t mode) {
 }  // namespace
 
 FileContent ReadRegularFile(const fs::path& path, std::uintmax_t limit) {
-    // Without O_NONBLOCK a pipe that nobody writes to would be waited for.
+    // Without O_NONBLOCK the program would wait for a pipe that has no writer.
     const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file && (errno == ENOENT || errno == ENOTDIR)) throw NoSuchFile("there is no file " + Quoted(path));
     if (!file) Fail<SourceError>("cannot read", path);
@@ -290,7 +290,8 @@ void Directory::Sync() const {
 bool Directory::MoveToFree(const std::string& name, const Directory& to, const std::string& newName) const {
     if (renameat2(At(m_handle), name.c_str(), At(to.m_handle), newName.c_str(), RENAME_NOREPLACE) == 0)
         return true;
-    // A file system that cannot tell looks first; the lock keeps other hosts from coming in between.
+    // Some file systems cannot refuse to replace. There the program looks first, and the lock keeps other
+    // hosts out.
     if (errno == EINVAL || errno == ENOSYS) {
         if (to.Has(newName)) return false;
         if (renameat(At(m_handle), name.c_str(), At(to.m_handle), newName.c_str()) == 0) return true;
@@ -341,7 +342,7 @@ int OpenLock(int directory, const char* name, const fs::path& path) {
     }
 }
 
-/// Who has a lock, as its file tells.
+/// Who holds a lock, by the content of its file.
 std::string Holder(int file) {
     char text[24];
     const ssize_t count = pread(file, text, sizeof text, 0);

@@ -37,7 +37,7 @@ int main([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 #else
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const bool terminal = isatty(0) != 0;
-    signal(SIGPIPE, SIG_IGN);  // output that nobody reads is reported, and stops no store
+    signal(SIGPIPE, SIG_IGN);  // a closed output is reported, and a store goes on
 #endif
     const int code = host::RunHost(arguments, {std::cin, std::cout, std::cerr, terminal}, desktop);
 #ifndef _WIN32

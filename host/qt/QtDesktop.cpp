@@ -33,7 +33,7 @@ int QtDesktop::RunApplication(const CommandLine& line) {
     const std::vector<CString> files(line.files.begin(), line.files.end());
     window.Suggest(files.empty() ? CString() : files[0], CString(line.library));
     window.show();
-    // A window that opens before this one is on the screen could not stand in its middle.
+    // A window is centred on this one, so this one must be on the screen first.
     window.WhenShown([&] {
         if (line.open)
             window.Open(files);

@@ -5,10 +5,10 @@
 
 namespace host {
 
-/// The arguments behind the program's name, in UTF-8.
+/// The arguments after the program's name, in UTF-8.
 std::vector<std::string> ProgramArguments();
 
-/// Makes the terminal of the process take and give UTF-8, while this lives.
+/// Makes the terminal of the process take and give UTF-8, until this is destroyed.
 class Utf8Terminal {
 public:
     Utf8Terminal();

@@ -10,7 +10,7 @@ public:
     Windows Kind() const override { return Windows::Win32; }
     bool HasDisplay() override;
     std::unique_ptr<veka::UserInterface> MakeUserInterface() override;
-    /// Imports and stores one part by the dialog, and tells where it is.
+    /// Imports and stores one part by the dialog, and says where the part is.
     int RunApplication(const CommandLine& line) override;
 };
 

@@ -6,7 +6,7 @@
 
 namespace geometry {
 
-/// Keeps what the modeller says off the standard output for as long as it lives.
+/// Suppresses the modeller's messages on the standard output until it is destroyed.
 class Quiet {
 public:
     Quiet() : m_printers(Message::DefaultMessenger()->Printers()) {

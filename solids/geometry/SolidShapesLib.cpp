@@ -44,12 +44,12 @@ namespace geometry {
 
 namespace {
 
-// What lies outside cannot be told from nothing, or from infinity, by the modeller.
+// The modeller cannot distinguish larger sizes from infinity, and smaller ones from 0.
 constexpr double kSmallest = 1e-5;
 constexpr double kLargest = 1e7;
 
 // The modeller takes the square of the pieces of an outline to check it. Up to a few it may; beyond that a
-// check of our own stands in.
+// check of our own is used instead.
 constexpr std::size_t kFewPieces = 100;
 constexpr std::size_t kMostPieces = 5'000;
 
@@ -101,8 +101,8 @@ Rotation FromAngles(const vector& degrees) {
 }
 
 /// Front and up are the first and the last row: so a record's directions turn a body as the angles do that
-/// they were made of. Up counts as it stands, front as far as it is square to it. Without two directions
-/// nothing is turned.
+/// they were made of. Up is used as it is. Of front the part that is perpendicular to up is used. Without two
+/// directions nothing is turned.
 Rotation FromDirections(const vector& front, const vector& up) {
     const double length = Length(up);
     if (!(length > 0) || !std::isfinite(length)) return {};
@@ -123,7 +123,8 @@ TopoDS_Shape Prism(const TopoDS_Wire& border, double depth, const std::vector<To
     const gp_Pln plane(gp_Pnt(0, 0, 0), gp_Dir(0, 0, 1));
     BRepBuilderAPI_MakeFace face(plane, border);
     for (const TopoDS_Wire& hole : holes) {
-        // A hole runs the other way round than a border, and a face of its own tells which way it runs.
+        // A hole runs the other way round than a border, and a face that is made of it alone shows which way
+        // it runs.
         const TopoDS_Face own = BRepBuilderAPI_MakeFace(plane, hole).Face();
         const bool runsAsABorder =
             TopExp_Explorer(own, TopAbs_WIRE).Current().Orientation() == TopAbs_FORWARD;

@@ -29,8 +29,8 @@ public:
     virtual void SetAngle(double x, double y, double z);
     const vector& GetAngle() const { return m_angle; }
 
-    /// The body's shape, made on the first call; empty where it cannot be made. It lives until the body is
-    /// changed by `SetAngle` or dies; the pivot counts as it stands at the first call.
+    /// The body's shape, made on the first call; empty where it cannot be made. It is valid until
+    /// `SetAngle` is called or the body is deleted. The pivot of the first call is used.
     const TopoDS_Shape* GetShape() const;
     /// Why the shape is empty; an empty text if it is not.
     const std::string& GetFailure() const;
@@ -167,7 +167,7 @@ protected:
     TopoDS_Shape MakeAtOrigin() const override;
 };
 
-/// A prism over a closed outline, without the voids; its outline stands where it is drawn.
+/// A prism over a closed outline, without the voids; its outline is where it is drawn.
 class pillar : public type_multi_object {
 public:
     /// Copies outline and voids.
@@ -250,7 +250,7 @@ public:
          bool flag);
     const std::string Path;
     std::shared_ptr<const step_files>
-        files;  ///< where and how the file is read; counts as it stands at the first call
+        files;  ///< where and how the file is read; the value of the first call is used
 
 protected:
     TopoDS_Shape MakeAtOrigin() const override;

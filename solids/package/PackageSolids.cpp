@@ -232,7 +232,7 @@ private:
         return body;
     }
 
-    /// A body in millimetres, mirrored if so wished.
+    /// A body in millimetres, mirrored or not.
     Body ScaledBody(const Body& body, bool mirrored) const {
         geometry::placement place;
         place.scale = m_scale;

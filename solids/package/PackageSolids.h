@@ -29,7 +29,7 @@ struct PackageSolidsOptions {
 };
 
 /// Makes the solids of a package: its body, its marking, its pins and its mechanical pins. A pin's objects
-/// are put at the pin's point and turned by its rotation; leads are read as `leads/Lead.h` tells. Never
+/// are put at the pin's point and turned by its rotation; leads are read as `leads/Lead.h` says. Never
 /// throws for what a record holds.
 PackageSolids MakePackageSolids(const CVEKA_Package& package, const PackageSolidsOptions& options);
 
