@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 
 #include "host/Host.h"
@@ -84,7 +85,8 @@ TEST_F(Terminal, IsNotControlledByFindings) {
                          ")\n" + level + "\n(FOOTPRINTS (FOOTPRINT (FPINS (FPIN " + quoted + ' ' + quoted +
                          " (LIBPADSTACK " + quoted + ")))))(VEK");
     EXPECT_EQ(Run({"--check", file}), 3);
-    EXPECT_GT(std::count(out.str().begin(), out.str().end(), '\n'), 8);
+    const std::string lines = out.str();
+    EXPECT_GT(std::count(lines.begin(), lines.end(), '\n'), 8);
     EXPECT_EQ(Run({"--check", "json", file}), 3);
 }
 
