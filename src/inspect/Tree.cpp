@@ -18,7 +18,7 @@ std::string OwnName(const RecordView& record) {
 }  // namespace
 
 TreeNode Tree::Make(const char* name, const RecordView& record) const {
-    TreeNode node{name, "", {}};
+    TreeNode node{name, "", {}, record};
     for (const FieldDescription& field : record.description->fields) AddField(field, record.record, node);
     return node;
 }
@@ -58,7 +58,7 @@ void Tree::AddField(const FieldDescription& field, const void* record, TreeNode&
 
 TreeNode Tree::MakeArray(const char* name, const RecordView& array) const {
     const INT_PTR size = array.description->size(array.record);
-    TreeNode node{name, std::to_string(size), {}};
+    TreeNode node{name, std::to_string(size), {}, array};
     for (INT_PTR i = 0; i < size; ++i) {
         const RecordView element = array.description->at(array.record, i);
         if (!element.record) continue;
@@ -72,7 +72,7 @@ TreeNode Tree::MakeArray(const char* name, const RecordView& array) const {
 }
 
 void Tree::AddValue(const char* name, std::string value, bool holdsSomething, TreeNode& record) const {
-    if (m_all || holdsSomething) record.children.push_back({name, std::move(value), {}});
+    if (m_all || holdsSomething) record.children.push_back({name, std::move(value), {}, {}});
 }
 
 void Tree::AddGroup(TreeNode group, TreeNode& record) const {

@@ -12,6 +12,7 @@ struct TreeNode {
     std::string name;   ///< of an element of an array its number, followed by its own name
     std::string value;  ///< of an array the number of elements, of a record empty
     std::vector<TreeNode> children;
+    RecordView record;  ///< the record or the array; null for a field that holds a value
 };
 
 /// Makes nodes of records.
