@@ -11,7 +11,10 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QSettings>
+#include <QSplitter>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <QToolBar>
@@ -21,7 +24,9 @@
 
 #include "files/Paths.h"
 #include "host/Failure.h"
+#include "host/qt/Elided.h"
 #include "host/qt/FindBar.h"
+#include "host/qt/PartPictures.h"
 #include "host/qt/Pickers.h"
 #include "host/qt/PinView.h"
 #include "host/qt/RecordTree.h"
@@ -179,7 +184,7 @@ private:
 MainWindow::MainWindow(QSettings& settings) : m_settings(settings) {
     setWindowTitle("veka-host");
     setAcceptDrops(true);
-    resize(820, 620);
+    resize(1240, 780);
     MakeContent();
     MakeActions();
 }
@@ -194,7 +199,7 @@ void MainWindow::MakeContent() {
     large.setBold(true);
     m_number->setFont(large);
     m_identity = MakeLabel("identity");
-    m_identity->setText("Open or import a part data file, or drop one here to import it.");
+    m_identity->setText("Open a part data file, or drop one here.");
     m_pinCount = MakeLabel("pinCount");
     m_file = MakeLabel("file");
     m_faults = MakeLabel("faults");
@@ -216,12 +221,30 @@ void MainWindow::MakeContent() {
                                                  : m_records->FindNext(text, backward);
     });
 
+    m_storeButton = new QPushButton("&Store in Library");
+    m_storeButton->setObjectName("storeButton");
+    m_storeButton->hide();
+    connect(m_storeButton, &QPushButton::clicked, this, [this] { StorePart(); });
+    MakePictures();
+
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
-    for (QLabel* label : {m_number, m_identity, m_pinCount, m_file, m_faults, m_state})
-        layout->addWidget(label);
-    layout->addWidget(m_tabs, 1);
-    layout->addWidget(m_find);
+    for (QLabel* label : {m_number, m_identity, m_pinCount, m_file, m_faults}) layout->addWidget(label);
+    auto* state = new QHBoxLayout;
+    state->addWidget(m_state, 1);
+    state->addWidget(m_storeButton);
+    layout->addLayout(state);
+    auto* left = new QWidget;
+    auto* leftLayout = new QVBoxLayout(left);
+    leftLayout->setContentsMargins(0, 0, 0, 0);
+    leftLayout->addWidget(m_tabs, 1);
+    leftLayout->addWidget(m_find);
+    auto* splitter = new QSplitter;
+    splitter->addWidget(left);
+    splitter->addWidget(m_pictures);
+    splitter->setSizes({480, 740});
+    splitter->setStretchFactor(1, 1);
+    layout->addWidget(splitter, 1);
     setCentralWidget(content);
 
     auto* dock = new QDockWidget("Files");
@@ -239,6 +262,34 @@ void MainWindow::MakeContent() {
         const auto found = m_listed.find(item->text(0));
         if (found != m_listed.end()) Open({found->second});
     });
+}
+
+/// What is selected in the records or the pins is highlighted in the pictures, and the other way round.
+void MainWindow::MakePictures() {
+    m_pictures = new PartPictures;
+    auto* place = new QLabel;
+    place->setObjectName("place");
+    statusBar()->addPermanentWidget(place);
+    m_pictures->onPointer = [place](const QString& text) { place->setText(text); };
+    m_pictures->onPick = [this](const void* record) { Select(record); };
+    connect(m_records, &QTreeWidget::currentItemChanged, this,
+            [this] { m_pictures->Highlight(m_records->CurrentRecords()); });
+    connect(m_pins, &QTableWidget::currentCellChanged, this, [this](int row, int, int former, int) {
+        if (row != former) m_pictures->HighlightPin(m_pins->CurrentPin());
+    });
+}
+
+void MainWindow::Select(const void* record) {
+    if (!record || !m_records->SelectRecord(record)) {
+        const QSignalBlocker blocker(m_records);
+        m_records->setCurrentItem(nullptr);
+    }
+    const QSignalBlocker blocker(m_pins);
+    m_pins->SelectPin(m_pictures->PinOf(record));
+    // The record may have been the current one all the time, or not be in the tree at all.
+    Ranks records = m_records->CurrentRecords();
+    if (record && records.empty()) records.emplace(record, 0);
+    m_pictures->Highlight(std::move(records));
 }
 
 void MainWindow::MakeActions() {
@@ -316,23 +367,14 @@ void MainWindow::Open(const std::vector<CString>& files) {
             Remember(kLastFile, file);
             AddRecent(kRecentFiles, file);
             Show(std::move(part));
-            ShowState("Not stored");
+            ShowNotStored();
             if (files.size() > 1) List(file, "opened");
         });
 }
 
 void MainWindow::ImportFiles(const std::vector<CString>& files) {
     if (files.empty()) return;
-    if (files.size() == 1 && !Exists(Remembered(kLastLibrary)))
-        return RunDialog(files[0], Remembered(kLastLibrary));
-    if (files.size() == 1)
-        return Guarded(files[0], [&] {
-            ImportedPart part = ReadPart(files[0], ReadingBox(files[0]));
-            RequirePartNumber(part);
-            AddRecent(kRecentFiles, files[0]);
-            Show(std::move(part));
-            StoreIn(Remembered(kLastLibrary), Existing::Keep);
-        });
+    if (files.size() == 1) return Open(files);
     const CString library = LibraryOrAsk();
     if (!library.IsEmpty()) Queue(*this, files, library).Run();
 }
@@ -401,12 +443,13 @@ void MainWindow::Guarded(const CString& file, const std::function<void()>& deed)
 }
 
 void MainWindow::StoreIn(const CString& library, Existing existing) {
-    ShowState("Not stored");
+    ShowNotStored();
     Guarded(m_part->file, [&] {
         Outcome outcome = Store(*m_part, library, existing, WaitingBox(library));
         if (outcome == Outcome::Kept && MayReplace(*m_part))
             outcome = Store(*m_part, library, Existing::Replace, WaitingBox(library));
         if (outcome == Outcome::Kept) return ShowState("Not stored: the library has the part already");
+        m_storeButton->hide();
         Remember(kLastLibrary, library);
         AddRecent(kRecentLibraries, library);
         ShowState("Stored as " + CString(m_part->Name()) + " in " + library +
@@ -461,31 +504,40 @@ Reading MainWindow::ReadingBox(const CString& file) {
 }
 
 void MainWindow::Show(ImportedPart part) {
-    m_part = std::move(part);
+    // The former part lives until nothing refers to it.
+    std::optional<ImportedPart> shown(std::move(part));
+    m_part.swap(shown);
+    m_storeButton->hide();
     ShowPart(false);
 }
 
 void MainWindow::ShowPart(bool keep) {
     if (!m_part) return;
     const CVEKA_PartGeneral& general = *m_part->Model().GetVEK()->GetPartGeneral();
-    const QString number = veka::ToQString(general.GetMPN());
+    const QString number = Elided(general.GetMPN());
     QStringList identity;
     for (const CString& text : {general.GetManufacturer(), general.GetPartDescription()})
-        if (!text.IsEmpty()) identity += veka::ToQString(text);
+        if (!text.IsEmpty()) identity += Elided(text);
     m_number->setText(number.isEmpty() ? "No part number" : number);
     m_identity->setText(identity.join(", "));
     m_identity->setVisible(!identity.isEmpty());
     m_pinCount->setText(QString::number(general.GetNumberOfPins()) + " pins");
     m_file->setText(veka::ToQString(m_part->file));
-    m_faults->setText(veka::ToQString("Faulty: " + CString(FaultSentence(*m_part))));
+    m_faults->setText(Elided("Faulty: " + CString(FaultSentence(*m_part))));
     m_faults->setVisible(!m_part->faults.empty());
     m_store->setEnabled(true);
+    if (!keep) m_pictures->ShowPart(m_part->Model());
     m_records->ShowPart(m_part->Model(), m_showAll->isChecked(), keep);
     m_pins->ShowPart(m_part->Model());
 }
 
 void MainWindow::ShowState(const CString& state) {
-    m_state->setText(veka::ToQString(state));
+    m_state->setText(Elided(state));
+}
+
+void MainWindow::ShowNotStored() {
+    ShowState("Not stored");
+    m_storeButton->show();
 }
 
 void MainWindow::List(const CString& file, const CString& state) {

@@ -10,6 +10,7 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QPushButton;
 class QSettings;
 class QTabWidget;
 class QTreeWidget;
@@ -17,12 +18,13 @@ class QTreeWidget;
 namespace host {
 
 class FindBar;
+class PartPictures;
 class PinView;
 class RecordTree;
 
 /// The application's window. It opens parts to look at them, imports them by the dialog or as files dropped
-/// on it, and shows the last one: its identity at the top, and below it the records as a tree and the pins as
-/// a table.
+/// on it, and shows the last one: its identity at the top, and below it the records as a tree, the pins as a
+/// table and beside them the pictures of the part.
 class MainWindow : public QMainWindow {
 public:
     /// `settings` keep the last files and libraries, and outlive the window.
@@ -37,8 +39,8 @@ public:
     void Import();
     /// Reads files, shows the last one and stores nothing.
     void Open(const std::vector<CString>& files);
-    /// Imports files into the last library. Without one the dialog opens for a single file, and for several
-    /// the user chooses a directory.
+    /// Imports several files into the last library; without one the user chooses a directory. A single file
+    /// is only shown.
     void ImportFiles(const std::vector<CString>& files);
     /// Stores the part that is shown in the last library, or in one that the user chooses.
     void StorePart();
@@ -58,6 +60,7 @@ private:
     class Queue;
 
     void MakeContent();
+    void MakePictures();
     void MakeActions();
     void RunDialog(const CString& file, const CString& library);
     CString LibraryOrAsk();
@@ -66,8 +69,12 @@ private:
     /// Stores a part and shows what became of it.
     void StoreIn(const CString& library, Existing existing);
     void Show(ImportedPart part);
+    /// Shows in the tree and in the table what was clicked in a picture.
+    void Select(const void* record);
     void ShowPart(bool keep);
     void ShowState(const CString& state);
+    /// Says that the part is not stored, and offers to store it.
+    void ShowNotStored();
     /// Adds a file to the list of files, or changes what the list says about it.
     void List(const CString& file, const CString& state);
     bool MayReplace(const ImportedPart& part);
@@ -89,10 +96,12 @@ private:
     QLabel* m_pinCount;
     QLabel* m_file;
     QLabel* m_state;
+    QPushButton* m_storeButton;
     QLabel* m_faults;
     QTabWidget* m_tabs;
     RecordTree* m_records;
     PinView* m_pins;
+    PartPictures* m_pictures;
     FindBar* m_find;
     QWidget* m_filesDock;
     QTreeWidget* m_files;

@@ -3,8 +3,8 @@
 #include <QHeaderView>
 
 #include "host/PinTable.h"
+#include "host/qt/Elided.h"
 #include "platform/Printable.h"
-#include "qt/Text.h"
 
 namespace host {
 
@@ -28,7 +28,9 @@ void PinView::ShowPart(const CVEKA_Manager& part) {
     for (int row = 0; row < rowCount(); ++row)
         for (int column = 0; column < columnCount(); ++column) {
             const std::string& text = rows[static_cast<size_t>(row)][static_cast<size_t>(column)];
-            setItem(row, column, new QTableWidgetItem(veka::ToQString(CString(veka::Printable(text)))));
+            auto* cell = new QTableWidgetItem(Elided(CString(veka::Printable(text))));
+            if (column == 0) cell->setData(Qt::UserRole, QByteArray::fromStdString(text));
+            setItem(row, column, cell);
         }
 }
 
@@ -44,6 +46,21 @@ bool PinView::FindNext(const QString& text, bool backward) {
         return true;
     }
     return false;
+}
+
+CString PinView::CurrentPin() const {
+    const QTableWidgetItem* cell = currentRow() < 0 ? nullptr : item(currentRow(), 0);
+    return cell ? CString(cell->data(Qt::UserRole).toByteArray().toStdString()) : CString();
+}
+
+void PinView::SelectPin(const CString& name) {
+    const QByteArray bytes(name.GetString(), name.GetLength());
+    for (int row = 0; row < rowCount(); ++row)
+        if (!bytes.isEmpty() && item(row, 0)->data(Qt::UserRole).toByteArray() == bytes) {
+            setCurrentCell(row, 0);
+            scrollToItem(item(row, 0));
+            return;
+        }
 }
 
 }  // namespace host

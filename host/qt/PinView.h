@@ -14,6 +14,10 @@ public:
     /// Selects the next cell that contains a text in any case. After the last one comes the first one. False
     /// if there is none.
     bool FindNext(const QString& text, bool backward);
+    /// The name of the pin of the current row; empty where there is none.
+    CString CurrentPin() const;
+    /// Selects the first row of a pin.
+    void SelectPin(const CString& name);
 };
 
 }  // namespace host

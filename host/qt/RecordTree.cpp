@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <algorithm>
 
+#include "host/qt/Elided.h"
 #include "qt/Text.h"
 
 namespace host {
@@ -14,8 +15,7 @@ using veka::TreeNode;
 constexpr int kNodeRole = Qt::UserRole;
 
 QTreeWidgetItem* MakeItem(const TreeNode& node) {
-    auto* item =
-        new QTreeWidgetItem({veka::ToQString(CString(node.name)), veka::ToQString(CString(node.value))});
+    auto* item = new QTreeWidgetItem({Elided(CString(node.name)), Elided(CString(node.value))});
     item->setData(0, kNodeRole, QVariant::fromValue<const void*>(&node));
     if (!node.children.empty()) item->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
     return item;
@@ -146,6 +146,39 @@ bool RecordTree::FindNext(const QString& text, bool backward) {
     setCurrentItem(item);
     scrollToItem(item);
     return true;
+}
+
+bool RecordTree::SelectRecord(const void* record) {
+    Path path;
+    const auto find = [&](const auto& self, const TreeNode& node) -> bool {
+        for (size_t i = 0; i < node.children.size(); ++i) {
+            path.push_back(static_cast<int>(i));
+            if (node.children[i].record.record == record || self(self, node.children[i])) return true;
+            path.pop_back();
+        }
+        return false;
+    };
+    if (!record || !find(find, m_root)) return false;
+    QTreeWidgetItem* item = ItemAt(path);
+    setCurrentItem(item);
+    scrollToItem(item);
+    return true;
+}
+
+std::unordered_map<const void*, int> RecordTree::CurrentRecords() const {
+    std::unordered_map<const void*, int> records;
+    const auto addAll = [&](const auto& self, const TreeNode& node) -> void {
+        if (node.record.record) records.emplace(node.record.record, 0);
+        for (const TreeNode& child : node.children) self(self, child);
+    };
+    const QTreeWidgetItem* item = currentItem();
+    while (item && !NodeOf(item).record.record) item = item->parent();
+    if (!item) return records;
+    addAll(addAll, NodeOf(item));
+    int rank = 0;
+    for (item = item->parent(); item; item = item->parent())
+        if (!NodeOf(item).record.description->IsArray()) records.emplace(NodeOf(item).record.record, ++rank);
+    return records;
 }
 
 }  // namespace host

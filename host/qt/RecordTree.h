@@ -2,6 +2,7 @@
 
 #include <QTreeWidget>
 #include <set>
+#include <unordered_map>
 #include <vector>
 
 #include "inspect/Tree.h"
@@ -19,6 +20,11 @@ public:
     /// Selects the next field, in the order of the tree, whose name or value contains a text in any case.
     /// After the last one comes the first one. False if there is none.
     bool FindNext(const QString& text, bool backward);
+    /// Selects a record by its address. False if the tree does not have it.
+    bool SelectRecord(const void* record);
+    /// The records of the current field, by their addresses: rank 0 has the record that it is, or whose field
+    /// it is, and all records below, rank 1 the record around it, and so on.
+    std::unordered_map<const void*, int> CurrentRecords() const;
 
 private:
     /// The way to an item: its number among the children of the item above, for each step.

@@ -40,9 +40,8 @@ void AddWay(QPainterPath& path, const Frame& frame, const drawing::Vertex& from,
 
 class ShapePainter {
 public:
-    ShapePainter(QPainter& painter, const Scene& scene, const Frame& frame, const QColor& color,
-                 const QColor& ground)
-        : m_painter(painter), m_scene(scene), m_frame(frame), m_color(color), m_ground(ground) {}
+    ShapePainter(QPainter& painter, const Scene& scene, const Frame& frame, const ShapeLook& look)
+        : m_painter(painter), m_scene(scene), m_frame(frame), m_look(look) {}
 
     void Paint(const Shape& shape) {
         m_shape = &shape;
@@ -51,7 +50,8 @@ public:
 
 private:
     QPen PenOf(double width) const {
-        return QPen(m_color, std::max(width, drawing::kHairline), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+        return QPen(m_look.color, std::max(width, m_look.thinnest), Qt::SolidLine, Qt::RoundCap,
+                    Qt::RoundJoin);
     }
     /// The pen and the brush of an area.
     void SetArea(double width, bool filled) {
@@ -59,7 +59,7 @@ private:
         m_painter.setPen(hollow                   ? PenOf(drawing::kHairline * 2)
                          : filled && !(width > 0) ? QPen(Qt::NoPen)
                                                   : PenOf(width));
-        m_painter.setBrush(!filled ? QBrush(Qt::NoBrush) : QBrush(hollow ? m_ground : m_color));
+        m_painter.setBrush(!filled ? QBrush(Qt::NoBrush) : QBrush(hollow ? m_look.ground : m_look.color));
     }
     void Paint(const drawing::Line& line) {
         m_painter.setPen(PenOf(line.width));
@@ -111,7 +111,7 @@ private:
         font.setPixelSize(static_cast<int>(kFontPixels));
         font.setHintingPreference(QFont::PreferNoHinting);
         m_painter.setFont(font);
-        m_painter.setPen(m_color);
+        m_painter.setPen(m_look.color);
         const QFontMetricsF metrics(font);
         const std::vector<std::string_view> lines = drawing::LinesOf(bytes);
         for (size_t i = 0; i < lines.size(); ++i) {
@@ -130,7 +130,7 @@ private:
     QPainter& m_painter;
     const Scene& m_scene;
     const Frame& m_frame;
-    const QColor m_color, m_ground;
+    const ShapeLook& m_look;
     const Shape* m_shape = nullptr;
 };
 
@@ -141,8 +141,14 @@ QColor ToQColor(drawing::Color color) {
 }
 
 void PaintShape(QPainter& painter, const Scene& scene, const Shape& shape, const Frame& frame,
-                const QColor& color) {
-    ShapePainter(painter, scene, frame, color, color).Paint(shape);
+                const ShapeLook& look) {
+    ShapePainter(painter, scene, frame, look).Paint(shape);
+}
+
+QColor ShapeColor(const drawing::Layer& layer, drawing::Theme theme) {
+    QColor color = ToQColor(layer.ColorOn(theme));
+    color.setAlphaF(static_cast<float>(drawing::OpacityOf(layer.role)));
+    return color;
 }
 
 void PaintScene(QPainter& painter, const Scene& scene, drawing::Side from, const Frame& frame,
@@ -156,9 +162,8 @@ void PaintScene(QPainter& painter, const Scene& scene, drawing::Side from, const
         const bool painted =
             options.layers.empty() ? layer.shown : index < options.layers.size() && options.layers[index];
         if (painted && layer.SeenFrom(from)) {
-            QColor color = ToQColor(layer.ColorOn(options.theme));
-            color.setAlphaF(static_cast<float>(drawing::OpacityOf(layer.role)));
-            ShapePainter shapePainter(painter, scene, frame, color, ToQColor(drawing::Ground(options.theme)));
+            const ShapeLook look{ShapeColor(layer, options.theme), ToQColor(drawing::Ground(options.theme))};
+            ShapePainter shapePainter(painter, scene, frame, look);
             for (size_t i = first; i < end; ++i) shapePainter.Paint(shapes[i]);
         }
         first = end;

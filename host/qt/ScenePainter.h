@@ -17,9 +17,19 @@ struct PaintOptions {
 void PaintScene(QPainter& painter, const drawing::Scene& scene, drawing::Side from,
                 const drawing::Frame& frame, const PaintOptions& options);
 
-/// Paints one shape in a colour, for example a selected one.
+/// How one shape is painted.
+struct ShapeLook {
+    QColor color;
+    QColor ground;                         ///< what a hole is filled with
+    double thinnest = drawing::kHairline;  ///< no line is thinner, in millimetres
+};
+
+/// Paints one shape, for example a selected one.
 void PaintShape(QPainter& painter, const drawing::Scene& scene, const drawing::Shape& shape,
-                const drawing::Frame& frame, const QColor& color);
+                const drawing::Frame& frame, const ShapeLook& look);
+
+/// The colour of the shapes of a layer, with its opacity.
+QColor ShapeColor(const drawing::Layer& layer, drawing::Theme theme);
 
 /// Paints a whole sheet with its grounds and its titles.
 void PaintSheet(QPainter& painter, const drawing::Sheet& sheet);

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -16,6 +17,7 @@
 #include <QUrl>
 #include <QWindow>
 
+#include "host/qt/SceneView.h"
 #include "qt/Text.h"
 #include "support/Files.h"
 #include "support/QtScript.h"
@@ -136,11 +138,19 @@ TEST_F(QtMainWindow, RemembersTheLastFileAndDirectoryByteForByte) {
     EXPECT_TRUE(later.HasPart());
 }
 
-TEST_F(QtMainWindow, ADroppedFileIsImportedIntoTheLastLibrary) {
+TEST_F(QtMainWindow, ADroppedFileIsShownAndStoredByTheButton) {
     window.Suggest("", library);
+    auto* store = test::QtScript::Child<QPushButton>(window, "storeButton");
+    EXPECT_FALSE(store->isVisible());
     Drop({Url(file)});
     EXPECT_EQ(Text("number"), "A");
+    EXPECT_EQ(Text("state"), "Not stored");
+    EXPECT_FALSE(Stored("A"));
+    ASSERT_TRUE(store->isVisible());
+    QTest::mouseClick(store, Qt::LeftButton);
     EXPECT_TRUE(Stored("A"));
+    EXPECT_EQ(Text("state"), "Stored as A in " + std::string(library.View()));
+    EXPECT_FALSE(store->isVisible());
 }
 
 TEST_F(QtMainWindow, DroppedFilesAreImportedOneAfterAnother) {
@@ -152,23 +162,24 @@ TEST_F(QtMainWindow, DroppedFilesAreImportedOneAfterAnother) {
     EXPECT_TRUE(Stored("B"));
 }
 
-TEST_F(QtMainWindow, ADroppedFileAsksBeforeAPartIsOverwritten) {
+TEST_F(QtMainWindow, StoringADroppedFileAsksBeforeAPartIsOverwritten) {
     window.Suggest("", library);
     Drop({Url(file)});
+    Trigger("store");
     script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::No); });
     directory.Write("part \xFF.veka", "(VEK (PARTGENERAL (MPN A) (UNIT new)))");
     Drop({Url(file)});
+    Trigger("store");
     EXPECT_EQ(Text("identity"), "") << "the part that the question is about is shown";
     EXPECT_EQ(Text("state"), "Not stored: the library has the part already");
 }
 
-TEST_F(QtMainWindow, WithoutALibraryADroppedFileOpensTheDialog) {
-    script.Then([&](QWidget& dialog) {
-        QTest::keyClicks(test::QtScript::Child<QLineEdit>(dialog, "8005"), library.GetString());
-        test::QtScript::Click(dialog, "1");
-    });
+TEST_F(QtMainWindow, WithoutALibraryTheUserIsAskedForOne) {
     Drop({Url(file)});
-    EXPECT_TRUE(Stored("A"));
+    EXPECT_EQ(Text("number"), "A");
+    script.Then([&](QWidget& picker) { QTest::keyClick(&picker, Qt::Key_Escape); });
+    Trigger("store");
+    EXPECT_EQ(Text("state"), "Not stored");
 }
 
 TEST_F(QtMainWindow, ADragOfPartDataFilesIsWelcome) {
@@ -188,7 +199,7 @@ TEST_F(QtMainWindow, ADropIsACopyAndNeverAMove) {
     EXPECT_EQ(Drop({Url(file)}, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
     EXPECT_EQ(Drop({Url(directory.Write("B.veka", "(VEK (PARTGENERAL (MPN B)))"))}, Qt::MoveAction),
               Qt::IgnoreAction);
-    EXPECT_FALSE(Stored("B"));
+    EXPECT_EQ(Text("number"), "A");
 }
 
 /// Files of parts P0, P1 and so on, with a unit that makes their content another one.
@@ -256,9 +267,11 @@ TEST_F(QtMainWindow, OpenShowsAPartAndStoresNothing) {
 TEST_F(QtMainWindow, AReplacedPartIsRestored) {
     window.Suggest("", library);
     window.ImportFiles({directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A) (PARTDESC old)))")});
+    Trigger("store");
     directory.Write("part.veka", "(VEK (PARTGENERAL (MPN A) (PARTDESC new)))");
     script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::Yes); });
     window.ImportFiles({directory / "part.veka"});
+    Trigger("store");
     EXPECT_EQ(Text("identity"), "new");
     EXPECT_THAT(Text("state"), testing::EndsWith("; the part that was there can be restored"));
     Trigger("undo");
@@ -355,7 +368,8 @@ TEST_F(QtMainWindow, WhatIsToComeOnceItIsShownComesOnce) {
         EXPECT_TRUE(later.windowHandle()->isExposed());
         ++called;
     });
-    QTest::qWait(100);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return called > 0; }));
+    QTest::qWait(50);
     EXPECT_EQ(called, 1);
 }
 
@@ -386,6 +400,58 @@ TEST_F(QtMainWindow, FailuresAreToldInASentence) {
     expect("could not be stored: ");
     window.Import();
     EXPECT_EQ(Text("number"), "A") << "it is shown all the same";
+}
+
+TEST_F(QtMainWindow, AClickOnAPadSelectsItsRecordAndItsPin) {
+    window.Open({veka::FromPath(test::ProjectFolder("examples") / "op-amp.veka")});
+    auto* view = test::QtScript::Child<host::SceneView>(window, "footprintView");
+    auto* pins = test::QtScript::Child<QTableWidget>(window, "pins");
+    const drawing::Point pad{pins->item(3, 4)->text().toDouble(), pins->item(3, 5)->text().toDouble()};
+    QTest::mouseClick(view, Qt::LeftButton, {}, view->ToWidget(pad).toPoint());
+    ASSERT_TRUE(Records()->currentItem());
+    EXPECT_TRUE(Records()->currentItem()->text(0).endsWith(" 4"))
+        << Records()->currentItem()->text(0).toStdString();
+    EXPECT_EQ(Records()->currentItem()->parent()->text(0), "FPins");
+    EXPECT_EQ(pins->currentRow(), 3);
+    EXPECT_FALSE(view->Highlighted().empty());
+    QTest::mouseClick(view, Qt::LeftButton, {}, {2, 2});
+    EXPECT_FALSE(Records()->currentItem());
+    EXPECT_TRUE(view->Highlighted().empty());
+}
+
+TEST_F(QtMainWindow, AFieldInTheTreeHighlightsItsRecord) {
+    window.Open({veka::FromPath(test::ProjectFolder("examples") / "op-amp.veka")});
+    auto* view = test::QtScript::Child<host::SceneView>(window, "footprintView");
+    Trigger("find");
+    auto* text = test::QtScript::Child<QLineEdit>(window, "findText");
+    QTest::keyClicks(text, "LibPadstackName");
+    QTest::keyClick(text, Qt::Key_Return);
+    const std::vector<std::size_t> first = view->Highlighted();
+    EXPECT_FALSE(first.empty());
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_FALSE(view->Highlighted().empty());
+    EXPECT_NE(view->Highlighted(), first);
+    Records()->setCurrentItem(Records()->topLevelItem(0)->child(0));
+    EXPECT_TRUE(view->Highlighted().empty()) << "the part as a whole is no shape";
+    test::QtScript::Child<QTableWidget>(window, "pins")->setCurrentCell(2, 0);
+    EXPECT_FALSE(view->Highlighted().empty());
+}
+
+TEST_F(QtMainWindow, ThePointersPlaceIsInTheStatusBar) {
+    window.Open({veka::FromPath(test::ProjectFolder("examples") / "op-amp.veka")});
+    auto* view = test::QtScript::Child<host::SceneView>(window, "footprintView");
+    QTest::mouseMove(view, {30, 40});
+    QTest::qWait(20);
+    EXPECT_THAT(Text("place"), testing::HasSubstr("mil"));
+}
+
+TEST_F(QtMainWindow, ALongTextIsShownShort) {
+    const std::string name(1'000'000, 'x');
+    window.Open(
+        {directory.Write("long.veka", "(VEK (PARTGENERAL (MPN " + name + ") (PARTDESC " + name + ")))")});
+    EXPECT_LT(Text("number").size(), 600u);
+    EXPECT_LT(Records()->topLevelItem(0)->child(0)->child(0)->text(1).size(), 600);
+    window.grab();
 }
 
 }  // namespace
