@@ -14,9 +14,9 @@ namespace host {
 
 /// A part data file, read once: its bytes and what the import made of them.
 struct ImportedPart {
-    CString file;         ///< as the user named it
-    FileContent content;  ///< what is stored
-    std::unique_ptr<CVEKA_Manager> model;
+    CString file;                          ///< as the user named it
+    FileContent content;                   ///< what is stored
+    std::shared_ptr<CVEKA_Manager> model;  ///< shared with a thread that makes its solids
     std::vector<std::string> faults;  ///< a sentence for each thing that is wrong with the file as a whole
     veka::ImportResult result;
 

@@ -23,13 +23,16 @@
 #include <QWindow>
 
 #include "files/Paths.h"
+#include "host/CheckFiles.h"
 #include "host/Failure.h"
 #include "host/qt/Elided.h"
 #include "host/qt/FindBar.h"
+#include "host/qt/FindingsView.h"
 #include "host/qt/PartPictures.h"
 #include "host/qt/Pickers.h"
 #include "host/qt/PinView.h"
 #include "host/qt/RecordTree.h"
+#include "host/qt/SolidView.h"
 #include "qt/QtUserInterface.h"
 #include "qt/Text.h"
 #include "window/AfxMessageBox.h"
@@ -226,6 +229,7 @@ void MainWindow::MakeContent() {
     m_storeButton->hide();
     connect(m_storeButton, &QPushButton::clicked, this, [this] { StorePart(); });
     MakePictures();
+    MakeReport();
 
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
@@ -267,6 +271,8 @@ void MainWindow::MakeContent() {
 /// What is selected in the records or the pins is highlighted in the pictures, and the other way round.
 void MainWindow::MakePictures() {
     m_pictures = new PartPictures;
+    m_solids = new SolidView;
+    m_pictures->addTab(m_solids, "&3D");
     auto* place = new QLabel;
     place->setObjectName("place");
     statusBar()->addPermanentWidget(place);
@@ -277,6 +283,36 @@ void MainWindow::MakePictures() {
     connect(m_pins, &QTableWidget::currentCellChanged, this, [this](int row, int, int former, int) {
         if (row != former) m_pictures->HighlightPin(m_pins->CurrentPin());
     });
+}
+
+/// The report is a tab beside the pictures, with the number of errors and warnings in its title.
+void MainWindow::MakeReport() {
+    m_findings = new FindingsView;
+    const int tab = m_pictures->addTab(m_findings, "Repor&t");
+    m_findings->onReport = [this, tab] {
+        const std::size_t count = m_findings->Report().Count(veka::Severity::Error) +
+                                  m_findings->Report().Count(veka::Severity::Warning);
+        m_pictures->setTabText(tab, count ? "Repor&t (" + QString::number(count) + ')' : "Repor&t");
+        m_pictures->setTabToolTip(tab, QString::fromStdString(CountOfFindings(m_findings->Report())));
+    };
+    m_findings->onSelect = [this](veka::Place place) { SelectAt(place); };
+}
+
+void MainWindow::SelectAt(veka::Place place) {
+    if (!m_part) return;
+    if (!m_places) m_places = std::make_unique<veka::RecordPlaces>(m_part->content.bytes, m_part->Model());
+    m_records->SelectRecord(m_places->At(place).record);
+}
+
+CString MainWindow::FindingsSentence() {
+    const std::string count = CountOfFindings(m_findings->Report());
+    return count.empty() ? CString() : CString("A check of the file finds " + count + '.');
+}
+
+bool MainWindow::MayStore() {
+    const CString findings = FindingsSentence();
+    if (findings.IsEmpty() || std::exchange(m_toldFindings, true)) return true;
+    return AfxMessageBox(findings + " Store the part?", MB_YESNO) == IDYES;
 }
 
 void MainWindow::Select(const void* record) {
@@ -445,6 +481,7 @@ void MainWindow::Guarded(const CString& file, const std::function<void()>& deed)
 void MainWindow::StoreIn(const CString& library, Existing existing) {
     ShowNotStored();
     Guarded(m_part->file, [&] {
+        if (existing == Existing::Keep && !host::HasPart(library, m_part->Name()) && !MayStore()) return;
         Outcome outcome = Store(*m_part, library, existing, WaitingBox(library));
         if (outcome == Outcome::Kept && MayReplace(*m_part))
             outcome = Store(*m_part, library, Existing::Replace, WaitingBox(library));
@@ -453,13 +490,16 @@ void MainWindow::StoreIn(const CString& library, Existing existing) {
         Remember(kLastLibrary, library);
         AddRecent(kRecentLibraries, library);
         ShowState("Stored as " + CString(m_part->Name()) + " in " + library +
-                  (outcome == Outcome::Replaced ? "; the part that was there can be restored" : ""));
+                  (outcome == Outcome::Replaced ? "; the part that was there can be restored" : "") +
+                  (m_toldFindings || FindingsSentence().IsEmpty() ? CString() : "; " + FindingsSentence()));
     });
 }
 
 bool MainWindow::MayReplace(const ImportedPart& part) {
     CString text = "\"" + CString(part.Name()) + "\" is in the library already. Replace it?";
     if (!part.faults.empty()) text += "\n\nThe file is faulty: " + CString(FaultSentence(part));
+    const CString findings = FindingsSentence();
+    if (!findings.IsEmpty() && !std::exchange(m_toldFindings, true)) text += "\n\n" + findings;
     return AfxMessageBox(text, MB_YESNO) == IDYES;
 }
 
@@ -526,7 +566,13 @@ void MainWindow::ShowPart(bool keep) {
     m_faults->setText(Elided("Faulty: " + CString(FaultSentence(*m_part))));
     m_faults->setVisible(!m_part->faults.empty());
     m_store->setEnabled(true);
-    if (!keep) m_pictures->ShowPart(m_part->Model());
+    if (!keep) {
+        m_pictures->ShowPart(m_part->Model());
+        m_solids->ShowPart(m_part->model, std::string(m_part->file.View()));
+        m_places.reset();
+        m_toldFindings = false;
+        m_findings->ShowFile(std::string(m_part->file.View()), m_part->content.bytes);
+    }
     m_records->ShowPart(m_part->Model(), m_showAll->isChecked(), keep);
     m_pins->ShowPart(m_part->Model());
 }

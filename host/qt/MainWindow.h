@@ -3,9 +3,11 @@
 #include <QMainWindow>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 
 #include "host/ImportDialog.h"
+#include "report/RecordPlaces.h"
 
 class QAction;
 class QLabel;
@@ -18,9 +20,11 @@ class QTreeWidget;
 namespace host {
 
 class FindBar;
+class FindingsView;
 class PartPictures;
 class PinView;
 class RecordTree;
+class SolidView;
 
 /// The application's window. It opens parts to look at them, imports them by the dialog or as files dropped
 /// on it, and shows the last one: its identity at the top, and below it the records as a tree, the pins as a
@@ -61,6 +65,14 @@ private:
 
     void MakeContent();
     void MakePictures();
+    void MakeReport();
+    /// Selects the record that a place of the file gave.
+    void SelectAt(veka::Place place);
+    /// Says once how many findings the report of a part has that is to be stored; false if the user then
+    /// does not want it.
+    bool MayStore();
+    /// The findings of the part's report as a sentence; empty without any.
+    CString FindingsSentence();
     void MakeActions();
     void RunDialog(const CString& file, const CString& library);
     CString LibraryOrAsk();
@@ -102,6 +114,10 @@ private:
     RecordTree* m_records;
     PinView* m_pins;
     PartPictures* m_pictures;
+    FindingsView* m_findings;
+    SolidView* m_solids;
+    std::unique_ptr<veka::RecordPlaces> m_places;  // made when it is first needed
+    bool m_toldFindings = false;
     FindBar* m_find;
     QWidget* m_filesDock;
     QTreeWidget* m_files;

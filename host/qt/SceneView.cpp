@@ -55,6 +55,11 @@ void ForEachPoint(const drawing::Scene& scene, const Shape& shape, Call call) {
 
 }  // namespace
 
+drawing::Theme ThemeOf(const QPalette& palette) {
+    constexpr int kHalf = 128;
+    return palette.color(QPalette::Window).lightness() < kHalf ? drawing::Theme::Dark : drawing::Theme::Light;
+}
+
 QString LengthText(double millimetres) {
     return Number(millimetres, 4) + " mm (" + Number(millimetres / kMil, 2) + " mil)";
 }
@@ -134,12 +139,6 @@ void SceneView::Highlight(std::vector<std::size_t> shapes) {
 
 bool SceneView::IsShown(const drawing::Layer& layer) const {
     return layer.SeenFrom(m_from) && m_layers[static_cast<std::size_t>(&layer - m_scene->Layers().data())];
-}
-
-drawing::Theme SceneView::Theme() const {
-    constexpr int kHalf = 128;
-    return palette().color(QPalette::Window).lightness() < kHalf ? drawing::Theme::Dark
-                                                                 : drawing::Theme::Light;
 }
 
 void SceneView::Fit() {

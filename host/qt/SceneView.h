@@ -13,6 +13,9 @@
 
 namespace host {
 
+/// The theme of drawings that goes with a palette.
+drawing::Theme ThemeOf(const QPalette& palette);
+
 /// Shows a scene. The wheel zooms at the pointer, the middle button or the left one with the space bar moves
 /// the scene, F fits it, and a click picks a shape. D begins to measure: two clicks give a distance, and
 /// Escape ends.
@@ -49,7 +52,7 @@ public:
     /// The distance between the two points that were clicked.
     std::optional<double> Distance() const;
     /// The ground that goes with the window's colours.
-    drawing::Theme Theme() const;
+    drawing::Theme Theme() const { return ThemeOf(palette()); }
 
     /// A point of the widget in the scene, and back.
     drawing::Point ToScene(QPointF point) const;

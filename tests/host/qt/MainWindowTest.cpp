@@ -454,4 +454,47 @@ TEST_F(QtMainWindow, ALongTextIsShownShort) {
     window.grab();
 }
 
+TEST_F(QtMainWindow, TheReportHasATabWithTheNumberOfFindings) {
+    window.Open({directory.Write("a.veka",
+                                 "(VEK (PARTGENERAL (MPN A)) (PACKAGES (PACKAGE (NAME P)\n(PKGPINS (PKGPIN 1)"
+                                 "\n(PKGPIN 2 (ROTATON 90))))))")});
+    auto* pictures = test::QtScript::Child<QTabWidget>(window, "pictures");
+    auto* findings = test::QtScript::Child<QTableWidget>(window, "findings");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return findings->rowCount() > 0; }));
+    const int tab = pictures->indexOf(test::QtScript::Child<QWidget>(window, "report"));
+    EXPECT_EQ(pictures->tabText(tab), "Repor&t (1)");
+    EXPECT_EQ(pictures->tabToolTip(tab), "1 warning");
+    pictures->setCurrentIndex(tab);
+    QTest::mouseClick(findings->viewport(), Qt::LeftButton, {},
+                      findings->visualItemRect(findings->item(0, 3)).center());
+    ASSERT_TRUE(Records()->currentItem());
+    EXPECT_EQ(Records()->currentItem()->text(0), "[1] 2");
+    window.Open({file});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pictures->tabText(tab) == "Repor&t"; }));
+}
+
+TEST_F(QtMainWindow, BeforeAPartWithFindingsIsStoredTheWindowSaysSoOnce) {
+    window.Suggest("", library);
+    window.Open({directory.Write("a.veka", "(VEK (PARTGENERAL (MPN A) (MPNN B)))")});
+    script.Then([](QWidget& question) {
+        EXPECT_THAT(qobject_cast<QMessageBox*>(&question)->text().toStdString(),
+                    testing::HasSubstr("A check of the file finds 1 warning. Store the part?"));
+        test::QtScript::Answer(question, QMessageBox::No);
+    });
+    Trigger("store");
+    EXPECT_EQ(Text("state"), "Not stored");
+    EXPECT_FALSE(Stored("A"));
+    Trigger("store");
+    EXPECT_TRUE(Stored("A")) << "it is said once";
+    window.Open({directory / "a.veka"});
+    script.Then([](QWidget& question) {
+        EXPECT_THAT(
+            qobject_cast<QMessageBox*>(&question)->text().toStdString(),
+            testing::AllOf(testing::HasSubstr("Replace it?"), testing::HasSubstr("finds 1 warning.")));
+        test::QtScript::Answer(question, QMessageBox::Yes);
+    });
+    Trigger("store");
+    EXPECT_THAT(Text("state"), testing::HasSubstr("Stored as A"));
+}
+
 }  // namespace
