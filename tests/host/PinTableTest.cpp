@@ -11,7 +11,7 @@ namespace {
 
 using testing::ElementsAre;
 
-std::unique_ptr<CVEKA_Manager> Read(const std::string& text) {
+std::shared_ptr<CVEKA_Manager> Read(const std::string& text) {
     std::istringstream in(text);
     return host::ReadPart(in).model;
 }
