@@ -10,6 +10,7 @@
 #include "host/Failure.h"
 #include "host/ImportedPart.h"
 #include "host/Messages.h"
+#include "host/PartFiles.h"
 #include "platform/Printable.h"
 #include "report/Sarif.h"
 
@@ -28,10 +29,8 @@ public:
 
     int Run() {
         for (const std::string& file : m_line.files) {
-            const std::filesystem::path path = veka::ToPath(CString(file));
-            std::error_code error;
-            if (file != kStandardInput && std::filesystem::is_directory(path, error))
-                CheckDirectory(path, file);
+            if (IsDirectoryOfFiles(file))
+                CheckDirectory(file);
             else
                 CheckFile(file);
         }
@@ -47,19 +46,12 @@ private:
         std::size_t errors = 0, warnings = 0, notes = 0;
     };
 
-    void CheckDirectory(const std::filesystem::path& directory, const std::string& name) {
-        std::vector<std::string> files;
-        std::error_code error;
-        std::filesystem::recursive_directory_iterator entry(directory, error), end;
-        for (; !error && entry != end; entry.increment(error))
-            if (entry->path().extension() == ".veka" && entry->is_regular_file(error))
-                files.emplace_back(veka::FromPath(entry->path()).View());
-        if (error)
-            Fail("the directory \"" + name + "\" cannot be read: " + error.message());
-        else if (files.empty())
-            m_messages.Say("the directory \"" + name + "\" holds no part data file");
-        std::sort(files.begin(), files.end());
+    void CheckDirectory(const std::string& name) try {
+        const std::vector<std::string> files = PartFilesBelow(veka::ToPath(CString(name)));
+        if (files.empty()) m_messages.Say("the directory \"" + name + "\" holds no part data file");
         for (const std::string& file : files) CheckFile(file);
+    } catch (const SourceError& error) {
+        Fail(error.what());
     }
 
     void CheckFile(const std::string& file) {

@@ -9,6 +9,7 @@ namespace host {
 
 const char* const kUsage =
     "usage: veka-host [FILE...] [--library DIR] [--overwrite yes|no|ask] [--print [json]] [--pins [csv]]\n"
+    "                 [--jobs NUMBER] [--summary json]\n"
     "                 [--step FILE] [--gltf FILE] [--step-folder DIR...]\n"
     "                 [--picture FILE [--of WHAT] [--side top|bottom]] [--quiet] [--ui qt|win32|console]\n"
     "       veka-host --open [FILE...]\n"
@@ -19,8 +20,10 @@ const char* const kUsage =
     "Without FILE a dialog asks for the file and the library: in a window if there is a display, and\n"
     "otherwise on the terminal.\n"
     "\n"
-    "  --library DIR       store each part in this directory\n"
+    "  --library DIR       store each part in this directory. FILE can then be a directory\n"
     "  --overwrite HOW     what to do with a part that the library already has (ask)\n"
+    "  --jobs NUMBER       how many files are read side by side (one for each processor)\n"
+    "  --summary json      print what became of each file as JSON\n"
     "  --print             print every record as an outline\n"
     "  --print json        print every record as JSON, one line for each file\n"
     "  --pins              print the pins as a table\n"
@@ -146,6 +149,9 @@ void Require(const CommandLine& line) {
     if (line.Attended() && standardInput) throw UsageError("a window cannot read standard input");
     if (line.Attended() && line.files.size() > 1 && (line.Shown() || line.windows == Windows::Console))
         throw UsageError("only one file can be imported here");
+    if (line.jsonSummary && (line.library.empty() || line.files.empty() || line.Attended() || line.Shown()))
+        throw UsageError("--summary needs a file and --library DIR, and prints nothing else");
+    if (line.jsonSummary && standardInput) throw UsageError("--summary needs a file or a directory");
     if (line.open && line.Shown()) throw UsageError("--open only shows files in the window");
     if (line.files.size() > 1 && standardInput)
         throw UsageError("standard input can only be imported by itself");
@@ -213,6 +219,11 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             pictured = true;
             line.side = OneOf<drawing::Side>(
                 option, next.Value(), {{"top", drawing::Side::Top}, {"bottom", drawing::Side::Bottom}});
+        } else if (option == "--jobs") {
+            line.jobs = Number(option, next.Value(), "threads");
+        } else if (option == "--summary") {
+            OneOf<int>(option, next.Value(), {{"json", 0}});
+            line.jsonSummary = true;
         } else if (option == "--wait") {
             line.wait = Seconds(option, next.Value());
         } else if (option == "--print") {

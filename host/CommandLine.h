@@ -40,6 +40,8 @@ struct CommandLine {
     bool undo = false;               ///< restore replaced parts, whose part numbers are in `files`
     bool open = false;               ///< show the files in the window
     std::vector<std::string> files;  ///< empty: the user names a file in the dialog
+    unsigned jobs = 0;               ///< how many files are read side by side; 0: one for each processor
+    bool jsonSummary = false;        ///< print what became of each file as JSON
     std::string library;             ///< directory that parts are stored in; empty: nothing is stored
     Overwrite overwrite = Overwrite::Ask;
     Print print = Print::Summary;

@@ -7,6 +7,7 @@
 
 #include "console/ConsoleUserInterface.h"
 #include "files/Paths.h"
+#include "host/BatchCommand.h"
 #include "host/CheckFiles.h"
 #include "host/CommandLine.h"
 #include "host/Desktop.h"
@@ -15,6 +16,7 @@
 #include "host/Interrupt.h"
 #include "host/Messages.h"
 #include "host/OutputFile.h"
+#include "host/PartFiles.h"
 #include "host/Picture.h"
 #include "host/PinTable.h"
 #include "host/Solids.h"
@@ -43,10 +45,13 @@ public:
 
     /// Imports the files without a dialog.
     int ImportFiles() {
+        if (IsBatch(m_line)) return ImportFilesAsBatch(m_line, m_streams, WaitingFor(m_line.library));
         int worst = kImported;
         Interrupt::Forget();
-        int left = static_cast<int>(m_line.files.size());
-        for (const std::string& file : m_line.files) {
+        const std::vector<std::string> files =
+            m_line.library.empty() ? m_line.files : ExpandDirectories(m_line.files);
+        int left = static_cast<int>(files.size());
+        for (const std::string& file : files) {
             worst = std::max<int>(worst, ImportFile(file));
             --left;
             if (Interrupt::Happened()) break;

@@ -76,7 +76,20 @@ void RequireCompleted(const std::string& file, const veka::ImportResult& result,
     throw ImportEnded("the import of " + subject + " was cancelled");
 }
 
-ImportedPart Import(const CString& file, FileContent content, const Reading& reading) {
+/// Why a file that breaks off has no part.
+std::string WhereItEnds(const ImportedPart& part) {
+    std::vector<std::string> faults;
+    if (!part.result.structure.open.empty()) AddFaultsOfLevels(faults, part.result);
+    return faults.empty() ? "" : ": " + faults.back();
+}
+
+}  // namespace
+
+std::string ImportedPart::Name() const {
+    return std::string(SBUtility::GetInstance().EncodeEntityCode(Mpn()).View());
+}
+
+ImportedPart ReadPart(const CString& file, FileContent content, const Reading& reading) {
     ImportedPart part{file, std::move(content), nullptr, {}, {}};
     std::optional<Interrupt> interrupt;
     if (reading.interruptible) interrupt.emplace();
@@ -98,19 +111,6 @@ ImportedPart Import(const CString& file, FileContent content, const Reading& rea
     return part;
 }
 
-/// Why a file that breaks off has no part.
-std::string WhereItEnds(const ImportedPart& part) {
-    std::vector<std::string> faults;
-    if (!part.result.structure.open.empty()) AddFaultsOfLevels(faults, part.result);
-    return faults.empty() ? "" : ": " + faults.back();
-}
-
-}  // namespace
-
-std::string ImportedPart::Name() const {
-    return std::string(SBUtility::GetInstance().EncodeEntityCode(Mpn()).View());
-}
-
 FileContent ReadContent(const std::string& file, std::istream& in, const Limits& limits) {
     const std::uint64_t limit = Bytes(limits.size);
     if (file != kStandardInput) return ReadRegularFile(veka::ToPath(CString(file)), limit);
@@ -130,11 +130,11 @@ FileContent ReadContent(const std::string& file, std::istream& in, const Limits&
 }
 
 ImportedPart ReadPart(const CString& file, const Reading& reading) {
-    return Import(file, ReadRegularFile(veka::ToPath(file), Bytes(reading.limits.size)), reading);
+    return ReadPart(file, ReadRegularFile(veka::ToPath(file), Bytes(reading.limits.size)), reading);
 }
 
 ImportedPart ReadPart(std::istream& in, const Reading& reading) {
-    return Import(kStandardInput, ReadContent(kStandardInput, in, reading.limits), reading);
+    return ReadPart(kStandardInput, ReadContent(kStandardInput, in, reading.limits), reading);
 }
 
 void RequireSections(const ImportedPart& part) {
@@ -146,13 +146,16 @@ void RequirePartNumber(const ImportedPart& part) {
     if (part.Mpn().IsEmpty()) throw NoPart(Quoted(part.file) + " holds no part with a part number");
 }
 
+std::string StoredFileName(const ImportedPart& part) {
+    return part.file == kStandardInput
+               ? part.Name() + ".veka"
+               : std::string(veka::FromPath(veka::ToPath(part.file).filename()).View());
+}
+
 Outcome Store(const ImportedPart& part, const CString& library, Existing existing, const Waiting& waiting) {
     RequirePartNumber(part);
-    const std::string name = part.Name();
-    const std::string fileName = part.file == kStandardInput
-                                     ? name + ".veka"
-                                     : std::string(veka::FromPath(veka::ToPath(part.file).filename()).View());
-    return PartLibrary(veka::ToPath(library), waiting).Store(name, fileName, part.content, existing);
+    return PartLibrary(veka::ToPath(library), waiting)
+        .Store(part.Name(), StoredFileName(part), part.content, existing);
 }
 
 bool HasPart(const CString& library, const std::string& name) {

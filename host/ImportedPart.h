@@ -46,6 +46,8 @@ FileContent ReadContent(const std::string& file, std::istream& in, const Limits&
 
 /// Reads and imports a part data file. Raises `SourceError`, `ImportEnded`, and what the import raises.
 ImportedPart ReadPart(const CString& file, const Reading& reading = {});
+/// Imports the content of a part data file that was read.
+ImportedPart ReadPart(const CString& file, FileContent content, const Reading& reading);
 /// Reads and imports a part data file from standard input.
 ImportedPart ReadPart(std::istream& in, const Reading& reading = {});
 
@@ -53,6 +55,9 @@ ImportedPart ReadPart(std::istream& in, const Reading& reading = {});
 void RequireSections(const ImportedPart& part);
 /// Raises `NoPart` where a part cannot have a place in a library.
 void RequirePartNumber(const ImportedPart& part);
+
+/// The name of the part's file in a library.
+std::string StoredFileName(const ImportedPart& part);
 
 /// Stores the bytes of a part's file in a library. Raises `NoPart` and `StoreError`.
 Outcome Store(const ImportedPart& part, const CString& library, Existing existing,

@@ -1,5 +1,7 @@
 #include "host/PartLibrary.h"
 
+#include <algorithm>
+#include <optional>
 #include <string_view>
 
 namespace host {
@@ -31,22 +33,23 @@ Directory PrepareTrash(const Directory& library, const std::string& name) {
 
 /// Moves what waits under the name `Old(name)` to the trash. The part that the trash has of that name is
 /// removed.
-void MoveToTrash(const Directory& library, const Directory& trash, const std::string& name) {
+void MoveToTrash(const Directory& library, const Directory& trash, const std::string& name,
+                 Durable durable = Durable::AtOnce) {
     trash.RemoveAll(name);
     Move(library, Old(name), trash, name);
-    trash.Sync();
+    if (durable == Durable::AtOnce) trash.Sync();
 }
 
 /// Ends what an interrupted store began: puts a part back that was taken away, and removes a new part that
-/// was not finished.
-void CleanUp(const Directory& library) {
+/// was not finished, except `except`.
+void CleanUp(const Directory& library, const std::string& except = "") {
     for (const std::string& entry : library.Names()) {
-        if (entry.starts_with(kNew)) library.RemoveAll(entry);
+        if (entry.starts_with(kNew) && entry != except) library.RemoveAll(entry);
         if (!entry.starts_with(kOld)) continue;
         const std::string name = entry.substr(kOld.size());
         try {
-            if (!library.MoveToFree(entry, library, name))
-                MoveToTrash(library, PrepareTrash(library, name), name);
+            if (library.MoveToFree(entry, library, name)) continue;
+            MoveToTrash(library, PrepareTrash(library, name), name);
         } catch (const StoreError&) {
             // Perhaps the one copy of a part. The next store tries again.
         }
@@ -66,33 +69,109 @@ void MoveIntoPlace(const Directory& from, const std::string& ready, const Direct
     }
 }
 
-/// Puts a new part in the place of a part, which goes to the trash. Where that fails, all is as it was.
-void Replace(const Directory& library, const std::string& fresh, const std::string& name) {
-    library.RequireMovable(name);
-    const Directory trash = PrepareTrash(library, name);
+/// Puts the new part `fresh` of a directory in the place of a movable part, which goes to the trash. Where
+/// that fails, all is as it was.
+void Replace(const Directory& library, const Directory& trash, const Directory& from,
+             const std::string& fresh, const std::string& name, Durable durable = Durable::AtOnce) {
     // Under this name the old part is found after a crash.
-    Move(library, fresh, library, Old(name));
+    Move(from, fresh, library, Old(name));
     bool exchanged = false;
     try {
         exchanged = library.Exchange(Old(name), library, name);
     } catch (...) {
-        library.MoveToFree(Old(name), library, fresh);
+        library.MoveToFree(Old(name), from, fresh);
         throw;
     }
     if (!exchanged) {
-        Move(library, Old(name), library, fresh);
-        MoveIntoPlace(library, fresh, library, name);
+        Move(library, Old(name), from, fresh);
+        MoveIntoPlace(from, fresh, library, name);
     }
     try {
-        MoveToTrash(library, trash, name);
+        MoveToTrash(library, trash, name, durable);
     } catch (...) {
         if (exchanged && library.Exchange(Old(name), library, name))
-            library.MoveToFree(Old(name), library, fresh);
-        if (!exchanged && library.MoveToFree(name, library, fresh))
-            library.MoveToFree(Old(name), library, name);
+            library.MoveToFree(Old(name), from, fresh);
+        if (!exchanged && library.MoveToFree(name, from, fresh)) library.MoveToFree(Old(name), library, name);
         throw;
     }
 }
+
+/// Raises `StoreError` for names that a part and its file cannot have.
+void RequireNames(const std::string& name, const std::string& fileName) {
+    if (!IsFileName(name) || name[0] == '.') throw StoreError("\"" + name + "\" is no name for a part");
+    if (!IsFileName(fileName)) throw StoreError("\"" + fileName + "\" is no name for a file");
+}
+
+/// True if the library has a part with this very content.
+bool HasContent(const Directory& library, const NewPart& part) {
+    try {
+        const Directory directory = library.Open(part.name);
+        const std::string source = SourceName(directory);
+        const std::uintmax_t size = part.content.bytes.size();
+        return !source.empty() && directory.Status(source).size == size &&
+               directory.ReadFile(source, size).bytes == part.content.bytes;
+    } catch (const StoreError&) {
+        return false;
+    } catch (const SourceError&) {
+        return false;
+    }
+}
+
+/// The parts of a group on their way: written into one new directory of the library, and then published.
+class Group {
+public:
+    explicit Group(const Directory& library) : m_library(library) {}
+    ~Group() {
+        if (m_new) m_library.RemoveAll(m_new->Name());
+    }
+    Group(const Group&) = delete;
+    Group& operator=(const Group&) = delete;
+
+    /// Writes a part, which nobody sees yet.
+    void Write(const NewPart& part) {
+        if (!m_new) m_new.emplace(m_library.MakeUnique(kNew));
+        if (m_new->Has(part.name)) throw StoreError("\"" + part.name + "\" is twice in one group");
+        try {
+            const Directory directory = m_new->OpenOrMake(part.name);
+            directory.Write(part.fileName, part.content, Durable::WithSyncAll);
+            directory.ShareLike(m_library);
+        } catch (...) {
+            m_new->RemoveAll(part.name);
+            throw;
+        }
+    }
+    /// Waits until what was written is on the disk.
+    void Sync() const {
+        if (m_new) m_library.SyncAll();
+    }
+    /// Puts a part that was written into its place.
+    Outcome Publish(const NewPart& part) {
+        if (m_new->MoveToFree(part.name, m_library, part.name)) return Outcome::New;
+        if (part.existing == Existing::Keep) return Outcome::Kept;
+        m_library.RequireMovable(part.name);
+        if (m_library.Has(Old(part.name))) CleanUp(m_library, m_new->Name());
+        if (!m_trash) {
+            m_trash.emplace(m_library.OpenOrMake(kTrash));
+            // Until the group is stored it is not known which of its parts will be the last.
+            m_trash->RemoveAll(kLast);
+        }
+        Replace(m_library, *m_trash, *m_new, part.name, part.name, Durable::WithSyncAll);
+        m_last = part.name;
+        return Outcome::Replaced;
+    }
+    /// Waits until all places are on the disk.
+    void End() {
+        if (!m_new) return;
+        if (!m_last.empty()) m_trash->Write(kLast, {m_last, 0666});
+        if (m_trash) m_trash->Sync();
+        m_library.Sync();
+    }
+
+private:
+    const Directory& m_library;
+    std::optional<Directory> m_new, m_trash;
+    std::string m_last;
+};
 
 }  // namespace
 
@@ -101,9 +180,7 @@ PartLibrary::PartLibrary(std::filesystem::path directory, Waiting waiting)
 
 Outcome PartLibrary::Store(const std::string& name, const std::string& fileName, const FileContent& content,
                            Existing existing) {
-    if (!IsFileName(name) || name[0] == '.') throw StoreError("\"" + name + "\" is no name for a part");
-    if (!IsFileName(fileName)) throw StoreError("\"" + fileName + "\" is no name for a file");
-
+    RequireNames(name, fileName);
     const Directory library(m_directory);
     const FileLock lock(library, kLock, m_waiting);
     CleanUp(library);
@@ -124,7 +201,8 @@ Outcome PartLibrary::Store(const std::string& name, const std::string& fileName,
                 library.RemoveAll(fresh);
                 return Outcome::Kept;
             }
-            Replace(library, fresh, name);
+            library.RequireMovable(name);
+            Replace(library, PrepareTrash(library, name), library, fresh, name);
             outcome = Outcome::Replaced;
         }
         library.Sync();
@@ -133,6 +211,45 @@ Outcome PartLibrary::Store(const std::string& name, const std::string& fileName,
         if (!fresh.empty()) library.RemoveAll(fresh);
         throw;
     }
+}
+
+std::vector<GroupOutcome> PartLibrary::StoreGroup(const std::vector<NewPart>& parts) {
+    const Directory library(m_directory);
+    const FileLock lock(library, kLock, m_waiting);
+    // The entries of a large library are looked at once, and not again for each group.
+    if (!m_cleaned) CleanUp(library);
+    m_cleaned = true;
+
+    Group group(library);
+    std::vector<GroupOutcome> outcomes;
+    std::vector<size_t> written;
+    for (const NewPart& part : parts) {
+        outcomes.emplace_back();
+        GroupOutcome& outcome = outcomes.back();
+        try {
+            RequireNames(part.name, part.fileName);
+            if (library.Has(part.name)) {
+                const bool same = HasContent(library, part);
+                outcome.outcome = same ? Outcome::Unchanged : Outcome::Kept;
+                if (same || part.existing == Existing::Keep) continue;
+            }
+            group.Write(part);
+            written.push_back(outcomes.size() - 1);
+        } catch (const DiskFull& error) {
+            outcome.failure = error.what();
+            break;
+        } catch (const StoreError& error) {
+            outcome.failure = error.what();
+        }
+    }
+    group.Sync();
+    for (const size_t place : written) try {
+            outcomes[place].outcome = group.Publish(parts[place]);
+        } catch (const StoreError& error) {
+            outcomes[place].failure = error.what();
+        }
+    group.End();
+    return outcomes;
 }
 
 std::string PartLibrary::Undo(std::string name) {
@@ -153,6 +270,27 @@ std::string PartLibrary::Undo(std::string name) {
     }
     library.Sync();
     return name;
+}
+
+bool IsPartDataName(std::string_view name) {
+    constexpr std::string_view kEnd = ".veka";
+    if (name.size() < kEnd.size()) return false;
+    name.remove_prefix(name.size() - kEnd.size());
+    return std::equal(name.begin(), name.end(), kEnd.begin(),
+                      [](char c, char end) { return c == end || (c >= 'A' && c <= 'Z' && c + 32 == end); });
+}
+
+std::string SourceName(const Directory& part) {
+    std::string source, other;
+    int sources = 0, others = 0;
+    for (const std::string& name : part.Names()) {
+        if (part.Status(name).kind != EntryStatus::Kind::File) continue;
+        const bool is = IsPartDataName(name);
+        ++(is ? sources : others);
+        (is ? source : other) = name;
+    }
+    if (sources > 0) return sources == 1 ? source : "";
+    return others == 1 ? other : "";
 }
 
 }  // namespace host

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "host/SafeFiles.h"
 
@@ -11,7 +12,26 @@ namespace host {
 enum class Existing { Keep, Replace };
 
 /// What became of a part that was to be stored.
-enum class Outcome { New, Replaced, Kept };
+enum class Outcome {
+    New,
+    Replaced,
+    Kept,      ///< the library has a part of this name, which may not be replaced
+    Unchanged  ///< the library has this part with this very content; only a group looks at that
+};
+
+/// A file that is to be stored as a part.
+struct NewPart {
+    std::string name;      ///< as for `PartLibrary::Store`
+    std::string fileName;  ///< as for `PartLibrary::Store`
+    FileContent content;
+    Existing existing = Existing::Keep;
+};
+
+/// What became of one part of a group.
+struct GroupOutcome {
+    Outcome outcome = Outcome::Kept;
+    std::string failure;  ///< why the part was not stored; empty where nothing failed
+};
 
 /// There is no replaced part that could be put back.
 struct NothingToUndo : std::runtime_error {
@@ -33,6 +53,11 @@ public:
     /// begin with a point. Whether the library has the part is looked at under the lock. Raises `StoreError`.
     Outcome Store(const std::string& name, const std::string& fileName, const FileContent& content,
                   Existing existing);
+    /// Stores parts of different names, which share their syncs: all are written, one sync follows, and only
+    /// then each takes its place at one instant. A part that fails does not stop the others. There are fewer
+    /// outcomes than parts where the disk is full: the last outcome says so, and no part after it was tried.
+    /// Raises `StoreError` where the library as a whole cannot be written.
+    std::vector<GroupOutcome> StoreGroup(const std::vector<NewPart>& parts);
     /// Exchanges a part with the one of that name that was replaced last; without a name, the part that was
     /// replaced last of all. Returns the name. Raises `NothingToUndo` and `StoreError`.
     std::string Undo(std::string name = "");
@@ -40,6 +65,14 @@ public:
 private:
     std::filesystem::path m_directory;
     Waiting m_waiting;
+    bool m_cleaned = false;  // by a group before
 };
+
+/// The name of the file of a part in the part's directory: the one that ends in ".veka", or else the only
+/// one. Empty where no file, or none of several, is the part's.
+std::string SourceName(const Directory& part);
+
+/// True if a name ends as the names of part data files do, in letters of any case.
+bool IsPartDataName(std::string_view name);
 
 }  // namespace host

@@ -18,6 +18,11 @@ struct StoreError : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
+/// A library whose disk is full.
+struct DiskFull : StoreError {
+    using StoreError::StoreError;
+};
+
 /// A part data file that cannot be read.
 struct SourceError : std::runtime_error {
     using runtime_error::runtime_error;
@@ -41,6 +46,21 @@ FileContent ReadRegularFile(const std::filesystem::path& path, std::uintmax_t li
 /// True if a path is a link that another user made, who is not the superuser. Such a link can be a trap: in a
 /// directory where others may write, it leads a program to a file that only its user may write.
 bool IsLinkOfAnotherUser(const std::filesystem::path& path);
+
+/// When a file that is written has to be on the disk.
+enum class Durable {
+    AtOnce,      ///< when the function returns
+    WithSyncAll  ///< when `Directory::SyncAll` returns
+};
+
+/// What an entry of a directory is. A link is never followed.
+struct EntryStatus {
+    enum class Kind { None, File, Directory, Other };
+    Kind kind = Kind::None;
+    std::uint64_t size = 0;
+    std::int64_t modified = 0;  ///< a time; it only says whether the entry changed
+    std::uint64_t inode = 0;    ///< 0 where the system does not say
+};
 
 /// True if a directory can have an entry of this name.
 bool IsFileName(const std::string& name);
@@ -69,17 +89,22 @@ public:
     void ShareLike(const Directory& around) const;
 
     bool Has(const std::string& name) const;
+    EntryStatus Status(const std::string& name) const;
     /// Names of all entries.
     std::vector<std::string> Names() const;
     /// The content of a small file; empty where there is none.
     std::string Read(const std::string& name) const;
-    /// Writes a new file, which is on the disk when this returns.
-    void Write(const std::string& name, const FileContent& content) const;
+    /// The content of an entry that is a regular file and not larger than `limit`. Raises `SourceError`.
+    FileContent ReadFile(const std::string& name, std::uintmax_t limit) const;
+    /// Writes a new file. Raises `DiskFull` where there is no room for the file.
+    void Write(const std::string& name, const FileContent& content, Durable durable = Durable::AtOnce) const;
     /// Writes a file in the place of a regular file, whose rights the new one gets, or of none. Whoever opens
     /// it sees the old content or the new one. Anything else in the place is an error.
     void Replace(const std::string& name, std::string_view bytes) const;
     /// Waits until the entries are on the disk.
     void Sync() const;
+    /// Waits until all that was written into the file system of this directory is on the disk.
+    void SyncAll() const;
     /// Moves an entry to a free name, perhaps in another directory; false if the name is not free.
     bool MoveToFree(const std::string& name, const Directory& to, const std::string& newName) const;
     /// Exchanges two entries at one instant; false where the system cannot.

@@ -41,6 +41,11 @@ template <class Error = StoreError>
     throw Error(what + (' ' + Quoted(path)) + ": " + std::strerror(error));
 }
 
+[[noreturn]] void FailToWrite(const fs::path& path, int error = errno) {
+    if (error == ENOSPC || error == EDQUOT) Fail<DiskFull>("cannot write", path, error);
+    Fail("cannot write", path, error);
+}
+
 /// Owns an open file.
 class Descriptor {
 public:
@@ -130,11 +135,11 @@ const char* Kind(mode_t mode) {
     return "a device";
 }
 
-}  // namespace
+// Without O_NONBLOCK the program would wait for a pipe that has no writer.
+constexpr int kReading = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
-FileContent ReadRegularFile(const fs::path& path, std::uintmax_t limit) {
-    // Without O_NONBLOCK the program would wait for a pipe that has no writer.
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+/// Reads a file that was opened with `kReading`.
+FileContent ReadOpened(const Descriptor& file, const fs::path& path, std::uintmax_t limit) {
     if (!file && (errno == ENOENT || errno == ENOTDIR)) throw NoSuchFile("there is no file " + Quoted(path));
     if (!file) Fail<SourceError>("cannot read", path);
     struct stat before {};
@@ -156,6 +161,12 @@ FileContent ReadRegularFile(const fs::path& path, std::uintmax_t limit) {
     if (!whole || before.st_size != after.st_size || !SameTime(before.st_mtim, after.st_mtim))
         throw SourceError(Quoted(path) + " changed while it was read");
     return content;
+}
+
+}  // namespace
+
+FileContent ReadRegularFile(const fs::path& path, std::uintmax_t limit) {
+    return ReadOpened(Descriptor(open(path.c_str(), kReading)), path, limit);
 }
 
 bool IsLinkOfAnotherUser(const fs::path& path) {
@@ -203,7 +214,7 @@ Directory Directory::Open(const std::string& name) const {
 
 Directory Directory::OpenOrMake(const std::string& name) const {
     const bool made = mkdirat(At(m_handle), name.c_str(), 0700) == 0;
-    if (!made && errno != EEXIST) Fail("cannot write", m_path / name);
+    if (!made && errno != EEXIST) FailToWrite(m_path / name);
     Directory directory = Open(name);
     if (made) directory.ShareLike(*this);
     return directory;
@@ -215,7 +226,7 @@ Directory Directory::MakeUnique(std::string_view front) const {
         const std::string name = std::string(front) + std::to_string(random());
         if (mkdirat(At(m_handle), name.c_str(), 0700) != 0) {
             if (errno == EEXIST) continue;
-            Fail("cannot write", m_path);
+            FailToWrite(m_path);
         }
         Directory made = Open(name);
         // Another user who may write here may have put a directory of their own in its place.
@@ -243,6 +254,17 @@ bool Directory::Has(const std::string& name) const {
     return fstatat(At(m_handle), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
+EntryStatus Directory::Status(const std::string& name) const {
+    struct stat status {};
+    if (fstatat(At(m_handle), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return {};
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    return {S_ISREG(status.st_mode)   ? EntryStatus::Kind::File
+            : S_ISDIR(status.st_mode) ? EntryStatus::Kind::Directory
+                                      : EntryStatus::Kind::Other,
+            static_cast<std::uint64_t>(status.st_size),
+            status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec, status.st_ino};
+}
+
 std::vector<std::string> Directory::Names() const {
     return NamesIn(At(m_handle));
 }
@@ -255,12 +277,20 @@ std::string Directory::Read(const std::string& name) const {
     return bytes;
 }
 
-void Directory::Write(const std::string& name, const FileContent& content) const {
+FileContent Directory::ReadFile(const std::string& name, std::uintmax_t limit) const {
+    const fs::path path = m_path / name;
+    const Descriptor file(openat(At(m_handle), name.c_str(), kReading | O_NOFOLLOW));
+    if (!file && errno == ELOOP) throw SourceError(Quoted(path) + " is a link, and no regular file");
+    return ReadOpened(file, path, limit);
+}
+
+void Directory::Write(const std::string& name, const FileContent& content, Durable durable) const {
     const fs::path path = m_path / name;
     const Descriptor file(openat(At(m_handle), name.c_str(),
                                  O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                                  content.permissions & 0666));
-    if (!file || !WriteAll(file.Get(), content.bytes) || fsync(file.Get()) != 0) Fail("cannot write", path);
+    if (!file || !WriteAll(file.Get(), content.bytes)) FailToWrite(path);
+    if (durable == Durable::AtOnce && fsync(file.Get()) != 0) FailToWrite(path);
 }
 
 void Directory::Replace(const std::string& name, std::string_view bytes) const {
@@ -285,6 +315,14 @@ void Directory::Replace(const std::string& name, std::string_view bytes) const {
 
 void Directory::Sync() const {
     if (fsync(At(m_handle)) != 0) Fail("cannot write", m_path);
+}
+
+void Directory::SyncAll() const {
+#ifdef __linux__
+    if (syncfs(At(m_handle)) != 0) FailToWrite(m_path);
+#else
+    sync();
+#endif
 }
 
 bool Directory::MoveToFree(const std::string& name, const Directory& to, const std::string& newName) const {

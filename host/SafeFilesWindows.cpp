@@ -43,6 +43,12 @@ template <class Error = StoreError>
     throw Error(what + (' ' + Quoted(path)) + ": " + Sentence(error));
 }
 
+[[noreturn]] void FailToWrite(const fs::path& path, DWORD error = GetLastError()) {
+    if (error == ERROR_DISK_FULL || error == ERROR_HANDLE_DISK_FULL || error == ERROR_DISK_QUOTA_EXCEEDED)
+        Fail<DiskFull>("cannot write", path, error);
+    Fail("cannot write", path, error);
+}
+
 /// Owns an open file.
 class File {
 public:
@@ -221,6 +227,20 @@ bool Directory::Has(const std::string& name) const {
     return GetFileAttributesW(Below(m_path, name).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+EntryStatus Directory::Status(const std::string& name) const {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!GetFileAttributesExW(Below(m_path, name).c_str(), GetFileExInfoStandard, &data)) return {};
+    const DWORD attributes = data.dwFileAttributes;
+    const auto whole = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+    return {attributes & FILE_ATTRIBUTE_REPARSE_POINT ? EntryStatus::Kind::Other
+            : attributes & FILE_ATTRIBUTE_DIRECTORY   ? EntryStatus::Kind::Directory
+                                                      : EntryStatus::Kind::File,
+            whole(data.nFileSizeHigh, data.nFileSizeLow),
+            static_cast<std::int64_t>(
+                whole(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime)),
+            0};
+}
+
 std::vector<std::string> Directory::Names() const {
     std::vector<std::string> names;
     for (const fs::path& entry : Entries(m_path)) names.emplace_back(veka::FromPath(entry.filename()).View());
@@ -237,19 +257,27 @@ std::string Directory::Read(const std::string& name) const {
     return bytes;
 }
 
-void Directory::Write(const std::string& name, const FileContent& content) const {
+FileContent Directory::ReadFile(const std::string& name, std::uintmax_t limit) const {
+    const fs::path path = Below(m_path, name);
+    if (Status(name).kind == EntryStatus::Kind::Other)
+        throw SourceError(Quoted(path) + " is a link, and no regular file");
+    return ReadRegularFile(path, limit);
+}
+
+// There is no way to sync many files at once, so that each is synced by itself.
+void Directory::Write(const std::string& name, const FileContent& content, Durable) const {
     const fs::path path = Below(m_path, name);
     const File file(host::Open(path, GENERIC_WRITE, FILE_SHARE_READ, CREATE_NEW));
-    if (!file) Fail("cannot write", path);
+    if (!file) FailToWrite(path);
     for (std::string_view rest = content.bytes; !rest.empty();) {
         constexpr size_t kBlock = 1 << 26;
         DWORD written = 0;
         if (!WriteFile(file.Get(), rest.data(), static_cast<DWORD>(std::min(rest.size(), kBlock)), &written,
                        nullptr))
-            Fail("cannot write", path);
+            FailToWrite(path);
         rest.remove_prefix(written);
     }
-    if (!FlushFileBuffers(file.Get())) Fail("cannot write", path);
+    if (!FlushFileBuffers(file.Get())) FailToWrite(path);
 }
 
 void Directory::Replace(const std::string& name, std::string_view bytes) const {
@@ -274,6 +302,8 @@ void Directory::Replace(const std::string& name, std::string_view bytes) const {
 
 // The file system keeps a journal of its entries, and offers no other way.
 void Directory::Sync() const {}
+
+void Directory::SyncAll() const {}
 
 bool Directory::MoveToFree(const std::string& name, const Directory& to, const std::string& newName) const {
     const fs::path target = Below(to.m_path, newName);

@@ -10,6 +10,7 @@ struct Streams {
     std::ostream& out;
     std::ostream& err;      ///< messages, questions and prompts
     bool terminal = false;  ///< a user at a terminal answers on `in`
+    bool live = false;      ///< `err` is a terminal, on which a line can be written over
 };
 
 }  // namespace host

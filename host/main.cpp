@@ -32,14 +32,14 @@ int main([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 #ifdef _WIN32
     const host::Utf8Terminal utf8;
     const std::vector<std::string> arguments = host::ProgramArguments();
-    const bool terminal = _isatty(0) != 0;
+    const bool terminal = _isatty(0) != 0, live = _isatty(2) != 0;
     if (!terminal) _setmode(0, _O_BINARY);  // a part data file may come from there
 #else
     const std::vector<std::string> arguments(argv + 1, argv + argc);
-    const bool terminal = isatty(0) != 0;
+    const bool terminal = isatty(0) != 0, live = isatty(2) != 0;
     signal(SIGPIPE, SIG_IGN);  // a closed output is reported, and a store goes on
 #endif
-    const int code = host::RunHost(arguments, {std::cin, std::cout, std::cerr, terminal}, desktop);
+    const int code = host::RunHost(arguments, {std::cin, std::cout, std::cerr, terminal, live}, desktop);
 #ifndef _WIN32
     if (host::Interrupt::Happened()) raise(SIGINT);  // so that a script that runs this program ends, too
 #endif

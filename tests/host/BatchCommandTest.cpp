@@ -1,0 +1,201 @@
+#include "host/BatchCommand.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sstream>
+
+#include "host/Host.h"
+#include "host/Interrupt.h"
+#include "support/Files.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
+std::string PartText(const std::string& number, const std::string& unit = "MM") {
+    return "(VEK (PARTGENERAL (UNIT " + unit + ") (MPN " + number + ")))";
+}
+
+class BatchCommand : public testing::Test {
+protected:
+    BatchCommand() {
+        library = (directory / "lib").GetString();
+        folder = (directory / "in").GetString();
+        std::filesystem::create_directories(Root());
+        std::filesystem::create_directories(directory.Path() / "in/deep");
+    }
+    int Run(std::vector<std::string> arguments, const std::string& input = "") {
+        std::istringstream in(input);
+        out.str("");
+        err.str("");
+        arguments.insert(arguments.end(), {"--library", library});
+        return host::RunHost(arguments, {in, out, err, terminal, live});
+    }
+    std::filesystem::path Root() const { return directory.Path() / "lib"; }
+    std::string Write(const std::string& name, const std::string& text) {
+        return directory.Write("in/" + name, text).GetString();
+    }
+
+    test::TemporaryDirectory directory;
+    std::string library, folder;
+    std::ostringstream out, err;
+    bool terminal = false, live = false;
+};
+
+TEST_F(BatchCommand, ImportsAllPartDataFilesBelowADirectory) {
+    const std::string a = Write("a.veka", PartText("A")), b = Write("deep/b.VEKA", PartText("B"));
+    Write("notes.txt", "");
+    EXPECT_EQ(Run({folder}), 0);
+    EXPECT_EQ(out.str(), a + ": Stored as A in " + library + "\n" + b + ": Stored as B in " + library +
+                             "\n2 files: 2 stored\n");
+    EXPECT_EQ(err.str(), "");
+    EXPECT_EQ(Run({folder, "--jobs", "2"}), 0);
+    EXPECT_EQ(out.str(), a + ": A is unchanged\n" + b + ": B is unchanged\n2 files: 2 unchanged\n");
+    EXPECT_EQ(Run({folder, "-q"}), 0);
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(BatchCommand, PrintsTheRecordsOfADirectoryWhereThatIsAskedFor) {
+    Write("a.veka", PartText("A"));
+    Write("b.veka", PartText("B"));
+    EXPECT_EQ(Run({folder, "--print", "json"}), 0);
+    EXPECT_THAT(out.str(), AllOf(HasSubstr("\"MPN\":\"A\""), HasSubstr("\"MPN\":\"B\"")));
+    EXPECT_TRUE(std::filesystem::exists(Root() / "B/b.veka"));
+}
+
+TEST_F(BatchCommand, AnEmptyDirectoryIsAFailure) {
+    EXPECT_EQ(Run({folder}), 3);
+    EXPECT_EQ(err.str(), "veka-host: the directory \"" + folder + "\" holds no part data file\n");
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(BatchCommand, EachRefusalAndFailureIsASentenceAndCounted) {
+    const std::string a = Write("a.veka", PartText("A")), none = Write("none.veka", "(VEK)"),
+                      z = Write("z.veka", PartText("A", "INCH"));
+    EXPECT_EQ(Run({folder}), 1);
+    EXPECT_EQ(out.str(), a + ": Stored as A in " + library + "\n3 files: 2 refused, 1 stored\n");
+    EXPECT_EQ(err.str(), "veka-host: \"" + none + "\" holds no part with a part number\nveka-host: \"" + z +
+                             "\" has the part number of \"" + a +
+                             "\", which came before; --overwrite yes takes the last of them\n");
+}
+
+TEST_F(BatchCommand, TellsHowAPartThatIsThereCanBeReplaced) {
+    Write("a.veka", PartText("A"));
+    Run({folder});
+    Write("a.veka", PartText("A", "INCH") + ")");
+    EXPECT_EQ(Run({folder}), 1);
+    EXPECT_THAT(
+        err.str(),
+        EndsWith("\"A\" is in the library already and was left alone; --overwrite yes replaces it\n"));
+    EXPECT_EQ(Run({folder, "--overwrite", "no"}), 1);
+    EXPECT_THAT(err.str(), EndsWith("\"A\" is in the library already and was left alone\n"));
+    EXPECT_EQ(Run({folder, "--overwrite", "yes"}), 0);
+    EXPECT_THAT(out.str(), EndsWith("1 file: 1 replaced\n"));
+    EXPECT_THAT(err.str(), AllOf(HasSubstr("closes no level\n"),
+                                 EndsWith("veka-host: \"A\" was replaced although the file is faulty\n")));
+}
+
+TEST_F(BatchCommand, AsksOnATerminalAndTakesAnAnswerForAll) {
+    for (const char* unit : {"MM", "INCH"}) {
+        for (const char* number : {"A", "B", "C"})
+            Write(number + std::string(".veka"), PartText(number, unit));
+        if (unit == std::string("MM")) Run({folder});
+    }
+    terminal = true;
+    EXPECT_EQ(Run({folder}, "what\nn\nall\n"), 1);
+    EXPECT_THAT(err.str(),
+                AllOf(HasSubstr("\"B\" is in the library \"" + library + "\" already. Replace it by \""),
+                      HasSubstr("B.veka\"? [y/n/all/none]: "), Not(HasSubstr("\"C\" is in"))));
+    EXPECT_THAT(out.str(), EndsWith("3 files: 1 refused, 2 replaced\n"));
+    EXPECT_EQ(Run({folder}, "none\n"), 1);
+    EXPECT_THAT(out.str(), EndsWith("3 files: 1 refused, 2 unchanged\n"));
+    EXPECT_EQ(Run({folder}, "y\n"), 0);
+    EXPECT_EQ(Run({folder}), 0);
+}
+
+TEST_F(BatchCommand, TheSummaryIsJsonWhereThatIsAskedFor) {
+    const std::string a = Write("a.veka", PartText("A") + "\n(X)"), none = Write("none \xFF.veka", "(VEK)");
+    EXPECT_EQ(Run({folder, "--summary", "json"}), 1);
+    EXPECT_EQ(out.str(),
+              "{\"files\":[\n{\"file\":\"" + a +
+                  "\",\"part\":\"A\",\"state\":\"stored\",\"faults\":[\"nothing reads the section \\\"X\\\" "
+                  "of line "
+                  "2\"]},\n{\"file\":\"" +
+                  folder + "/none \xF4\x8F\xBF\xBF.veka\",\"state\":\"refused\",\"reason\":\"\\\"" + folder +
+                  "/none \xF4\x8F\xBF\xBF.veka\\\" holds no part with a part number\"}\n],\"stored\":1,"
+                  "\"replaced\":0,\"unchanged\":0,\"refused\":1,\"failed\":0,\"left\":0}\n");
+    EXPECT_EQ(Run({a, "--summary", "json"}), 0) << "one file, too";
+    EXPECT_THAT(out.str(), HasSubstr("\"unchanged\":1"));
+    EXPECT_EQ(Run({a, "--summary", "xml"}), 2);
+    EXPECT_EQ(Run({"-", "--summary", "json"}), 2);
+    EXPECT_EQ(Run({"--summary", "json"}), 2);
+    EXPECT_EQ(Run({a, "--summary", "json", "--pins"}), 2);
+}
+
+TEST_F(BatchCommand, ATerminalShowsOneLineInPlaceOfALineForEachPart) {
+    Write("a.veka", PartText("A"));
+    Write("b.veka", PartText("B\x1B[2J"));
+    live = true;
+    EXPECT_EQ(Run({folder}), 0);
+    EXPECT_EQ(out.str(), "2 files: 2 stored\n");
+    EXPECT_THAT(err.str(),
+                AllOf(testing::StartsWith("\r1/2  "), EndsWith("\r\x1B[K"), Not(HasSubstr("[2J"))));
+    EXPECT_EQ(Run({folder, "-q"}), 0);
+    EXPECT_EQ(err.str(), "");
+}
+
+TEST_F(BatchCommand, ManyFilesHaveTheirReasonsAtTheEnd) {
+    for (int i = 0; i < 60; ++i) Write("n" + std::to_string(i) + ".veka", "(VEK)");
+    EXPECT_EQ(Run({folder}), 1);
+    EXPECT_THAT(out.str(), AllOf(HasSubstr("n0.veka\" holds no part with a part number\n"),
+                                 EndsWith("and 10 more reasons; --summary json prints all\n"
+                                          "60 files: 60 refused\n")));
+}
+
+/// Presses Ctrl-C when something is written.
+class PressingCtrlC : public std::stringbuf {
+protected:
+    std::streamsize xsputn(const char* text, std::streamsize size) override {
+        if (host::Interrupt::Happened()) return std::stringbuf::xsputn(text, size);
+        std::raise(SIGINT);
+        return std::stringbuf::xsputn(text, size);
+    }
+};
+
+TEST_F(BatchCommand, CtrlCEndsItAfterThePartsInHandAndSaysHowManyAreLeft) {
+    for (int i = 0; i < 3000; ++i)
+        Write("p" + std::to_string(i) + ".veka", PartText("P" + std::to_string(i)));
+    PressingCtrlC buffer;
+    std::ostream pressed(&buffer);
+    std::istringstream in;
+    err.str("");
+    host::RunHost({folder, "--library", library}, {in, pressed, err, false});
+    EXPECT_TRUE(host::Interrupt::Happened());
+    host::Interrupt::Forget();
+    EXPECT_THAT(err.str(), EndsWith(" files are left; the same command goes on with them\n"));
+    EXPECT_THAT(buffer.str(), HasSubstr("3000 files: "));
+    const auto stored = test::Names(Root()).size() - 1;
+    EXPECT_GT(stored, 0u);
+    EXPECT_LT(stored, 3000u);
+    EXPECT_EQ(Run({folder}), 0);
+    EXPECT_THAT(out.str(), EndsWith("3000 files: " + std::to_string(3000 - stored) + " stored, " +
+                                    std::to_string(stored) + " unchanged\n"));
+}
+
+TEST_F(BatchCommand, ALibraryInUseEndsItWithOneSentence) {
+    for (const char* name : {"a.veka", "b.veka"}) Write(name, PartText(name));
+    const host::Directory open(Root());
+    const host::FileLock lock(open, ".veka-lock", nullptr);
+    EXPECT_EQ(Run({folder, "--wait", "0"}), 3);
+    EXPECT_THAT(
+        err.str(),
+        AllOf(HasSubstr("a.veka\" could not be stored: the library \"" + library + "\" is in use by"),
+              EndsWith("1 file is left; the same command goes on with them\n"), Not(HasSubstr("b.veka"))));
+}
+
+}  // namespace
