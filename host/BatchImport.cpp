@@ -16,7 +16,7 @@ using Clock = std::chrono::steady_clock;
 
 // What one sync is for. A larger group would save little, and would be lost by a crash.
 constexpr size_t kMostParts = 512;
-constexpr size_t kMostBytes = 32 << 20;
+constexpr size_t kMostBytes = 16 << 20;
 constexpr auto kLongest = milliseconds(1000);  // that a part waits for its group
 
 constexpr auto kAsk = milliseconds(50);  // between two questions whether to go on
@@ -56,6 +56,7 @@ private:
         CheckedFile file;
         BatchResult result;
         bool decided = false;  // before the store
+        PartStamp stamp = {};
     };
 
     void Add(CheckedFile file) {
@@ -131,7 +132,10 @@ private:
             parts.push_back({file.facts.name, file.facts.fileName, std::move(file.content), existing});
         }
         const std::vector<GroupOutcome> outcomes = m_library.StoreGroup(parts);
-        for (size_t i = 0; i < outcomes.size(); ++i) SetOutcome(m_group[places[i]].result, outcomes[i]);
+        for (size_t i = 0; i < outcomes.size(); ++i) {
+            SetOutcome(m_group[places[i]].result, outcomes[i]);
+            m_group[places[i]].stamp = outcomes[i].stamp;
+        }
         for (size_t i = 0; i < parts.size(); ++i)
             m_group[places[i]].file.content = std::move(parts[i].content);
         if (outcomes.size() == parts.size()) return m_group.size();
@@ -175,11 +179,14 @@ private:
     }
     /// Tells what became of the first files of the group.
     void Report(size_t count) {
-        std::vector<PartFacts> there;
+        std::vector<StoredPart> there;
         for (size_t i = 0; i < count; ++i) {
             const BatchResult& result = m_group[i].result;
             ++m_totals[result.state];
-            if (result.reason.empty()) there.push_back(std::move(m_group[i].file.facts));
+            if (result.reason.empty()) {
+                there.push_back({std::move(m_group[i].file.facts), m_group[i].stamp});
+                there.back().facts.fileName = m_group[i].stamp.fileName;
+            }
             if (m_batch.onResult) m_batch.onResult(result, m_totals);
         }
         if (m_batch.index && !there.empty()) m_batch.index(there);

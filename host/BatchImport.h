@@ -10,6 +10,7 @@
 #include "host/PartLibrary.h"
 #include "host/ReadAhead.h"
 #include "host/Reading.h"
+#include "host/StoredPart.h"
 
 namespace host {
 
@@ -51,8 +52,8 @@ struct Batch {
     std::function<void(const BatchResult& result, const BatchTotals& totals)> onResult = nullptr;
     /// Asked now and then; false ends the batch after the files that are in hand.
     std::function<bool()> goOn = nullptr;
-    /// Told the facts of the parts that a group has stored, or of which the library has the very content.
-    std::function<void(const std::vector<PartFacts>& stored)> index = nullptr;
+    /// Given the parts that a group has stored, or of which the library has the very content.
+    std::function<void(const std::vector<StoredPart>& stored)> index = nullptr;
 };
 
 /// Imports files side by side and stores their parts in groups that share their syncs. A file that fails does

@@ -15,6 +15,8 @@ const char* const kUsage =
     "       veka-host --open [FILE...]\n"
     "       veka-host FILE... --check [json] [--quiet]\n"
     "       veka-host --undo [PART...] --library DIR\n"
+    "       veka-host --library DIR [--find TEXT] [--where FIELD=VALUE...] [--list [json]]\n"
+    "       veka-host --library DIR --verify\n"
     "\n"
     "Shows part data files and stores their parts in a library. FILE - is standard input.\n"
     "Without FILE a dialog asks for the file and the library: in a window if there is a display, and\n"
@@ -39,6 +41,13 @@ const char* const kUsage =
     "  --side top|bottom   from which side of the board the footprint is seen (top)\n"
     "  --quiet, -q         print no summary\n"
     "  --undo              exchange a part with the one that was replaced last\n"
+    "  --find TEXT         list the parts of the library that have these words, beginnings of words or "
+    "parts\n"
+    "                      of a part number\n"
+    "  --where FIELD=VALUE list the parts whose field is this, such as pins=8, pins>=8 or manufacturer=M*\n"
+    "  --list              list the parts of the library as a table\n"
+    "  --list json         list the parts of the library as JSON\n"
+    "  --verify            read every part of the library, and tell what does not hold\n"
     "  --max-size MB       largest file that is read (256); 0 here and below: no limit\n"
     "  --max-memory MB     most memory that an import takes besides the file (2048)\n"
     "  --max-time SECONDS  longest time that an import takes (60)\n"
@@ -140,6 +149,13 @@ void Require(const CommandLine& line) {
             throw UsageError("--check only checks: it takes no other option but --quiet");
         return;
     }
+    if (line.search != LibrarySearch::No) {
+        if (line.library.empty()) throw UsageError("--find, --where, --list and --verify need --library DIR");
+        if (!line.files.empty() || line.Shown() || line.undo || line.open || line.jsonSummary)
+            throw UsageError(
+                "--find, --where, --list and --verify take no file and no option that prints or imports");
+        return;
+    }
     const bool standardInput =
         std::find(line.files.begin(), line.files.end(), kStandardInput) != line.files.end();
     if (line.undo) {
@@ -173,6 +189,11 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     const auto print = [&](Print what) {
         if (line.print != Print::Summary) throw UsageError("--print and --pins can be given once");
         line.print = what;
+    };
+    const auto search = [&](LibrarySearch what) {
+        if (line.search != LibrarySearch::No && line.search != what)
+            throw UsageError("--verify takes no --find, --where and --list");
+        line.search = what;
     };
     for (Arguments next(arguments); next.Next();) {
         const std::string& option = next.Option();
@@ -219,6 +240,17 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             pictured = true;
             line.side = OneOf<drawing::Side>(
                 option, next.Value(), {{"top", drawing::Side::Top}, {"bottom", drawing::Side::Bottom}});
+        } else if (option == "--find") {
+            search(LibrarySearch::List);
+            line.find = next.Value();
+        } else if (option == "--where") {
+            search(LibrarySearch::List);
+            line.where.push_back(next.Path());
+        } else if (option == "--list") {
+            search(LibrarySearch::List);
+            if (next.HasWord("json")) line.listJson = true;
+        } else if (option == "--verify") {
+            search(LibrarySearch::Verify);
         } else if (option == "--jobs") {
             line.jobs = Number(option, next.Value(), "threads");
         } else if (option == "--summary") {

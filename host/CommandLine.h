@@ -22,6 +22,9 @@ enum class Check { No, Lines, Sarif };
 /// What of a part a picture shows.
 enum class PictureOf { Footprint, Symbol, Package, Padstack, All };
 
+/// What is asked of a library.
+enum class LibrarySearch { No, List, Verify };
+
 /// How the program asks its user.
 enum class Windows {
     Automatic,  ///< in windows where there is a display, but not at all if a file is given
@@ -37,6 +40,10 @@ inline constexpr const char* kStandardInput = "-";
 struct CommandLine {
     bool help = false;
     bool version = false;
+    LibrarySearch search = LibrarySearch::No;
+    std::string find;                ///< what the parts that are listed have to have; empty: all parts
+    std::vector<std::string> where;  ///< conditions on the parts that are listed
+    bool listJson = false;           ///< list parts as JSON, not as a table
     bool undo = false;               ///< restore replaced parts, whose part numbers are in `files`
     bool open = false;               ///< show the files in the window
     std::vector<std::string> files;  ///< empty: the user names a file in the dialog
@@ -57,7 +64,10 @@ struct CommandLine {
     std::chrono::seconds wait{60};  ///< how long to wait for a library that another program writes
 
     /// True if the user is asked in the dialog.
-    bool Attended() const { return !undo && (files.empty() || open || windows != Windows::Automatic); }
+    bool Attended() const {
+        return !undo && search == LibrarySearch::No &&
+               (files.empty() || open || windows != Windows::Automatic);
+    }
     /// True if something is to be printed or written besides the library.
     bool Shown() const {
         return (print != Print::Summary && print != Print::Nothing) || !step.empty() || !gltf.empty() ||

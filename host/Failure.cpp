@@ -6,6 +6,7 @@
 #include "host/CommandLine.h"
 #include "host/Desktop.h"
 #include "host/ImportedPart.h"
+#include "host/LibraryIndex.h"
 #include "host/OutputFile.h"
 #include "host/Solids.h"
 
@@ -19,6 +20,10 @@ Failure CurrentFailure(const std::string& file) {
         throw;
     } catch (const UsageError& error) {
         return {kWrongUsage, std::string(error.what()) + " (--help tells more)"};
+    } catch (const QueryError& error) {
+        return {kWrongUsage, std::string(error.what()) + " (--help tells more)"};
+    } catch (const IndexError& error) {
+        return {kFailed, error.what()};
     } catch (const NoPart& error) {
         return {kRefused, error.what()};
     } catch (const ImportEnded& error) {

@@ -14,6 +14,7 @@
 #include "host/Failure.h"
 #include "host/ImportDialog.h"
 #include "host/Interrupt.h"
+#include "host/LibraryCommand.h"
 #include "host/Messages.h"
 #include "host/OutputFile.h"
 #include "host/PartFiles.h"
@@ -300,6 +301,7 @@ int Run(const CommandLine& line, const Streams& streams, Desktop* desktop) {
         return kImported;
     }
     if (line.check != Check::No) return CheckFiles(line, streams);
+    if (line.search != LibrarySearch::No) return SearchLibrary(line, streams);
     if (line.undo) return Program(line, streams, desktop).Undo();
     if (!line.Attended()) return Program(line, streams, desktop).ImportFiles();
     const bool wanted = line.open || line.windows == Windows::Qt || line.windows == Windows::Win32;

@@ -102,18 +102,22 @@ void RequireNames(const std::string& name, const std::string& fileName) {
     if (!IsFileName(fileName)) throw StoreError("\"" + fileName + "\" is no name for a file");
 }
 
-/// True if the library has a part with this very content.
-bool HasContent(const Directory& library, const NewPart& part) {
+/// The stamp of a part of the library that has this very content; nothing where it has another one.
+std::optional<PartStamp> StampOfSame(const Directory& library, const NewPart& part) {
     try {
-        const Directory directory = library.Open(part.name);
-        const std::string source = SourceName(directory);
+        const PartStamp directory{library.Status(part.name).inode, "", {}};
+        const Directory opened = library.Open(part.name);
+        const std::string source = SourceName(opened);
         const std::uintmax_t size = part.content.bytes.size();
-        return !source.empty() && directory.Status(source).size == size &&
-               directory.ReadFile(source, size).bytes == part.content.bytes;
+        const EntryStatus status = opened.Status(source);
+        if (source.empty() || status.size != size ||
+            opened.ReadFile(source, size).bytes != part.content.bytes)
+            return std::nullopt;
+        return PartStamp{directory.directory, source, status};
     } catch (const StoreError&) {
-        return false;
+        return std::nullopt;
     } catch (const SourceError&) {
-        return false;
+        return std::nullopt;
     }
 }
 
@@ -127,14 +131,15 @@ public:
     Group(const Group&) = delete;
     Group& operator=(const Group&) = delete;
 
-    /// Writes a part, which nobody sees yet.
-    void Write(const NewPart& part) {
+    /// Writes a part, which nobody sees yet; returns its stamp.
+    PartStamp Write(const NewPart& part) {
         if (!m_new) m_new.emplace(m_library.MakeUnique(kNew));
         if (m_new->Has(part.name)) throw StoreError("\"" + part.name + "\" is twice in one group");
         try {
             const Directory directory = m_new->OpenOrMake(part.name);
             directory.Write(part.fileName, part.content, Durable::WithSyncAll);
             directory.ShareLike(m_library);
+            return {m_new->Status(part.name).inode, part.fileName, directory.Status(part.fileName)};
         } catch (...) {
             m_new->RemoveAll(part.name);
             throw;
@@ -229,11 +234,12 @@ std::vector<GroupOutcome> PartLibrary::StoreGroup(const std::vector<NewPart>& pa
         try {
             RequireNames(part.name, part.fileName);
             if (library.Has(part.name)) {
-                const bool same = HasContent(library, part);
+                const std::optional<PartStamp> same = StampOfSame(library, part);
                 outcome.outcome = same ? Outcome::Unchanged : Outcome::Kept;
+                if (same) outcome.stamp = *same;
                 if (same || part.existing == Existing::Keep) continue;
             }
-            group.Write(part);
+            outcome.stamp = group.Write(part);
             written.push_back(outcomes.size() - 1);
         } catch (const DiskFull& error) {
             outcome.failure = error.what();

@@ -27,9 +27,17 @@ struct NewPart {
     Existing existing = Existing::Keep;
 };
 
+/// By what a change of a stored part is noticed without reading its file.
+struct PartStamp {
+    std::uint64_t directory = 0;  ///< the inode of the part's directory
+    std::string fileName;         ///< of the part's file; empty where there is none
+    EntryStatus file;
+};
+
 /// What became of one part of a group.
 struct GroupOutcome {
     Outcome outcome = Outcome::Kept;
+    PartStamp stamp;      ///< of the part that was stored, or that is unchanged
     std::string failure;  ///< why the part was not stored; empty where nothing failed
 };
 

@@ -9,15 +9,19 @@ namespace {
 
 // A window this large keeps all threads busy while a group of parts is stored.
 constexpr size_t kMostFiles = 1024;
-constexpr size_t kMostBytes = 64 << 20;
+constexpr size_t kMostBytes = 24 << 20;
 
 }  // namespace
 
-CheckedFile CheckFile(const std::string& file, const Reading& reading) {
+namespace {
+
+/// Checks the part that a function reads.
+template <class Read>
+CheckedFile Check(const std::string& file, Read read) {
     CheckedFile checked;
     checked.file = file;
     try {
-        ImportedPart part = ReadPart(CString(file), reading);
+        ImportedPart part = read();
         checked.faults = part.faults;
         RequireSections(part);
         RequirePartNumber(part);
@@ -27,6 +31,16 @@ CheckedFile CheckFile(const std::string& file, const Reading& reading) {
         checked.failure = CurrentFailure(file);
     }
     return checked;
+}
+
+}  // namespace
+
+CheckedFile CheckContent(const std::string& file, FileContent content, const Reading& reading) {
+    return Check(file, [&] { return ReadPart(CString(file), std::move(content), reading); });
+}
+
+CheckedFile CheckFile(const std::string& file, const Reading& reading) {
+    return Check(file, [&] { return ReadPart(CString(file), reading); });
 }
 
 ReadAhead::ReadAhead(std::size_t count, std::function<CheckedFile(std::size_t place)> read, unsigned jobs)

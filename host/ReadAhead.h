@@ -25,6 +25,9 @@ struct CheckedFile {
     std::optional<Failure> failure;
 };
 
+/// Imports the content of one file that was read. What fails is in the result.
+CheckedFile CheckContent(const std::string& file, FileContent content, const Reading& reading);
+
 /// Reads and imports one file. What fails is in the result.
 CheckedFile CheckFile(const std::string& file, const Reading& reading);
 

@@ -167,8 +167,13 @@ TEST_F(BatchImport, AMissingLibraryEndsIt) {
 
 TEST_F(BatchImport, TellsTheIndexWhatTheLibraryHolds) {
     std::vector<std::string> names;
-    batch.index = [&](const std::vector<host::PartFacts>& stored) {
-        for (const host::PartFacts& facts : stored) names.push_back(facts.name);
+    batch.index = [&](const std::vector<host::StoredPart>& stored) {
+        for (const host::StoredPart& part : stored) {
+            names.push_back(part.facts.name);
+            EXPECT_EQ(
+                part.stamp.file.inode,
+                host::CurrentStamp(host::Directory(Root()), part.facts.name, part.facts.fileName).file.inode);
+        }
     };
     AddParts(2);
     Add("none.veka", "(VEK)");
