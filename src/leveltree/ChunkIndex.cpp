@@ -1,6 +1,7 @@
 #include "leveltree/ChunkIndex.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <limits>
 #include <numeric>
@@ -72,6 +73,8 @@ private:
         Number number;
 
         std::uint64_t Key() const { return std::uint64_t{high} << 32 | low; }
+        /// A byte of the key, 0 for the lowest.
+        std::size_t Byte(std::size_t byte) const { return (byte < 4 ? low : high) >> byte % 4 * 8 & 0xFF; }
         bool EndsInKey() const { return low % 256 < 8; }
     };
 
@@ -80,7 +83,7 @@ private:
         std::size_t count = 0;
         for (std::size_t i = 0; (i = m_line.find('"', i)) != std::string_view::npos; ++i)
             count += isEscaped(i);
-        m_memory.Replace(5 * sizeof(Number) * count);
+        m_memory.Replace(8 * sizeof(Number) * count);
         m_quotes.reserve(count);
         for (std::size_t i = 0; (i = m_line.find('"', i)) != std::string_view::npos; ++i) {
             if (!isEscaped(i)) continue;
@@ -107,12 +110,39 @@ private:
             piece.high = static_cast<std::uint32_t>(key >> 32);
             piece.low = static_cast<std::uint32_t>(key);
         }
-        // Equal ones stay in the order of the line, so that the bytes before them are fetched in that order.
-        std::size_t comparisons = 0;
-        std::ranges::sort(pieces, [&](const Piece& a, const Piece& b) {
-            TickAtStep(++comparisons);
-            return a.Key() != b.Key() ? a.Key() < b.Key() : a.number < b.number;
-        });
+        SortByKey(pieces);
+    }
+
+    /// Sorts pieces by their keys. Equal ones stay in the order of the line, so that the bytes before them
+    /// are fetched in that order. Many pieces are sorted byte by byte, in a time linear in their number.
+    static void SortByKey(std::span<Piece> pieces) {
+        constexpr std::size_t kMany = 4096;
+        std::size_t steps = 0;
+        if (pieces.size() < kMany) {
+            std::ranges::sort(pieces, [&](const Piece& a, const Piece& b) {
+                TickAtStep(++steps);
+                return a.Key() != b.Key() ? a.Key() < b.Key() : a.number < b.number;
+            });
+            return;
+        }
+        std::array<std::array<std::size_t, 256>, 8> places{};
+        for (const Piece& piece : pieces) {
+            TickAtStep(++steps);
+            for (std::size_t byte = 0; byte < 8; ++byte) ++places[byte][piece.Byte(byte)];
+        }
+        std::vector<Piece> others(pieces.size());
+        std::span<Piece> from = pieces, to = others;
+        for (std::size_t byte = 0; byte < 8; ++byte) {
+            std::array<std::size_t, 256>& place = places[byte];
+            if (place[from[0].Byte(byte)] == pieces.size()) continue;  // all pieces have the same byte
+            std::exclusive_scan(place.begin(), place.end(), place.begin(), std::size_t{0});
+            for (const Piece& piece : from) {
+                TickAtStep(++steps);
+                to[place[piece.Byte(byte)]++] = piece;
+            }
+            std::swap(from, to);
+        }
+        if (from.data() != pieces.data()) std::ranges::copy(from, pieces.begin());
     }
 
     /// Numbers the pieces from 1 in their order, compared from the last byte to the first. Equal pieces have

@@ -269,6 +269,25 @@ TEST(ChunkIndex, FindsTheFirstRunOfEveryChunkInAnyOrder) {
     }
 }
 
+// Many pieces are sorted byte by byte, few by comparisons.
+TEST(ChunkIndex, FindsTheFirstRunOfEveryChunkAmongManyPieces) {
+    std::mt19937 random(1);
+    for (const Pieces& pieces : {Pieces{"\\\""}, Pieces{"\\\"", "a\\\"", "bc\\\"", "\xFF\\\"",
+                                                        "ayyyyyyyyy\\\"", "byyyyyyyyy\\\""}}) {
+        std::string line = "beginning";
+        for (int i = 0; i < 10'000; ++i) line += pieces[random() % pieces.size()];
+        const auto narrow = veka::ChunkIndex::Make(line), wide = veka::ChunkIndex::Make(line, true);
+        for (int search = 0; search < 1000; ++search) {
+            const size_t quote = line.find("\\\"", random() % (line.size() - 1)) + 1;
+            const size_t length = 2 + random() % (search % 2 == 0 ? 40 : quote);
+            if (quote == 0 || length > quote + 1) continue;
+            const size_t after = AfterFirstRun(line, line.substr(quote + 1 - length, length));
+            ASSERT_EQ(narrow->AfterFirstRun(quote, length), after) << quote << ", " << length << " bytes";
+            ASSERT_EQ(wide->AfterFirstRun(quote, length), after) << quote << ", " << length << " bytes";
+        }
+    }
+}
+
 TEST(ChunkIndex, CanBeMadeOfALineWithoutEscapedQuotes) {
     for (const char* line : {"", "a\"", "\""}) EXPECT_TRUE(veka::ChunkIndex::Make(line)) << line;
 }
