@@ -288,14 +288,20 @@ void MainWindow::MakePictures() {
 /// The report is a tab beside the pictures, with the number of errors and warnings in its title.
 void MainWindow::MakeReport() {
     m_findings = new FindingsView;
-    const int tab = m_pictures->addTab(m_findings, "Repor&t");
-    m_findings->onReport = [this, tab] {
-        const std::size_t count = m_findings->Report().Count(veka::Severity::Error) +
-                                  m_findings->Report().Count(veka::Severity::Warning);
-        m_pictures->setTabText(tab, count ? "Repor&t (" + QString::number(count) + ')' : "Repor&t");
-        m_pictures->setTabToolTip(tab, QString::fromStdString(CountOfFindings(m_findings->Report())));
-    };
+    m_pictures->addTab(m_findings, "");
+    ShowCount("");
+    m_findings->onReport = [this] { ShowCount(CountOfFindings(m_findings->Report())); };
     m_findings->onSelect = [this](veka::Place place) { SelectAt(place); };
+}
+
+void MainWindow::ShowCount(const std::string& count) {
+    const int tab = m_pictures->indexOf(m_findings);
+    std::size_t number = 0;
+    if (!count.empty())
+        number = m_findings->Report().Count(veka::Severity::Error) +
+                 m_findings->Report().Count(veka::Severity::Warning);
+    m_pictures->setTabText(tab, number ? "Repor&t (" + QString::number(number) + ')' : "Repor&t");
+    m_pictures->setTabToolTip(tab, QString::fromStdString(count));
 }
 
 void MainWindow::SelectAt(veka::Place place) {
@@ -571,6 +577,7 @@ void MainWindow::ShowPart(bool keep) {
         m_solids->ShowPart(m_part->model, std::string(m_part->file.View()));
         m_places.reset();
         m_toldFindings = false;
+        ShowCount("");
         m_findings->ShowFile(std::string(m_part->file.View()), m_part->content.bytes);
     }
     m_records->ShowPart(m_part->Model(), m_showAll->isChecked(), keep);

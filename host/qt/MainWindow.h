@@ -66,6 +66,8 @@ private:
     void MakeContent();
     void MakePictures();
     void MakeReport();
+    /// Shows in the title of the report how many errors and warnings it has; none for an empty sentence.
+    void ShowCount(const std::string& count);
     /// Selects the record that a place of the file gave.
     void SelectAt(veka::Place place);
     /// Says once how many findings the report of a part has that is to be stored; false if the user then

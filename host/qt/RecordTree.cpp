@@ -60,6 +60,7 @@ void RecordTree::ShowPart(const CVEKA_Manager& part, bool all, bool keep) {
         topLevelItem(i)->setExpanded(true);
         for (int k = 0; k < topLevelItem(i)->childCount(); ++k) topLevelItem(i)->child(k)->setExpanded(true);
     }
+    scrollToTop();
 }
 
 /// The names on the way to an item. Names below one item may repeat, so the number of earlier ones goes with

@@ -6,6 +6,7 @@
 #include <BRepMesh_IncrementalMesh.hxx>
 #include <BRep_Builder.hxx>
 #include <OpenGl_GraphicDriver.hxx>
+#include <Prs3d_LineAspect.hxx>
 #include <Standard_Failure.hxx>
 #include <TopoDS_Compound.hxx>
 #include <V3d_View.hxx>
@@ -27,7 +28,11 @@ using Rgb = std::tuple<double, double, double>;
 
 /// The shapes of one colour are one, so that thousands of leads are shown as fast as one.
 struct Shapes : ViewedSolids {
-    std::map<Rgb, TopoDS_Compound> byColor;
+    struct OfColor {
+        TopoDS_Compound shape;
+        std::size_t count = 0;
+    };
+    std::map<Rgb, OfColor> byColor;
 };
 
 [[noreturn]] void Fail(const Standard_Failure& failure) {
@@ -82,12 +87,15 @@ public:
     void Show(const ViewedSolids& solids) override {
         m_context->RemoveAll(false);
         constexpr std::size_t kMostWithEdges = 500;
-        for (const auto& [color, shape] : dynamic_cast<const Shapes&>(solids).byColor) {
-            const Handle(AIS_Shape) shown = new AIS_Shape(shape);
+        for (const auto& [color, shapes] : dynamic_cast<const Shapes&>(solids).byColor) {
+            const Handle(AIS_Shape) shown = new AIS_Shape(shapes.shape);
             shown->SetColor(ToColor(color));
             shown->SetMaterial(Graphic3d_NameOfMaterial_ShinyPlastified);
             shown->SetColor(ToColor(color));
-            shown->Attributes()->SetFaceBoundaryDraw(solids.count <= kMostWithEdges);
+            // The edges of a dark body could not be seen in its own colour.
+            shown->Attributes()->SetFaceBoundaryDraw(shapes.count <= kMostWithEdges);
+            shown->Attributes()->SetFaceBoundaryAspect(
+                new Prs3d_LineAspect(Quantity_NOC_GRAY50, Aspect_TOL_SOLID, 1));
             m_context->Display(shown, AIS_Shaded, -1, false);
         }
         Fit();
@@ -143,8 +151,9 @@ std::string Add(const geometry::NamedSolid& named, Shapes& shapes) {
     const geometry::vector& color = named.solid->GetColor();
     const auto [entry, isNew] = shapes.byColor.try_emplace({color.X, color.Y, color.Z});
     const BRep_Builder builder;
-    if (isNew) builder.MakeCompound(entry->second);
-    builder.Add(entry->second, *shape);
+    if (isNew) builder.MakeCompound(entry->second.shape);
+    builder.Add(entry->second.shape, *shape);
+    ++entry->second.count;
     ++shapes.count;
     return "";
 }
