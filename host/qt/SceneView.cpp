@@ -132,9 +132,8 @@ void SceneView::Highlight(std::vector<std::size_t> shapes) {
         all.Add(box);
     }
     if (all.IsEmpty()) return;
-    const QPointF by = (QRectF(rect()).center() - ToWidget(all.Center())) * devicePixelRatioF();
+    m_origin += (QRectF(rect()).center() - ToWidget(all.Center())) * devicePixelRatioF();
     m_fitted = false;
-    Move(by.toPoint());
 }
 
 bool SceneView::IsShown(const drawing::Layer& layer) const {
@@ -320,7 +319,7 @@ void SceneView::paintEvent(QPaintEvent*) {
     }
     constexpr double kCross = 6;
     const QPointF origin = ToWidget({0, 0});
-    if (rect().contains(origin.toPoint())) {
+    if (QRectF(rect()).contains(origin)) {
         painter.drawLine(origin - QPointF(kCross, 0), origin + QPointF(kCross, 0));
         painter.drawLine(origin - QPointF(0, kCross), origin + QPointF(0, kCross));
     }

@@ -41,8 +41,8 @@ SolidView::SolidView()
     setObjectName("solids");
     m_progress->setObjectName("solidsProgress");
     m_why->setObjectName("solidsWhy");
-    m_above->setObjectName("solidsAbove");
-    m_front->setObjectName("solidsFront");
+    m_above->setObjectName("solidsFromAbove");
+    m_front->setObjectName("solidsFromFront");
     for (QLabel* label : {m_why, m_remarks}) {
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);

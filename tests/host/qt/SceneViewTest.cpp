@@ -286,6 +286,13 @@ TEST_F(SceneView, PlacesAtTheEndOfAllDrawingsAreShown) {
         view.grab();
     }
     EXPECT_TRUE(view.IsPainted());
+    view.Highlight({0, 1});
+    view.Highlight({2});
+    EXPECT_TRUE(QRectF(view.rect()).contains(view.ToWidget({0, 0})));
+    QTest::keyClick(&view, Qt::Key_D);
+    Click(0, 0);
+    for (int i = 0; i < 30; ++i) Wheel({10, 10}, 4);
+    view.grab();
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ TEST_F(SolidView, WithoutAScreenForSolidsItShowsThePackageAndSaysWhy) {
     view.ShowPart(Part(kPart), "part.veka");
     ASSERT_TRUE(Wait());
     EXPECT_THAT(Why(), testing::HasSubstr("X11"));
-    for (const char* name : {"solidsAbove", "solidsFront"}) {
+    for (const char* name : {"solidsFromAbove", "solidsFromFront"}) {
         auto* drawn = test::QtScript::Child<host::SceneView>(view, name);
         EXPECT_TRUE(drawn->isVisible());
         const QImage image = drawn->grab().toImage();
