@@ -78,7 +78,7 @@ struct SceneView::Look {
     double pixel;  // in millimetres
     std::vector<QColor> colors;
     std::vector<bool> shown;
-    QRectF area;
+    std::vector<QRectF> areas;  // what is to be painted, in device pixels
 };
 
 SceneView::SceneView() {
@@ -217,6 +217,8 @@ void SceneView::Move(QPoint by) {
     m_image = std::move(moved);
     const QRegion all(m_image.rect());
     m_dirty = m_dirty.intersected(all).united(all.subtracted(QRegion(m_image.rect().translated(by))));
+    constexpr int kMostAreas = 16;
+    if (m_dirty.rectCount() > kMostAreas) m_dirty = m_dirty.boundingRect();
     m_next = 0;
     m_fresh = true;
     m_paintedOrigin = m_origin;
@@ -243,7 +245,7 @@ void SceneView::Advance(int milliseconds) {
     look.ground = ToQColor(drawing::Ground(look.theme));
     look.highlight = look.theme == drawing::Theme::Dark ? QColor(255, 236, 90) : QColor(0, 92, 230);
     look.pixel = 1 / m_scale;
-    look.area = m_dirty.boundingRect();
+    for (const QRect& area : m_dirty) look.areas.emplace_back(area);
     if (m_scene)
         for (const drawing::Layer& layer : m_scene->Layers()) {
             look.colors.push_back(ShapeColor(layer, look.theme));
@@ -271,8 +273,12 @@ bool SceneView::PaintNext(QPainter& painter, const Look& look, const QElapsedTim
         const bool highlighted = m_next >= shapes.size();
         const std::size_t shape = highlighted ? m_highlighted[m_next - shapes.size()] : m_next;
         const std::uint32_t layer = shapes[shape].layer;
-        if (look.shown[layer])
-            PaintOne(painter, look, shape, highlighted ? look.highlight : look.colors[layer]);
+        QColor color = highlighted ? look.highlight : look.colors[layer];
+        // A name on a highlighted area stays readable.
+        constexpr int kSeenThrough = 170;
+        if (highlighted && !std::holds_alternative<drawing::Text>(shapes[shape].form))
+            color.setAlpha(kSeenThrough);
+        if (look.shown[layer]) PaintOne(painter, look, shape, color);
         if (++m_next % kOften == 0 && time.elapsed() >= milliseconds) return false;
     }
     return true;
@@ -281,7 +287,10 @@ bool SceneView::PaintNext(QPainter& painter, const Look& look, const QElapsedTim
 void SceneView::PaintOne(QPainter& painter, const Look& look, std::size_t index, const QColor& color) {
     const QRectF box = InPixels(m_boxes[index]);
     constexpr double kPen = 2;  // the thinnest line is a pixel wide
-    if (!box.adjusted(-kPen, -kPen, kPen, kPen).intersects(look.area)) return;
+    const QRectF grown = box.adjusted(-kPen, -kPen, kPen, kPen);
+    if (std::none_of(look.areas.begin(), look.areas.end(),
+                     [&](const QRectF& area) { return grown.intersects(area); }))
+        return;
     const Shape& shape = m_scene->Shapes()[index];
     if (const auto* text = std::get_if<drawing::Text>(&shape.form)) {
         if (text->height * m_scale < kSmallestLetter) return;
