@@ -469,7 +469,7 @@ void MainWindow::RunDialog(const CString& file, const CString& library) {
         Remember(kLastFile, choice->part.file);
         AddRecent(kRecentFiles, choice->part.file);
         Show(std::move(choice->part));
-        StoreIn(choice->library, choice->existing);
+        StoreIn(choice->library, choice->existing, false);
     });
 }
 
@@ -484,10 +484,11 @@ void MainWindow::Guarded(const CString& file, const std::function<void()>& deed)
     }
 }
 
-void MainWindow::StoreIn(const CString& library, Existing existing) {
+void MainWindow::StoreIn(const CString& library, Existing existing, bool ask) {
     ShowNotStored();
     Guarded(m_part->file, [&] {
-        if (existing == Existing::Keep && !host::HasPart(library, m_part->Name()) && !MayStore()) return;
+        if (ask && existing == Existing::Keep && !host::HasPart(library, m_part->Name()) && !MayStore())
+            return;
         Outcome outcome = Store(*m_part, library, existing, WaitingBox(library));
         if (outcome == Outcome::Kept && MayReplace(*m_part))
             outcome = Store(*m_part, library, Existing::Replace, WaitingBox(library));

@@ -80,8 +80,9 @@ private:
     CString LibraryOrAsk();
     /// Does something; a failure is shown in a message and in the window. `file` is the one concerned.
     void Guarded(const CString& file, const std::function<void()>& deed);
-    /// Stores a part and shows what became of it.
-    void StoreIn(const CString& library, Existing existing);
+    /// Stores the part and shows what became of it. `ask` says first how many findings its report has; after
+    /// the dialog, which has asked already, that is only told.
+    void StoreIn(const CString& library, Existing existing, bool ask = true);
     void Show(ImportedPart part);
     /// Shows in the tree and in the table what was clicked in a picture.
     void Select(const void* record);

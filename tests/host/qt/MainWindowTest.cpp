@@ -473,6 +473,14 @@ TEST_F(QtMainWindow, TheReportHasATabWithTheNumberOfFindings) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return pictures->tabText(tab) == "Repor&t"; }));
 }
 
+TEST_F(QtMainWindow, AfterTheDialogTheFindingsAreToldAndNotAsked) {
+    window.Suggest(directory.Write("a.veka", "(VEK (PARTGENERAL (MPN A) (MPNN B)))"), library);
+    script.Click("1");
+    window.Import();
+    EXPECT_TRUE(Stored("A"));
+    EXPECT_THAT(Text("state"), testing::EndsWith("; A check of the file finds 1 warning."));
+}
+
 TEST_F(QtMainWindow, BeforeAPartWithFindingsIsStoredTheWindowSaysSoOnce) {
     window.Suggest("", library);
     window.Open({directory.Write("a.veka", "(VEK (PARTGENERAL (MPN A) (MPNN B)))")});
