@@ -63,6 +63,21 @@ const char* EscapeJson(char c) {
     }
 }
 
+const char* EscapeInQuotes(char c) {
+    switch (c) {
+        case '"':
+            return "\\\"";
+        case '\\':
+            return "\\\\";
+        case '\n':
+            return "\n";
+        case '\t':
+            return "\t";
+        default:
+            return nullptr;
+    }
+}
+
 /// Appends a level's name as that of an element.
 void AppendName(std::string& out, std::string_view name) {
     const auto letter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; };
@@ -119,8 +134,27 @@ void AppendJson(std::string& out, const CECadClsLvlArray& levels) {
     out += ']';
 }
 
-void Require(bool done, const char* reader) {
-    if (!done) throw std::runtime_error(std::string(reader) + " does not take the text");
+void AppendWord(std::string& out, std::string_view text) {
+    if (!text.empty() && text.find_first_of(" \t\n\"()\\") == std::string_view::npos) {
+        AppendEscaped(out, text, [](char) -> const char* { return nullptr; });
+        return;
+    }
+    out += '"';
+    AppendEscaped(out, text, EscapeInQuotes);
+    out += '"';
+}
+
+void AppendSExpressions(std::string& out, const CECadClsLvlArray& levels) {
+    for (const CECadClsLvl* level : levels) {
+        out += "\n(";
+        AppendWord(out, level->m_strName.View());
+        for (const CString& value : level->m_aValues) {
+            out += ' ';
+            AppendWord(out, value.View());
+        }
+        AppendSExpressions(out, *level->m_pChildren);
+        out += ')';
+    }
 }
 
 class PugiXml : public Reader {
@@ -142,6 +176,15 @@ protected:
     }
     const std::string& m_text;
     pugi::xml_document m_document;
+};
+
+/// As `PugiXml`, from a file.
+class PugiXmlFile : public PugiXml {
+public:
+    using PugiXml::PugiXml;
+    void Read() override {
+        Require(m_document.load_file(m_text.c_str(), pugi::parse_default, pugi::encoding_utf8), "pugixml");
+    }
 };
 
 class PugiXmlInPlace : public PugiXml {
@@ -273,14 +316,39 @@ std::string WriteJson(const CECadClsLvlArray& levels) {
     return out;
 }
 
+std::string WriteSExpressions(const CECadClsLvlArray& levels) {
+    std::string out;
+    AppendSExpressions(out, levels);
+    return out;
+}
+
+std::string WithoutForbidden(std::string_view text) {
+    std::string out;
+    AppendEscaped(out, text, [](char c) { return c == '\n' ? "\n" : c == '\t' ? "\t" : nullptr; });
+    return out;
+}
+
+void Require(bool done, const char* reader) {
+    if (!done) throw std::runtime_error(std::string(reader) + " does not take the text");
+}
+
 std::vector<Peer> Peers() {
-    return {{"pugixml load_buffer", Format::Xml, Make<PugiXml>},
-            {"pugixml load_buffer_inplace", Format::Xml, Make<PugiXmlInPlace>},
-            {"expat, no tree", Format::Xml, Make<Expat>},
-            {"RapidJSON Parse", Format::Json, Make<RapidJson>},
-            {"RapidJSON ParseInsitu", Format::Json, Make<RapidJsonInSitu>},
-            {"simdjson DOM, new parser", Format::Json, Make<SimdJson>},
-            {"simdjson DOM, kept parser", Format::Json, Make<SimdJsonKept>}};
+    return {{"pugixml load_buffer", Format::Xml, false, Make<PugiXml>},
+            {"pugixml load_buffer_inplace", Format::Xml, false, Make<PugiXmlInPlace>},
+            {"pugixml load_file", Format::Xml, true, Make<PugiXmlFile>},
+            {"expat, no tree", Format::Xml, false, Make<Expat>},
+            {"RapidJSON Parse", Format::Json, false, Make<RapidJson>},
+            {"RapidJSON ParseInsitu", Format::Json, false, Make<RapidJsonInSitu>},
+            {"simdjson DOM, new parser", Format::Json, false, Make<SimdJson>},
+            {"simdjson DOM, kept parser", Format::Json, false, Make<SimdJsonKept>},
+            {"pugixml + records", Format::Xml, false, MakePugiXmlRecords},
+            {"pugixml + records, file", Format::Xml, true, MakePugiXmlRecordsFromFile},
+            {"simdjson DOM + records", Format::Json, false, MakeSimdJsonDomRecords},
+            {"simdjson DOM + records, file", Format::Json, true, MakeSimdJsonDomRecordsFromFile},
+            {"On-Demand + records", Format::Json, false, MakeSimdJsonOnDemandRecords},
+            {"On-Demand + records, file", Format::Json, true, MakeSimdJsonOnDemandRecordsFromFile},
+            {"s-expressions + records", Format::SExpressions, false, MakeSExpressionRecords},
+            {"s-expressions + records, file", Format::SExpressions, true, MakeSExpressionRecordsFromFile}};
 }
 
 }  // namespace bench

@@ -5,21 +5,27 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <optional>
 
 #include "Levels.h"
 #include "Memory.h"
+#include "OurRecords.h"
 #include "Peers.h"
 #include "VEKAsciiDLL.h"
 
 namespace {
 
 using bench::Format;
+
+/// Several smaller files are summed up.
+constexpr double kLargeFile = 10e6;
 
 /// The level tree of a file.
 class LevelTree : public bench::Reader {
@@ -48,7 +54,7 @@ public:
         m_parser->Parser();
     }
     void Free() override { m_parser.reset(); }
-    std::int64_t Count() override { return -1; }
+    std::optional<std::uint64_t> Sum() override { return bench::ChecksumOf(*m_parser->GetCVEKA_Manager()); }
 
 private:
     std::string m_path;
@@ -57,9 +63,9 @@ private:
 
 std::vector<bench::Peer> Readers() {
     std::vector<bench::Peer> readers = {
-        {"level tree", Format::Veka,
+        {"level tree", Format::Veka, true,
          [](const std::string& path) { return std::make_unique<LevelTree>(path); }},
-        {"whole import", Format::Veka,
+        {"whole import", Format::Veka, true,
          [](const std::string& path) { return std::make_unique<WholeImport>(path); }}};
     for (bench::Peer& peer : bench::Peers()) readers.push_back(std::move(peer));
     return readers;
@@ -111,6 +117,7 @@ struct Report {
     std::string file;
     std::int64_t levels;
     double bytes;
+    double covered;  // percent of the names and values that the records are made of
     std::vector<Figures> readers;
 
     const Figures& Of(const char* name) const {
@@ -119,31 +126,70 @@ struct Report {
     }
 };
 
+/// The trees of a file as the readers want them, in memory and in files that are gone in the end.
+class Inputs {
+public:
+    explicit Inputs(const std::string& path) : m_texts{path} {
+        CECadCls tree;
+        tree.m_strFilePath = CString(path);
+        tree.ReadLevelTree(0);
+        const CECadClsLvlArray& all = *tree.m_pRootLevels;
+        levels = bench::CountLevels(all);
+        covered = bench::CoveredPercent(all);
+        m_texts[Index(Format::Xml)] = bench::WriteXml(all);
+        m_texts[Index(Format::Json)] = bench::WriteJson(all);
+        m_texts[Index(Format::SExpressions)] = bench::WriteSExpressions(all);
+        m_paths[0] = path;
+        for (size_t i = 1; i < kFormats; ++i) {
+            m_paths[i] = (std::filesystem::temp_directory_path() /
+                          ("veka-peers-" + std::to_string(getpid()) + "-" + std::to_string(i)))
+                             .native();
+            std::ofstream(m_paths[i], std::ios::binary) << m_texts[i];
+        }
+    }
+    ~Inputs() {
+        for (size_t i = 1; i < kFormats; ++i) std::filesystem::remove(m_paths[i]);
+    }
+    Inputs(const Inputs&) = delete;
+    Inputs& operator=(const Inputs&) = delete;
+
+    const std::string& For(const bench::Peer& peer) const {
+        return (peer.fromFile ? m_paths : m_texts)[Index(peer.format)];
+    }
+    double BytesFor(const bench::Peer& peer) const {
+        return double(std::filesystem::file_size(m_paths[Index(peer.format)]));
+    }
+
+    std::int64_t levels = 0;
+    double covered = 0;
+
+private:
+    static constexpr size_t kFormats = 4;
+    static size_t Index(Format format) { return static_cast<size_t>(format); }
+    std::array<std::string, kFormats> m_texts, m_paths;
+};
+
+/// Checks that a reader has read what the library reads.
+void Check(bench::Reader& reader, const char* name, std::int64_t levels, std::optional<std::uint64_t>& sum) {
+    if (reader.Count() >= 0 && reader.Count() != levels)
+        throw std::runtime_error(std::string(name) + " counts other levels");
+    const std::optional<std::uint64_t> own = reader.Sum();
+    if (own && sum && own != sum) throw std::runtime_error(std::string(name) + " makes other records");
+    if (own) sum = own;
+}
+
 /// Measures all readers on one file: in turns, so that a busy moment of the machine slows all of them
 /// equally.
 Report MeasureFile(const std::string& path, int rounds) {
-    Report report{path, 0, double(std::filesystem::file_size(path)), {}};
-    std::string xml, json;
-    {
-        CECadCls levels;
-        levels.m_strFilePath = CString(path);
-        levels.ReadLevelTree(0);
-        report.levels = bench::CountLevels(*levels.m_pRootLevels);
-        xml = bench::WriteXml(*levels.m_pRootLevels);
-        json = bench::WriteJson(*levels.m_pRootLevels);
-    }
+    const Inputs inputs(path);
+    Report report{path, inputs.levels, double(std::filesystem::file_size(path)), inputs.covered, {}};
     const std::vector<bench::Peer> peers = Readers();
-    std::vector<const std::string*> inputs;
-    for (const bench::Peer& peer : peers) {
-        inputs.push_back(peer.format == Format::Veka ? &path : peer.format == Format::Xml ? &xml : &json);
-        report.readers.push_back(
-            {peer.name, peer.format == Format::Veka ? report.bytes : double(inputs.back()->size())});
-    }
+    for (const bench::Peer& peer : peers) report.readers.push_back({peer.name, inputs.BytesFor(peer)});
 
     std::vector<std::vector<double>> times(peers.size());
     for (int round = 0; round < rounds; ++round)
         for (size_t i = 0; i < peers.size(); ++i) {
-            const FirstRead first = MeasureFirst(peers[i], *inputs[i]);
+            const FirstRead first = MeasureFirst(peers[i], inputs.For(peers[i]));
             times[i].push_back(first.seconds);
             report.readers[i].memory = std::max(report.readers[i].memory, first.memory);
         }
@@ -151,11 +197,12 @@ Report MeasureFile(const std::string& path, int rounds) {
 
     std::vector<std::unique_ptr<bench::Reader>> readers;
     for (size_t i = 0; i < peers.size(); ++i) {
-        readers.push_back(peers[i].make(*inputs[i]));
+        readers.push_back(peers[i].make(inputs.For(peers[i])));
         times[i].clear();
     }
     // Reads that are too short for the clock are taken several at a time.
     const int repeats = std::clamp(static_cast<int>(2e6 / report.bytes), 1, 100);
+    std::optional<std::uint64_t> sum;  // of the records, which is the same for all
     for (int round = 0; round < rounds; ++round)
         for (size_t i = 0; i < peers.size(); ++i) {
             double seconds = 0;
@@ -164,9 +211,7 @@ Report MeasureFile(const std::string& path, int rounds) {
                 const auto start = std::chrono::steady_clock::now();
                 readers[i]->Read();
                 seconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-                if (round == 0 && repeat == 0 && readers[i]->Count() >= 0 &&
-                    readers[i]->Count() != report.levels)
-                    throw std::runtime_error(std::string(peers[i].name) + " counts other levels");
+                if (round == 0 && repeat == 0) Check(*readers[i], peers[i].name, report.levels, sum);
                 readers[i]->Free();
             }
             times[i].push_back(seconds / repeats);
@@ -179,8 +224,9 @@ Report MeasureFile(const std::string& path, int rounds) {
 }
 
 void Print(const Report& report) {
-    std::printf("\n%s: %lld levels, %.3f MB\n", std::filesystem::path(report.file).filename().c_str(),
-                static_cast<long long>(report.levels), report.bytes / 1e6);
+    std::printf("\n%s: %lld levels, %.3f MB; records are made of %.0f %% of the names and values\n",
+                std::filesystem::path(report.file).filename().c_str(), static_cast<long long>(report.levels),
+                report.bytes / 1e6, report.covered);
     std::printf("%-28s | %-23s | %-33s |\n", "", "first read in a process", "again, with memory at hand");
     std::printf("%-28s | %12s %10s | %12s %9s %10s | %s\n", "reader", "M levels/s", "ms", "M levels/s",
                 "(best)", "ms", "peak memory, bytes a byte of the file");
@@ -208,24 +254,69 @@ void WriteJson(const std::vector<Report>& reports, const std::string& path) {
     out << "\n]\n";
 }
 
-/// The ratios that the library must reach.
+/// A comparison with another reader, and what the library must reach.
+struct Bar {
+    const char* own;
+    const char* other;
+    const char* bar;
+};
+constexpr Bar kBars[] = {
+    {"whole import", "pugixml + records", "at least 1.5"},
+    {"whole import", "pugixml + records, file", "at least 1.5"},
+    {"whole import", "simdjson DOM + records", "at least 1.2"},
+    {"whole import", "simdjson DOM + records, file", "at least 1.2"},
+    {"whole import", "On-Demand + records", "at least 1"},
+    {"whole import", "On-Demand + records, file", "at least 1"},
+    {"whole import", "s-expressions + records", ""},
+    {"whole import", "s-expressions + records, file", ""},
+    {"level tree", "pugixml load_file", "at least 1.2"},
+    {"level tree", "pugixml load_buffer", ""},
+    {"level tree", "simdjson DOM, kept parser", ""},
+    {"whole import", "pugixml load_file", ""},
+    {"whole import", "pugixml load_buffer", "again at least 0.8"},
+};
+
+void PrintRatio(const Bar& bar, double first, double again) {
+    std::printf("%-14s %-30s %8.2f %8.2f   %s\n", bar.own, bar.other, first, again, bar.bar);
+}
+
+/// How many times as fast as other readers the library is on one file.
 void PrintRatios(const Report& report) {
-    const Figures& tree = report.Of("level tree");
-    const Figures& import = report.Of("whole import");
-    const Figures& pugixml = report.Of("pugixml load_buffer");
-    const Figures& simdjson = report.Of("simdjson DOM, kept parser");
-    const auto print = [](const char* what, double first, double again, const char* bar) {
-        std::printf("%-56s %8.2f %8.2f   %s\n", what, first, again, bar);
+    std::printf("\n%-14s %-30s %8s %8s\n", "how fast is", "compared with", "first", "again");
+    for (const Bar& bar : kBars)
+        PrintRatio(bar, report.Of(bar.other).first / report.Of(bar.own).first,
+                   report.Of(bar.other).seconds / report.Of(bar.own).seconds);
+    std::printf("peak memory of the whole import to that of pugixml's tree: %.2f\n",
+                report.Of("whole import").memory / report.Of("pugixml load_buffer").memory);
+}
+
+/// The same over several files: the median of their ratios.
+void PrintMedians(const std::vector<const Report*>& reports) {
+    double covered = 0;
+    for (const Report* report : reports) covered += report->covered / double(reports.size());
+    std::printf(
+        "\n%zu files one by one, the median of their ratios; records are made of %.0f %% of the names and "
+        "values on average\n",
+        reports.size(), covered);
+    std::printf("%-14s %-30s %8s %8s\n", "how fast is", "compared with", "first", "again");
+    const auto median = [&](auto ratio) {
+        std::vector<double> ratios;
+        for (const Report* report : reports) ratios.push_back(ratio(*report));
+        return Median(ratios);
     };
-    std::printf("\n%-56s %8s %8s\n", "ratio", "first", "again");
-    print("speed of the level tree to pugixml load_buffer", pugixml.first / tree.first,
-          pugixml.seconds / tree.seconds, "at least 1.5");
-    print("speed of the level tree to simdjson with a kept parser", simdjson.first / tree.first,
-          simdjson.seconds / tree.seconds, "aim 1");
-    print("speed of the whole import to pugixml load_buffer", pugixml.first / import.first,
-          pugixml.seconds / import.seconds, "at least 1, aim 1.5");
-    print("peak memory of the whole import to pugixml's tree", import.memory / pugixml.memory,
-          import.memory / pugixml.memory, "at most 1, aim 0.5");
+    for (const Bar& bar : kBars)
+        PrintRatio(
+            bar, median([&](const Report& one) { return one.Of(bar.other).first / one.Of(bar.own).first; }),
+            median([&](const Report& one) { return one.Of(bar.other).seconds / one.Of(bar.own).seconds; }));
+    std::printf("peak memory of the whole import to that of pugixml's tree: %.2f\n",
+                median([](const Report& one) {
+                    return one.Of("whole import").memory / one.Of("pugixml load_buffer").memory;
+                }));
+    std::printf("\n%-30s %14s %14s   medians\n", "reader", "first, ms", "again, ms");
+    for (const Figures& reader : reports[0]->readers)
+        std::printf("%-30s %14.3f %14.3f\n", reader.reader,
+                    median([&](const Report& one) { return one.Of(reader.reader).first * 1e3; }),
+                    median([&](const Report& one) { return one.Of(reader.reader).seconds * 1e3; }));
 }
 
 }  // namespace
@@ -251,10 +342,15 @@ int main(int argc, char** argv) {
     std::vector<Report> reports;
     for (const std::string& file : files) {
         reports.push_back(MeasureFile(file, rounds));
+        if (files.size() > 5 && reports.back().bytes < kLargeFile) continue;
         Print(reports.back());
         PrintRatios(reports.back());
         std::fflush(stdout);
     }
+    std::vector<const Report*> small;
+    for (const Report& report : reports)
+        if (report.bytes < kLargeFile) small.push_back(&report);
+    if (small.size() > 1) PrintMedians(small);
     if (!json.empty()) WriteJson(reports, json);
     return 0;
 }

@@ -1,7 +1,15 @@
 #include "files/CStdioFile.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cstring>
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
 
 #include "files/Paths.h"
 #include "platform/Exceptions.h"
@@ -10,26 +18,57 @@
 namespace {
 
 constexpr size_t kBlock = size_t{64} * 1024;
+constexpr size_t kLineEnd = 2;  // bytes that are added to a last line
 
-std::FILE* OpenForReading(const CString& path) {
-    // The system would use only the bytes before the zero byte.
-    if (path.View().find('\0') != std::string_view::npos) return nullptr;
-    const std::filesystem::path native = veka::ToPath(path);
-    if (veka::IsDirectory(native)) return nullptr;
+// The system's files, without the buffer of the C library: blocks are read directly into ours.
 #ifdef _WIN32
-    return _wfopen(native.c_str(), L"rb");
+using Status = struct _stat64;
+int OpenForReading(const CString& path) {
+    return _wopen(veka::ToPath(path).c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);
+}
+bool GetStatus(int file, Status& status) {
+    return _fstat64(file, &status) == 0;
+}
+std::ptrdiff_t Read(int file, char* memory, size_t size) {
+    return _read(file, memory, static_cast<unsigned>(std::min(size, size_t{1} << 30)));
+}
+void CloseFile(int file) {
+    _close(file);
+}
 #else
-    return std::fopen(native.c_str(), "rb");
+using Status = struct stat;
+int OpenForReading(const CString& path) {
+    return open(path.GetString(), O_RDONLY | O_CLOEXEC);
+}
+bool GetStatus(int file, Status& status) {
+    return fstat(file, &status) == 0;
+}
+std::ptrdiff_t Read(int file, char* memory, size_t size) {
+    return read(file, memory, size);
+}
+void CloseFile(int file) {
+    close(file);
+}
 #endif
+
+bool IsOfKind(const Status& status, unsigned kind) {
+    return (status.st_mode & S_IFMT) == kind;
 }
 
 }  // namespace
 
 bool CStdioFile::Open(const CString& path) {
     Close();
-    m_file.reset(OpenForReading(path));
-    if (!m_file) return false;
-    std::setvbuf(m_file.get(), nullptr, _IONBF, 0);  // blocks are read directly into m_buffer
+    // The system would use only the bytes before a zero byte.
+    if (path.View().find('\0') != std::string_view::npos) return false;
+    m_file = OpenForReading(path);
+    if (m_file < 0) return false;
+    Status status;
+    if (!GetStatus(m_file, status) || IsOfKind(status, S_IFDIR)) {
+        Close();
+        return false;
+    }
+    m_fileSize = IsOfKind(status, S_IFREG) ? static_cast<std::uint64_t>(status.st_size) : 0;
     m_path = path;
     m_atEnd = false;
     m_bytesRead = 0;
@@ -37,7 +76,8 @@ bool CStdioFile::Open(const CString& path) {
 }
 
 void CStdioFile::Close() noexcept {
-    m_file.reset();
+    if (m_file >= 0) CloseFile(m_file);
+    m_file = -1;
     m_begin = m_end = 0;
     m_atEnd = true;
 }
@@ -88,7 +128,7 @@ bool CStdioFile::ReadLines(std::string_view& lines) {
         const size_t unsearched = m_end - m_begin;
         if (m_atEnd) {
             if (unsearched == 0) return false;
-            if (m_size - m_end < 2) Resize(m_end + 2);
+            if (m_size - m_end < kLineEnd) Resize(m_end + kLineEnd);
             m_buffer[m_end++] = '\r';
             m_buffer[m_end++] = '\n';
         } else {
@@ -103,15 +143,27 @@ void CStdioFile::ReadBlock() {
     std::copy(m_buffer.get() + m_begin, m_buffer.get() + m_end, m_buffer.get());
     m_end -= m_begin;
     m_begin = 0;
-    if (m_size - m_end < kBlock / 2) Resize(std::max(m_size * 2, kBlock));
-    const size_t count = std::fread(m_buffer.get() + m_end, 1, m_size - m_end, m_file.get());
-    m_end += count;
-    m_bytesRead += count;
-    veka::Watch::Tick();
-    if (count == 0) {
-        if (std::ferror(m_file.get())) throw CFileException("The file \"" + m_path + "\" cannot be read.");
-        m_atEnd = true;
+    // A small file is read in one piece. There is room for more than the file, so that the end is seen at
+    // once.
+    const bool isSmall = m_bytesRead == 0 && m_fileSize > 0 && m_fileSize <= kBlock - kLineEnd;
+    const size_t room = isSmall ? static_cast<size_t>(m_fileSize) + kLineEnd : kBlock / 2;
+    if (m_size - m_end < room) Resize(std::max(m_size * 2, isSmall ? room : kBlock));
+    const size_t before = m_end;
+    bool failed = false;
+    while (m_end < m_size && !m_atEnd) {
+        const size_t wanted = m_size - m_end;
+        const std::ptrdiff_t count = Read(m_file, m_buffer.get() + m_end, wanted);
+        failed = count < 0;
+        if (failed) break;
+        m_end += static_cast<size_t>(count);
+        m_bytesRead += static_cast<std::uint64_t>(count);
+        // What is no plain file can give a part of its bytes now and more of them later.
+        const bool isWhole = m_fileSize > 0 && m_bytesRead >= m_fileSize;
+        m_atEnd = count == 0 || (isWhole && static_cast<size_t>(count) < wanted);
     }
+    veka::Watch::Tick();
+    // What was read before a failure is given first.
+    if (failed && m_end == before) throw CFileException("The file \"" + m_path + "\" cannot be read.");
 }
 
 void CStdioFile::Resize(size_t size) {

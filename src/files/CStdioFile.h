@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <string_view>
 
@@ -16,6 +15,9 @@
 /// is a line.
 class CStdioFile final : public veka::LineSource {
 public:
+    CStdioFile() = default;
+    ~CStdioFile() override { Close(); }
+
     /// Opens a file for reading; false if that fails or if the path names a directory.
     bool Open(const CString& path);
     /// Closes the file; nothing can be read from it any more.
@@ -31,17 +33,15 @@ public:
     bool ReadLines(std::string_view& lines) override;
     /// Number of bytes that were read from the file, those in the buffer too.
     std::uint64_t BytesRead() const noexcept { return m_bytesRead; }
+    /// Number of bytes that the file had when it was opened; 0 for what is no plain file.
+    std::uint64_t Size() const noexcept { return m_fileSize; }
 
 private:
-    struct Closer {
-        void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-    };
-
     /// Reads a block of the file to the end of the buffer; notes the end of the file.
     void ReadBlock();
     void Resize(size_t size);
 
-    std::unique_ptr<std::FILE, Closer> m_file;
+    int m_file = -1;  // the system's number of the open file
     CString m_path;
     veka::WatchedMemory m_watched;
     std::unique_ptr<char[]> m_buffer;
@@ -49,5 +49,6 @@ private:
     size_t m_begin = 0;  // of the bytes that have not been given yet
     size_t m_end = 0;
     std::uint64_t m_bytesRead = 0;
+    std::uint64_t m_fileSize = 0;
     bool m_atEnd = true;
 };

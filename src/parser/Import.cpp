@@ -1,13 +1,10 @@
 #include "parser/Import.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <optional>
-#include <system_error>
 
 #include "files/CStdioFile.h"
 #include "files/MemoryLines.h"
-#include "files/Paths.h"
 #include "leveltree/LevelReader.h"
 #include "leveltree/Messages.h"
 #include "model/RecordMemory.h"
@@ -39,20 +36,13 @@ public:
 
 class FileText final : public Text {
 public:
-    bool Open(const CString& path) {
-        if (!m_file.Open(path)) return false;
-        std::error_code error;
-        const std::uintmax_t size = std::filesystem::file_size(ToPath(path), error);
-        if (!error) m_size = size;
-        return true;
-    }
+    bool Open(const CString& path) { return m_file.Open(path); }
     LineSource& Lines() override { return m_file; }
-    std::uint64_t Size() const override { return m_size; }
+    std::uint64_t Size() const override { return m_file.Size(); }
     std::uint64_t Taken() const override { return m_file.BytesRead(); }
 
 private:
     CStdioFile m_file;
-    std::uint64_t m_size = 0;
 };
 
 class BytesText final : public Text {

@@ -1,6 +1,7 @@
 #include "failures/Failures.h"
 
-#include <cstdio>
+#include <sys/types.h>
+
 #include <cstdlib>
 #include <new>
 
@@ -71,14 +72,9 @@ void* __wrap_realloc(void* block, std::size_t size) {
     return AllocationFails() ? nullptr : __real_realloc(block, size);
 }
 
-std::size_t __real_fread(void* buffer, std::size_t size, std::size_t count, std::FILE* file);
-std::size_t __wrap_fread(void* buffer, std::size_t size, std::size_t count, std::FILE* file) {
+ssize_t __real_read(int file, void* buffer, std::size_t size);
+ssize_t __wrap_read(int file, void* buffer, std::size_t size) {
     if (g_readsLeft > 0 && --g_readsLeft == 0) g_readFailed = true;
-    return g_readFailed ? 0 : __real_fread(buffer, size, count, file);
-}
-
-int __real_ferror(std::FILE* file);
-int __wrap_ferror(std::FILE* file) {
-    return g_readFailed ? 1 : __real_ferror(file);
+    return g_readFailed ? -1 : __real_read(file, buffer, size);
 }
 }

@@ -3,7 +3,7 @@
 #include <cstddef>
 
 /// Memory and disks that fail when a test says so. The program's allocations and reads come here: those by
-/// `new`, and those of the library by `realloc` and `fread`.
+/// `new`, and those of the library by `realloc` and `read`.
 namespace test {
 
 /// Lets one allocation fail, counted from the moment that this is made; the next ones succeed again.

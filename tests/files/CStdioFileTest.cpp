@@ -1,9 +1,15 @@
 #include "files/CStdioFile.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <random>
+#include <thread>
 
 #include "platform/Exceptions.h"
 #include "support/Files.h"
@@ -128,5 +134,69 @@ TEST(CStdioFile, PutsALineEndBehindTheLastOfManyLines) {
     for (size_t length = 65530; length < 65540; ++length)
         EXPECT_EQ(AllLines(std::string(length, 'x')), std::string(length, 'x') + "\r\n");
 }
+
+TEST(CStdioFile, ReadsAFileOfAnySizeToItsEnd) {
+    for (size_t size : {1u, 65533u, 65534u, 65535u, 65536u, 65537u, 131071u, 131072u, 131073u}) {
+        std::string text;
+        while (text.size() < size) text += "0123456789\n";
+        text.resize(size - 1);
+        text += '\n';
+        EXPECT_EQ(AllLines(text), text);
+    }
+}
+
+TEST(CStdioFile, KnowsTheSizeOfAPlainFile) {
+    const test::TemporaryDirectory directory;
+    CStdioFile file;
+    EXPECT_EQ(file.Size(), 0u);
+    ASSERT_TRUE(file.Open(directory.Write("file", "a\nb")));
+    EXPECT_EQ(file.Size(), 3u);
+    ASSERT_TRUE(file.Open(directory.Write("empty", "")));
+    EXPECT_EQ(file.Size(), 0u);
+}
+
+/// All lines that a file still has.
+std::string RestOf(CStdioFile& file) {
+    std::string all;
+    for (std::string_view lines; file.ReadLines(lines);) all += lines;
+    return all;
+}
+
+TEST(CStdioFile, ReadsWhatAFileHasWhenItIsRead) {
+    const test::TemporaryDirectory directory;
+    CStdioFile file;
+    const CString path = directory.Write("file", "a\n");
+    ASSERT_TRUE(file.Open(path));
+    std::string large;
+    while (large.size() < 200'000) large += "line\n";
+    directory.Write("file", large);
+    EXPECT_EQ(RestOf(file), large) << "the file has grown since it was opened";
+    EXPECT_EQ(file.BytesRead(), large.size());
+
+    ASSERT_TRUE(file.Open(path));
+    directory.Write("file", "b\n");
+    EXPECT_EQ(RestOf(file), "b\n") << "the file has become smaller";
+    EXPECT_EQ(file.BytesRead(), 2u);
+}
+
+#ifndef _WIN32
+TEST(CStdioFile, ReadsAPipeThatIsWrittenInPieces) {
+    const test::TemporaryDirectory directory;
+    const CString path = directory / "pipe";
+    ASSERT_EQ(mkfifo(path.GetString(), 0600), 0);
+    std::string text;
+    for (int i = 0; i < 30'000; ++i) text += std::to_string(i) + "\n";
+    std::thread writer([&] {
+        std::ofstream pipe(path.GetString(), std::ios::binary);
+        for (size_t begin = 0; begin < text.size(); begin += 1000)
+            pipe << text.substr(begin, 1000) << std::flush;
+    });
+    CStdioFile file;
+    EXPECT_TRUE(file.Open(path));
+    EXPECT_EQ(file.Size(), 0u);
+    EXPECT_EQ(RestOf(file), text);
+    writer.join();
+}
+#endif
 
 }  // namespace
