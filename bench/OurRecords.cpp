@@ -10,12 +10,12 @@ namespace bench {
 
 namespace {
 
-void Tell(Checksum& sum, const veka::RecordView& view) {
+void AddTo(Checksum& sum, const veka::RecordView& view) {
     const veka::RecordDescription& description = *view.description;
     if (description.IsArray()) {
         const INT_PTR size = description.size(view.record);
         sum.Add(static_cast<std::uint64_t>(size));
-        for (INT_PTR i = 0; i < size; ++i) Tell(sum, description.at(view.record, i));
+        for (INT_PTR i = 0; i < size; ++i) AddTo(sum, description.at(view.record, i));
         return;
     }
     for (const veka::FieldDescription& field : description.fields) {
@@ -42,7 +42,7 @@ void Tell(Checksum& sum, const veka::RecordView& view) {
             case veka::FieldKind::Array:
                 // How a package is mounted is no part of the comparison.
                 if (std::string_view(field.content->name) != "CVEKA_MountData")
-                    Tell(sum, field.Content(view.record));
+                    AddTo(sum, field.Content(view.record));
                 break;
         }
     }
@@ -67,11 +67,11 @@ double BytesAt(const CECadClsLvl& level, std::string_view name) {
 
 std::uint64_t ChecksumOf(const CVEKA_Manager& model) {
     Checksum sum;
-    Tell(sum, veka::View(*model.GetPadArr()));
-    Tell(sum, veka::View(*model.GetPadStackArr()));
-    Tell(sum, veka::View(*model.GetFootprintDBArr()));
-    Tell(sum, veka::View(*model.GetVEK()->GetPackages()->GetPackageArr()));
-    Tell(sum, veka::View(*model.GetPartitionDBArr()));
+    AddTo(sum, veka::View(*model.GetPadArr()));
+    AddTo(sum, veka::View(*model.GetPadStackArr()));
+    AddTo(sum, veka::View(*model.GetFootprintDBArr()));
+    AddTo(sum, veka::View(*model.GetVEK()->GetPackages()->GetPackageArr()));
+    AddTo(sum, veka::View(*model.GetPartitionDBArr()));
     return sum.Sum();
 }
 

@@ -45,7 +45,7 @@ public:
         m_part.emplace();
         for (const pugi::xml_node section : document.first_child().children()) {
             XmlLevel level(section);
-            TakeSection(level, *m_part);
+            ReadSection(level, *m_part);
         }
     }
 

@@ -43,40 +43,40 @@ inline constexpr auto kIgnore = [](const auto&) {};
 template <class Level>
 void AppendObject(Level& level, Objects& objects);
 
-// `Take` reads a level into a field, as the type of the field says.
+// `ReadInto` reads a level into a field, as the type of the field says.
 
 template <class Level, class T>
-void TakeLast(Level& level, T& field) {
+void ReadLast(Level& level, T& field) {
     level.Read([&](const auto& value) { value.To(field); }, kIgnore);
 }
 template <class Level>
-void Take(Level& level, double& field) {
-    TakeLast(level, field);
+void ReadInto(Level& level, double& field) {
+    ReadLast(level, field);
 }
 template <class Level>
-void Take(Level& level, int& field) {
-    TakeLast(level, field);
+void ReadInto(Level& level, int& field) {
+    ReadLast(level, field);
 }
 template <class Level>
-void Take(Level& level, std::string& field) {
-    TakeLast(level, field);
+void ReadInto(Level& level, std::string& field) {
+    ReadLast(level, field);
 }
 template <class Level>
-void Take(Level& level, WordFlag& field) {
+void ReadInto(Level& level, WordFlag& field) {
     level.Read([&](const auto& value) { field.value = value.Is("TRUE"); }, kIgnore);
 }
 template <class Level>
-void Take(Level& level, NumberFlag& field) {
-    TakeLast(level, field.value);
+void ReadInto(Level& level, NumberFlag& field) {
+    ReadLast(level, field.value);
     field.value = field.value == 1;
 }
 template <class Level>
-void Take(Level& level, ClearedFlag& field) {
+void ReadInto(Level& level, ClearedFlag& field) {
     level.Read([&](const auto& value) { field.value = field.value && !value.Is("FALSE"); }, kIgnore);
 }
 /// The first three values.
 template <class Level, class T>
-void TakeThree(Level& level, T& a, T& b, T& c) {
+void ReadThree(Level& level, T& a, T& b, T& c) {
     int place = 0;
     a = b = c = 0;
     level.Read(
@@ -87,50 +87,50 @@ void TakeThree(Level& level, T& a, T& b, T& c) {
         kIgnore);
 }
 template <class Level>
-void Take(Level& level, Point& field) {
-    TakeThree(level, field.x, field.y, field.z);
+void ReadInto(Level& level, Point& field) {
+    ReadThree(level, field.x, field.y, field.z);
 }
 template <class Level>
-void Take(Level& level, Color& field) {
-    TakeThree(level, field.red, field.green, field.blue);
+void ReadInto(Level& level, Color& field) {
+    ReadThree(level, field.red, field.green, field.blue);
 }
 template <class Level>
-void Take(Level& level, Objects& field) {
+void ReadInto(Level& level, Objects& field) {
     field.clear();
     level.Read(kIgnore, [&](auto& child) { AppendObject(child, field); });
 }
 template <class Level>
-void Take(Level& level, std::vector<std::string>& field) {
+void ReadInto(Level& level, std::vector<std::string>& field) {
     field.clear();
     level.Read([&](const auto& value) { value.To(field.emplace_back()); }, kIgnore);
 }
 template <class Level>
-void Take(Level& level, std::vector<SearchKey>& keys);
+void ReadInto(Level& level, std::vector<SearchKey>& keys);
 template <class Level>
-void Take(Level& level, std::vector<FootprintPin>& pins);
+void ReadInto(Level& level, std::vector<FootprintPin>& pins);
 template <class Level>
-void Take(Level& level, std::vector<FootprintLayer>& layers);
+void ReadInto(Level& level, std::vector<FootprintLayer>& layers);
 template <class Level>
-void Take(Level& level, std::vector<PackagePin>& pins);
+void ReadInto(Level& level, std::vector<PackagePin>& pins);
 template <class Level>
-void Take(Level& level, std::vector<FootprintName>& names);
+void ReadInto(Level& level, std::vector<FootprintName>& names);
 template <class Level>
-void Take(Level& level, std::vector<PropertyLabel>& labels);
+void ReadInto(Level& level, std::vector<PropertyLabel>& labels);
 template <class Level>
-void Take(Level& level, std::vector<Comment>& comments);
+void ReadInto(Level& level, std::vector<Comment>& comments);
 template <class Level>
-void Take(Level& level, std::vector<PartitionPin>& pins);
+void ReadInto(Level& level, std::vector<PartitionPin>& pins);
 template <class Level>
-void Take(Level& level, Marking& marking);
+void ReadInto(Level& level, Marking& marking);
 template <class Level, class Record>
 requires requires {
     Record::kFields;
 }
-void Take(Level& level, Record& field);
+void ReadInto(Level& level, Record& field);
 
 /// Reads a child into the field that has its keyword; false if there is none.
 template <class Record, class Level>
-bool TakeField(Record& record, Level& child, int place = 0) {
+bool ReadField(Record& record, Level& child, int place = 0) {
     const std::string_view name = child.Name();
     bool found = false;
     Record::Fields(
@@ -140,7 +140,7 @@ bool TakeField(Record& record, Level& child, int place = 0) {
             if constexpr (requires { Field::kPlace; })
                 if (place != Field::kPlace) return;
             found = true;
-            Take(child, field);
+            ReadInto(child, field);
         });
     return found;
 }
@@ -148,9 +148,9 @@ template <class Level, class Record>
 requires requires {
     Record::kFields;
 }
-void Take(Level& level, Record& field) {
+void ReadInto(Level& level, Record& field) {
     field = Record();
-    level.Read(kIgnore, [&](auto& child) { TakeField(field, child); });
+    level.Read(kIgnore, [&](auto& child) { ReadField(field, child); });
 }
 
 /// The directions that a rotation means.
@@ -169,16 +169,16 @@ inline void Turn(Solid& solid) {
 }
 
 template <class Kind, class Level>
-void TakeChild(Kind& object, Level& child, int place) {
+void ReadChild(Kind& object, Level& child, int place) {
     const std::string_view name = child.Name();
     bool found = false, otherPlace = false;
-    const auto take = [&](std::string_view keyword, auto& field) __attribute__((always_inline)) {
+    const auto read = [&](std::string_view keyword, auto& field) __attribute__((always_inline)) {
         using Field = std::remove_reference_t<decltype(field)>;
         if (found) return;
         if constexpr (std::is_same_v<Field, OtherChildren>) {
             AppendObject(child, field.objects);
         } else if constexpr (std::is_same_v<Field, ChildrenOfChildren>) {
-            Take(child, field.objects);
+            ReadInto(child, field.objects);
         } else {
             if (keyword != name) return;
             if constexpr (requires { Field::kPlace; })
@@ -187,20 +187,20 @@ void TakeChild(Kind& object, Level& child, int place) {
                     return;
                 }
             found = true;
-            Take(child, field);
+            ReadInto(child, field);
             if constexpr (std::is_same_v<Field, Rotation>) Turn(object);
         }
     };
-    Kind::Fields(object, take);
+    Kind::Fields(object, read);
     found = found || otherPlace;  // a kind with places does not read points at other places
-    Kind::Bases::BaseFields(object, take);
+    Kind::Bases::BaseFields(object, read);
 }
 
 template <class Kind, class Level>
 void AppendKind(Level& level, Objects& objects) {
     auto object = std::make_unique<Kind>();
     int place = 0;
-    level.Read(kIgnore, [&](auto& child) { TakeChild(*object, child, place++); });
+    level.Read(kIgnore, [&](auto& child) { ReadChild(*object, child, place++); });
     objects.push_back(std::move(object));
 }
 
@@ -209,10 +209,10 @@ void AppendUserDefined(Level& level, Objects& objects) {
     auto lead = std::make_unique<UserDefined>();
     level.Read(kIgnore, [&](auto& child) {
         if (child.Name() == "MAINSHAPE")
-            Take(child, lead->mainShape);
+            ReadInto(child, lead->mainShape);
         else if (child.Name() == "LEADSHAPE")
             child.Read(kIgnore, [&](auto& inner) {
-                if (inner.Name() == "LEAD") Take(inner, lead->lead);
+                if (inner.Name() == "LEAD") ReadInto(inner, lead->lead);
             });
         else if (child.Name() == "METALMASKSHAPE")
             child.Read(kIgnore, [&](auto& inner) {
@@ -305,7 +305,7 @@ void AppendObject(Level& level, Objects& objects) {
 
 /// Reads the children of one name into a fresh list, each by a function.
 template <class Level, class T, class ReadOne>
-void TakeList(Level& level, std::string_view keyword, std::vector<T>& list, ReadOne readOne) {
+void ReadList(Level& level, std::string_view keyword, std::vector<T>& list, ReadOne readOne) {
     list.clear();
     level.Read(kIgnore, [&](auto& child) {
         if (child.Name() == keyword) readOne(child, list.emplace_back());
@@ -313,12 +313,12 @@ void TakeList(Level& level, std::string_view keyword, std::vector<T>& list, Read
 }
 
 template <class Level>
-void Take(Level& level, std::vector<SearchKey>& keys) {
-    TakeList(level, "USGKEYS", keys, [](auto& from, SearchKey& key) { Take(from, key); });
+void ReadInto(Level& level, std::vector<SearchKey>& keys) {
+    ReadList(level, "USGKEYS", keys, [](auto& from, SearchKey& key) { ReadInto(from, key); });
 }
 template <class Level>
-void Take(Level& level, std::vector<FootprintPin>& pins) {
-    TakeList(level, "FPIN", pins, [](auto& from, FootprintPin& pin) {
+void ReadInto(Level& level, std::vector<FootprintPin>& pins) {
+    ReadList(level, "FPIN", pins, [](auto& from, FootprintPin& pin) {
         int place = 0;
         from.Read(
             [&](const auto& value) {
@@ -326,23 +326,23 @@ void Take(Level& level, std::vector<FootprintPin>& pins) {
                 if (place == 1) value.To(pin.name);
                 ++place;
             },
-            [&](auto& child) { TakeField(pin, child); });
+            [&](auto& child) { ReadField(pin, child); });
     });
 }
 template <class Level>
-void Take(Level& level, std::vector<FootprintLayer>& layers) {
-    TakeList(level, "LAYER", layers, [](auto& from, FootprintLayer& layer) {
+void ReadInto(Level& level, std::vector<FootprintLayer>& layers) {
+    ReadList(level, "LAYER", layers, [](auto& from, FootprintLayer& layer) {
         from.Read(kIgnore, [&](auto& child) {
-            if (!TakeField(layer, child)) AppendObject(child, layer.objects);
+            if (!ReadField(layer, child)) AppendObject(child, layer.objects);
         });
     });
 }
 template <class Level>
-void Take(Level& level, std::vector<PackagePin>& pins) {
+void ReadInto(Level& level, std::vector<PackagePin>& pins) {
     if (level.Name() == "PKGPINS") {
-        TakeList(level, "PKGPIN", pins, [](auto& from, PackagePin& pin) {
+        ReadList(level, "PKGPIN", pins, [](auto& from, PackagePin& pin) {
             from.Read([&](const auto& value) { value.To(pin.name); },
-                      [&](auto& child) { TakeField(pin, child); });
+                      [&](auto& child) { ReadField(pin, child); });
         });
         return;
     }
@@ -358,23 +358,24 @@ void Take(Level& level, std::vector<PackagePin>& pins) {
                   [&](auto& child) {
                       if (at++ != own) return;
                       if (child.Name() == "STEP")
-                          Take(child, pin.STEP);
+                          ReadInto(child, pin.STEP);
                       else
-                          TakeField(pin, child);
+                          ReadField(pin, child);
                   });
     });
 }
 template <class Level>
-void Take(Level& level, std::vector<FootprintName>& names) {
-    TakeList(level, "FOOTPRINT", names, [](auto& from, FootprintName& name) {
+void ReadInto(Level& level, std::vector<FootprintName>& names) {
+    ReadList(level, "FOOTPRINT", names, [](auto& from, FootprintName& name) {
         from.Read(kIgnore, [&](auto& child) {
-            if (child.Name() == "LIBFOOTPRINTNAME" || child.Name() == "FOOTPRINTNAME") Take(child, name.name);
+            if (child.Name() == "LIBFOOTPRINTNAME" || child.Name() == "FOOTPRINTNAME")
+                ReadInto(child, name.name);
         });
     });
 }
 /// Of a label only the child is read that has the label's own place.
 template <class Level>
-void Take(Level& level, std::vector<PropertyLabel>& labels) {
+void ReadInto(Level& level, std::vector<PropertyLabel>& labels) {
     labels.clear();
     int place = 0;
     level.Read(kIgnore, [&](auto& from) {
@@ -383,12 +384,12 @@ void Take(Level& level, std::vector<PropertyLabel>& labels) {
         PropertyLabel& label = labels.emplace_back();
         int at = 0;
         from.Read(kIgnore, [&](auto& child) {
-            if (at++ == own) TakeField(label, child);
+            if (at++ == own) ReadField(label, child);
         });
     });
 }
 template <class Level>
-void Take(Level& level, std::vector<Comment>& comments) {
+void ReadInto(Level& level, std::vector<Comment>& comments) {
     comments.clear();
     level.Read(kIgnore, [&](auto& from) {
         Comment& comment = comments.emplace_back();
@@ -403,8 +404,8 @@ void Take(Level& level, std::vector<Comment>& comments) {
     });
 }
 template <class Level>
-void Take(Level& level, std::vector<PartitionPin>& pins) {
-    TakeList(level, "PARTITIONPIN", pins, [](auto& from, PartitionPin& pin) {
+void ReadInto(Level& level, std::vector<PartitionPin>& pins) {
+    ReadList(level, "PARTITIONPIN", pins, [](auto& from, PartitionPin& pin) {
         int place = 0;
         from.Read(
             [&](const auto& value) {
@@ -413,22 +414,22 @@ void Take(Level& level, std::vector<PartitionPin>& pins) {
                 ++place;
             },
             [&](auto& child) {
-                if (!TakeField(pin, child)) AppendObject(child, pin.objects);
+                if (!ReadField(pin, child)) AppendObject(child, pin.objects);
             });
     });
 }
 template <class Level>
-void Take(Level& level, Marking& marking) {
+void ReadInto(Level& level, Marking& marking) {
     marking = Marking();
     level.Read(kIgnore, [&](auto& child) {
-        if (!TakeField(marking, child)) AppendObject(child, marking.objects);
+        if (!ReadField(marking, child)) AppendObject(child, marking.objects);
     });
 }
 
 template <class Level>
-void TakePad(Level& from, Pad& pad) {
+void ReadPad(Level& from, Pad& pad) {
     from.Read(kIgnore, [&](auto& child) {
-        if (TakeField(pad, child)) return;
+        if (ReadField(pad, child)) return;
         if (child.Name() != "OFFSET") return AppendObject(child, pad.objects);
         double offset[2] = {};
         int count = 0;
@@ -442,42 +443,44 @@ void TakePad(Level& from, Pad& pad) {
     });
 }
 template <class Level>
-void TakePadStack(Level& from, PadStack& stack) {
+void ReadPadStack(Level& from, PadStack& stack) {
     from.Read(kIgnore, [&](auto& child) {
-        if (TakeField(stack, child) || child.Name() != "DRILL") return;
+        if (ReadField(stack, child) || child.Name() != "DRILL") return;
         child.Read(kIgnore, [&](auto& inner) {
-            if (inner.Name() == "SHAPE") Take(inner, stack.drillShape);
-            if (inner.Name() == "PLATING") Take(inner, stack.plating);
-            if (inner.Name() == "PLATETHICKNESS") Take(inner, stack.plateThickness);
+            if (inner.Name() == "SHAPE") ReadInto(inner, stack.drillShape);
+            if (inner.Name() == "PLATING") ReadInto(inner, stack.plating);
+            if (inner.Name() == "PLATETHICKNESS") ReadInto(inner, stack.plateThickness);
         });
     });
 }
 template <class Level>
-void TakeFootprint(Level& from, Footprint& footprint) {
+void ReadFootprint(Level& from, Footprint& footprint) {
     from.Read(kIgnore, [&](auto& child) {
-        if (!TakeField(footprint, child) && child.Name() == "USGKEYS")
-            Take(child, footprint.keys.emplace_back());
+        if (!ReadField(footprint, child) && child.Name() == "USGKEYS")
+            ReadInto(child, footprint.keys.emplace_back());
     });
 }
 /// Reads one level from outside of all others.
 template <class Level>
-void TakeSection(Level& level, Part& part) {
+void ReadSection(Level& level, Part& part) {
     const std::string_view name = level.Name();
     if (name == "PADS") {
-        TakeList(level, "PAD", part.PADS, [](auto& from, Pad& pad) { TakePad(from, pad); });
+        ReadList(level, "PAD", part.PADS, [](auto& from, Pad& pad) { ReadPad(from, pad); });
     } else if (name == "PADSTACKS") {
-        TakeList(level, "PADSTACK", part.PADSTACKS,
-                 [](auto& from, PadStack& stack) { TakePadStack(from, stack); });
+        ReadList(level, "PADSTACK", part.PADSTACKS,
+                 [](auto& from, PadStack& stack) { ReadPadStack(from, stack); });
     } else if (name == "FOOTPRINTS") {
-        TakeList(level, "FOOTPRINT", part.FOOTPRINTS,
-                 [](auto& from, Footprint& one) { TakeFootprint(from, one); });
+        ReadList(level, "FOOTPRINT", part.FOOTPRINTS,
+                 [](auto& from, Footprint& one) { ReadFootprint(from, one); });
     } else if (name == "PARTITIONS") {
-        TakeList(level, "PARTITION", part.PARTITIONS, [](auto& from, Partition& one) { Take(from, one); });
+        ReadList(level, "PARTITION", part.PARTITIONS,
+                 [](auto& from, Partition& one) { ReadInto(from, one); });
     } else if (name == "VEK") {
         part.packages.clear();
         level.Read(kIgnore, [&](auto& child) {
             if (child.Name() == "PACKAGES")
-                TakeList(child, "PACKAGE", part.packages, [](auto& from, Package& one) { Take(from, one); });
+                ReadList(child, "PACKAGE", part.packages,
+                         [](auto& from, Package& one) { ReadInto(from, one); });
         });
     }
 }

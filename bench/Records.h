@@ -74,11 +74,11 @@ struct Object {
     Color color;
     Point point;
     virtual ~Object() = default;
-    virtual void Tell(Checksum& sum) const = 0;
+    virtual void AddTo(Checksum& sum) const = 0;
     template <class Self, class Field>
     static void BaseFields(Self&, Field&&) {}
-    template <class Self, class Tell>
-    static void TellBase(Self&, Tell&&) {}
+    template <class Self, class AddTo>
+    static void AddBase(Self&, AddTo&&) {}
 };
 struct Solid : Object {
     Point front, up, pivot;
@@ -88,9 +88,9 @@ struct Solid : Object {
         field("ROTATE", self.rotate), field("FRONT", self.front), field("UP", self.up);
         field("COLOR", self.color), field("PIVOT", self.pivot), field("PT", self.point);
     }
-    template <class Self, class Tell>
-    static void TellBase(Self& self, Tell&& tell) {
-        tell(self.front), tell(self.up), tell(self.pivot), tell(self.rotate);
+    template <class Self, class AddTo>
+    static void AddBase(Self& self, AddTo&& add) {
+        add(self.front), add(self.up), add(self.pivot), add(self.rotate);
     }
 };
 struct Lead : Object {
@@ -101,68 +101,68 @@ struct Lead : Object {
         field("ROTATION", self.rotation), field("MIRROR", self.mirror);
         field("COLOR", self.color), field("PT", self.point);
     }
-    template <class Self, class Tell>
-    static void TellBase(Self& self, Tell&& tell) {
-        tell(self.rotation), tell(self.mirror);
+    template <class Self, class AddTo>
+    static void AddBase(Self& self, AddTo&& add) {
+        add(self.rotation), add(self.mirror);
     }
 };
 
 template <class T>
-void TellFields(Checksum& sum, const T& record);
+void AddFields(Checksum& sum, const T& record);
 
-inline void Tell(Checksum& sum, int value) {
+inline void AddTo(Checksum& sum, int value) {
     sum.Add(value);
 }
-inline void Tell(Checksum& sum, double value) {
+inline void AddTo(Checksum& sum, double value) {
     sum.Add(value);
 }
-inline void Tell(Checksum& sum, const std::string& text) {
+inline void AddTo(Checksum& sum, const std::string& text) {
     sum.Add(std::string_view(text));
 }
-inline void Tell(Checksum& sum, const Point& point) {
+inline void AddTo(Checksum& sum, const Point& point) {
     sum.Add(point.x), sum.Add(point.y), sum.Add(point.z);
 }
-inline void Tell(Checksum& sum, const Color& color) {
+inline void AddTo(Checksum& sum, const Color& color) {
     sum.Add(color.red), sum.Add(color.green), sum.Add(color.blue);
 }
-inline void Tell(Checksum& sum, WordFlag flag) {
+inline void AddTo(Checksum& sum, WordFlag flag) {
     sum.Add(flag.value);
 }
-inline void Tell(Checksum& sum, NumberFlag flag) {
+inline void AddTo(Checksum& sum, NumberFlag flag) {
     sum.Add(flag.value);
 }
-inline void Tell(Checksum& sum, ClearedFlag flag) {
+inline void AddTo(Checksum& sum, ClearedFlag flag) {
     sum.Add(flag.value);
 }
-inline void Tell(Checksum& sum, const Objects& objects) {
+inline void AddTo(Checksum& sum, const Objects& objects) {
     sum.Add(objects.size());
-    for (const auto& object : objects) object->Tell(sum);
+    for (const auto& object : objects) object->AddTo(sum);
 }
-inline void Tell(Checksum& sum, const OtherChildren& field) {
-    Tell(sum, field.objects);
+inline void AddTo(Checksum& sum, const OtherChildren& field) {
+    AddTo(sum, field.objects);
 }
-inline void Tell(Checksum& sum, const ChildrenOfChildren& field) {
-    Tell(sum, field.objects);
+inline void AddTo(Checksum& sum, const ChildrenOfChildren& field) {
+    AddTo(sum, field.objects);
 }
-inline void Tell(Checksum& sum, const std::vector<std::string>& texts) {
+inline void AddTo(Checksum& sum, const std::vector<std::string>& texts) {
     sum.Add(texts.size());
-    for (const std::string& text : texts) Tell(sum, text);
+    for (const std::string& text : texts) AddTo(sum, text);
 }
 template <class T>
-void Tell(Checksum& sum, const std::vector<T>& records) {
+void AddTo(Checksum& sum, const std::vector<T>& records) {
     sum.Add(records.size());
-    for (const T& record : records) TellFields(sum, record);
+    for (const T& record : records) AddFields(sum, record);
 }
 template <class T>
 requires requires {
     T::kFields;
 }
-void Tell(Checksum& sum, const T& record) {
-    TellFields(sum, record);
+void AddTo(Checksum& sum, const T& record) {
+    AddFields(sum, record);
 }
 template <class T>
-void TellFields(Checksum& sum, const T& record) {
-    T::Fields(record, [&](std::string_view, const auto& field) { Tell(sum, field); });
+void AddFields(Checksum& sum, const T& record) {
+    T::Fields(record, [&](std::string_view, const auto& field) { AddTo(sum, field); });
 }
 
 /// What all kinds of objects have alike.
@@ -170,12 +170,12 @@ template <class Kind, class Base, int kNumber>
 struct KindOf : Base {
     using Bases = Base;
     KindOf() { this->type = kNumber; }
-    void Tell(Checksum& sum) const override {
-        const auto tell = [&](const auto& field) { bench::Tell(sum, field); };
-        tell(this->type), tell(this->color), tell(this->point);
+    void AddTo(Checksum& sum) const override {
+        const auto add = [&](const auto& field) { bench::AddTo(sum, field); };
+        add(this->type), add(this->color), add(this->point);
         const auto& self = static_cast<const Kind&>(*this);
-        Base::TellBase(self, tell);
-        Kind::Fields(self, [&](std::string_view, const auto& field) { tell(field); });
+        Base::AddBase(self, add);
+        Kind::Fields(self, [&](std::string_view, const auto& field) { add(field); });
     }
 };
 
@@ -341,7 +341,7 @@ RECORD(Part, std::vector<Pad> PADS; std::vector<PadStack> PADSTACKS; std::vector
 
 inline std::uint64_t ChecksumOf(const Part& part) {
     Checksum sum;
-    TellFields(sum, part);
+    AddFields(sum, part);
     return sum.Sum();
 }
 

@@ -96,7 +96,7 @@ public:
         m_part.emplace();
         while (tokens.Peek() == '(') {
             SExpressionLevel level(tokens);
-            TakeSection(level, *m_part);
+            ReadSection(level, *m_part);
         }
     }
 

@@ -48,7 +48,7 @@ public:
         m_part.emplace();
         for (const dom::element section : dom::array(levels)) {
             DomLevel level{dom::array(section)};
-            TakeSection(level, *m_part);
+            ReadSection(level, *m_part);
         }
     }
 

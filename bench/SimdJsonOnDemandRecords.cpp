@@ -67,7 +67,7 @@ public:
         m_part.emplace();
         for (ondemand::value section : ondemand::array(document.get_array())) {
             OnDemandLevel level(section);
-            TakeSection(level, *m_part);
+            ReadSection(level, *m_part);
         }
     }
 

@@ -1,5 +1,6 @@
 #include "python/Classes.h"
 
+#include <cmath>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -54,6 +55,7 @@ bool LeadsToObjects(Class& type, std::map<const Class*, bool>& known) {
 void FillAttributes(Class& type) {
     const RecordDescription& description = *type.description;
     const std::vector<std::string> names = AttributeNames(description);
+    const std::unique_ptr<void, void (*)(void*) noexcept> fresh(description.make(), description.destroy);
     for (std::size_t i = 0; i < names.size(); ++i) {
         const FieldDescription& field = description.fields[i];
         // A property of the base works on the derived class, since the value is at the same place.
@@ -62,7 +64,7 @@ void FillAttributes(Class& type) {
         const Class* content = field.content ? &ClassOf(*field.content) : nullptr;
         type.attributes.push_back({names[i], &field, &type, content,
                                    Checked(PyUnicode_InternFromString(field.name)).release().ptr(),
-                                   std::string(field.doc)});
+                                   std::string(field.doc), IsBlank(field, fresh.get())});
     }
 }
 
@@ -111,6 +113,20 @@ const Attribute* Class::Find(std::string_view attribute) const noexcept {
     for (const Attribute& candidate : attributes)
         if (candidate.name == attribute) return &candidate;
     return nullptr;
+}
+
+bool IsBlank(const FieldDescription& field, const void* record) noexcept {
+    switch (field.kind) {
+        case FieldKind::Whole:
+        case FieldKind::Flag:
+            return field.Whole(record) == 0;
+        case FieldKind::Real:
+            return field.Real(record) == 0 && !std::signbit(field.Real(record));
+        case FieldKind::Text:
+            return field.Text(record).IsEmpty();
+        default:
+            return false;
+    }
 }
 
 const Class& ClassOf(const RecordDescription& description) {

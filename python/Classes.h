@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@ struct Attribute {
     const Class* content;  ///< the class of a record or an array, else null
     PyObject* key;         ///< the name of the field as `str`
     std::string doc;
+    bool isBlank = false;  ///< true if a new record has a number 0 or an empty text in the field
 };
 
 /// A described class and the class of Python that stands for it. They live until the process ends.
@@ -37,7 +39,13 @@ struct Class {
 
     std::string doc;
     std::vector<PyGetSetDef> properties;
+    /// What a dictionary of a record begins with: all fields, with what is blank in a new record. One for
+    /// `to_dict`, one with the kind, one for pickling. Each is made when it is first used.
+    mutable std::array<PyObject*, 3> blankDicts{};
 };
+
+/// True if a field of a record is a number 0 or an empty text.
+bool IsBlank(const FieldDescription& field, const void* record) noexcept;
 
 /// The class of a description.
 const Class& ClassOf(const RecordDescription& description);

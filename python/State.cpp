@@ -65,14 +65,28 @@ struct Writer {
         }
         return Array(*attribute.content, field.In(record));
     }
-    static py::object Record(const Class& type, const void* record, PyObject* kind) {
+    /// A new `dict` of all fields, with the values that are blank in a new record, and `None` for the others.
+    static py::object BlankDict(const Class& type, PyObject* kind) {
         py::object dict = Checked(PyDict_New());
         if (kind) {
             static PyObject* const key = Checked(PyUnicode_InternFromString("kind")).release().ptr();
             Checked(PyDict_SetItem(dict.ptr(), key, kind));
         }
+        const std::unique_ptr<void, void (*)(void*) noexcept> fresh(type.description->make(),
+                                                                    type.description->destroy);
         for (const Attribute& attribute : type.attributes)
-            Checked(PyDict_SetItem(dict.ptr(), attribute.key, Value(attribute, record).ptr()));
+            Checked(PyDict_SetItem(dict.ptr(), attribute.key,
+                                   (attribute.isBlank ? Value(attribute, fresh.get()) : py::none()).ptr()));
+        return dict;
+    }
+    /// A copy of a `dict` has its keys at once, while a new one grows in steps.
+    static py::object Record(const Class& type, const void* record, PyObject* kind) {
+        PyObject*& blank = type.blankDicts[form == Form::Pickle ? 2 : kind ? 1 : 0];
+        if (!blank) blank = BlankDict(type, kind).release().ptr();
+        py::object dict = Checked(PyDict_Copy(blank));
+        for (const Attribute& attribute : type.attributes)
+            if (!attribute.isBlank || !IsBlank(*attribute.field, record))
+                Checked(PyDict_SetItem(dict.ptr(), attribute.key, Value(attribute, record).ptr()));
         return dict;
     }
     static py::object Element(const Class& array, const RecordView& view) {

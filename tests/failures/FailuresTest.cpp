@@ -161,7 +161,7 @@ TEST(OutOfMemory, ATreeRaisesAndItsReaderCanReadAgain) {
     CECadCls tree;
     tree.m_strFilePath = path;
     {
-        const test::FailingAllocation failing(10);
+        const test::FailingAllocation failing(5);
         EXPECT_THROW(tree.ReadLevelTree(0), std::bad_alloc);
     }
     const INT_PTR before = tree.m_pRootLevels->GetSize();
