@@ -258,6 +258,25 @@ std::vector<GroupOutcome> PartLibrary::StoreGroup(const std::vector<NewPart>& pa
     return outcomes;
 }
 
+void PartLibrary::Remove(const std::string& name) {
+    RequireNames(name, name);
+    const Directory library(m_directory);
+    const FileLock lock(library, kLock, m_waiting);
+    CleanUp(library);
+    if (!library.Has(name)) throw StoreError("the library has no part \"" + name + "\"");
+    library.RequireMovable(name);
+    const Directory trash = PrepareTrash(library, name);
+    // After a crash between the two steps the next store puts the part back.
+    Move(library, name, library, Old(name));
+    try {
+        MoveToTrash(library, trash, name);
+    } catch (...) {
+        library.MoveToFree(Old(name), library, name);
+        throw;
+    }
+    library.Sync();
+}
+
 std::string PartLibrary::Undo(std::string name) {
     const Directory library(m_directory);
     const FileLock lock(library, kLock, m_waiting);

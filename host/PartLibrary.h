@@ -66,6 +66,9 @@ public:
     /// outcomes than parts where the disk is full: the last outcome says so, and no part after it was tried.
     /// Raises `StoreError` where the library as a whole cannot be written.
     std::vector<GroupOutcome> StoreGroup(const std::vector<NewPart>& parts);
+    /// Moves a part to the trash of replaced parts, from where `Undo` puts the part back. Raises
+    /// `StoreError`.
+    void Remove(const std::string& name);
     /// Exchanges a part with the one of that name that was replaced last; without a name, the part that was
     /// replaced last of all. Returns the name. Raises `NothingToUndo` and `StoreError`.
     std::string Undo(std::string name = "");

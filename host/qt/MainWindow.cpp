@@ -25,9 +25,11 @@
 #include "files/Paths.h"
 #include "host/CheckFiles.h"
 #include "host/Failure.h"
+#include "host/PartFiles.h"
 #include "host/qt/Elided.h"
 #include "host/qt/FindBar.h"
 #include "host/qt/FindingsView.h"
+#include "host/qt/LibraryView.h"
 #include "host/qt/PartPictures.h"
 #include "host/qt/Pickers.h"
 #include "host/qt/PinView.h"
@@ -56,6 +58,7 @@ bool Exists(const CString& path) {
 std::optional<CString> PartDataFile(const QUrl& url) {
     if (!url.isLocalFile()) return std::nullopt;
     const QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+    if (IsDirectoryOfFiles(path.toStdString())) return CString(path.toStdString());
     if (!path.toLower().endsWith(".veka")) return std::nullopt;
     return CString(path.toStdString());
 }
@@ -262,6 +265,16 @@ void MainWindow::MakeContent() {
     addDockWidget(Qt::BottomDockWidgetArea, dock);
     dock->hide();
     m_filesDock = dock;
+    auto* libraryDock = new QDockWidget("Library");
+    libraryDock->setObjectName("libraryDock");
+    m_libraryView = new LibraryView([this](const CString& file) {
+        Open({file});
+        ShowState("Part of the library " + m_libraryView->Library());
+    });
+    libraryDock->setWidget(m_libraryView);
+    addDockWidget(Qt::LeftDockWidgetArea, libraryDock);
+    libraryDock->hide();
+    m_libraryDock = libraryDock;
     connect(m_files, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
         const auto found = m_listed.find(item->text(0));
         if (found != m_listed.end()) Open({found->second});
@@ -354,6 +367,11 @@ void MainWindow::MakeActions() {
     });
     file->addSeparator();
     QAction* import = add(file, "&Import...", QKeySequence("Ctrl+I"), "import", [this] { Import(); });
+    add(file, "Import &Folder...", QKeySequence(), "importFolder", [this] {
+        const CString folder =
+            SBUtility::GetInstance().GetDirectoryFromUser("Folder of Part Data Files", "", this);
+        if (!folder.IsEmpty()) ImportFolders({folder});
+    });
     m_store = add(file, "&Store in Library", QKeySequence::Save, "store", [this] { StorePart(); });
     m_store->setEnabled(false);
     QMenu* libraries = file->addMenu("Store in Recent &Library");
@@ -372,6 +390,7 @@ void MainWindow::MakeActions() {
     add(view, "Find &Next", QKeySequence::FindNext, "findNext", [this] { m_find->FindNext(false); });
     add(view, "Find &Previous", QKeySequence::FindPrevious, "findPrevious",
         [this] { m_find->FindNext(true); });
+    add(view, "&Library", QKeySequence("Ctrl+L"), "showLibrary", [this] { ShowLibrary(); });
     view->addSeparator();
     m_showAll = add(view, "&Empty Fields", QKeySequence(), "showAll", [this] { ShowPart(true); });
     m_showAll->setCheckable(true);
@@ -416,9 +435,32 @@ void MainWindow::Open(const std::vector<CString>& files) {
 
 void MainWindow::ImportFiles(const std::vector<CString>& files) {
     if (files.empty()) return;
+    const bool folders = std::any_of(files.begin(), files.end(), [](const CString& file) {
+        return IsDirectoryOfFiles(std::string(file.View()));
+    });
+    if (folders) return ImportFolders(files);
     if (files.size() == 1) return Open(files);
     const CString library = LibraryOrAsk();
     if (!library.IsEmpty()) Queue(*this, files, library).Run();
+}
+
+void MainWindow::ImportFolders(const std::vector<CString>& folders) {
+    Guarded("", [&] {
+        std::vector<std::string> names;
+        for (const CString& folder : folders) names.emplace_back(folder.View());
+        std::vector<CString> files;
+        for (const std::string& file : ExpandDirectories(names)) files.emplace_back(file);
+        const CString library = LibraryOrAsk();
+        if (!library.IsEmpty()) Queue(*this, files, library).Run();
+        m_libraryView->Refresh();
+    });
+}
+
+void MainWindow::ShowLibrary() {
+    const CString library = LibraryOrAsk();
+    if (library.IsEmpty()) return;
+    m_libraryDock->show();
+    m_libraryView->Open(library);
 }
 
 void MainWindow::StorePart() {

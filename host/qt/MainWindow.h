@@ -20,6 +20,7 @@ class QTreeWidget;
 namespace host {
 
 class FindBar;
+class LibraryView;
 class FindingsView;
 class PartPictures;
 class PinView;
@@ -48,6 +49,11 @@ public:
     void ImportFiles(const std::vector<CString>& files);
     /// Stores the part that is shown in the last library, or in one that the user chooses.
     void StorePart();
+    /// Imports files and all part data files below directories into the last library, or into one that the
+    /// user chooses.
+    void ImportFolders(const std::vector<CString>& folders);
+    /// Shows the parts of the last library, or of one that the user chooses.
+    void ShowLibrary();
     /// Restores the part of the last library that was replaced last.
     void Undo();
 
@@ -123,6 +129,8 @@ private:
     bool m_toldFindings = false;
     FindBar* m_find;
     QWidget* m_filesDock;
+    QWidget* m_libraryDock;
+    LibraryView* m_libraryView;
     QTreeWidget* m_files;
     QAction* m_showAll;
     QAction* m_store;

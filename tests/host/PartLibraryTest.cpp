@@ -117,6 +117,41 @@ TEST_F(Library, UndoPutsAPartBackThatWasRemovedSince) {
     EXPECT_EQ(Read("A/old.veka"), "old content");
 }
 
+TEST_F(Library, ARemovedPartIsInTheTrashAndUndoPutsItBack) {
+    Store("A", kOld);
+    Store("B", kOld);
+    PartLibrary(Root()).Remove("A");
+    EXPECT_THAT(Content(), ElementsAre(".veka-lock", ".veka-trash", "B"));
+    EXPECT_EQ(Read(".veka-trash/A/old.veka"), "old content");
+    EXPECT_EQ(PartLibrary(Root()).Undo(), "A");
+    EXPECT_EQ(Read("A/old.veka"), "old content");
+    for (const char* name : {"missing", "..", ".veka-trash", ""})
+        EXPECT_THROW(PartLibrary(Root()).Remove(name), StoreError) << name;
+    EXPECT_THAT(Content(), ElementsAre(".veka-lock", ".veka-trash", "A", "B"));
+}
+
+TEST_F(Library, AGroupIsStoredWithOneOutcomeForEachPart) {
+    Store("B", kOld);
+    Store("C", kOld);
+    const auto outcomes = PartLibrary(Root()).StoreGroup({{"A", "a.veka", kNew, Existing::Keep},
+                                                          {"B", "b.veka", kNew, Existing::Keep},
+                                                          {"B", "b.veka", kNew, Existing::Replace},
+                                                          {"C", "c.veka", kOld, Existing::Replace},
+                                                          {"..", "d.veka", kNew, Existing::Keep},
+                                                          {"D", "a/b", kNew, Existing::Keep}});
+    ASSERT_EQ(outcomes.size(), 6u);
+    EXPECT_EQ(outcomes[0].outcome, Outcome::New);
+    EXPECT_EQ(outcomes[1].outcome, Outcome::Kept);
+    EXPECT_EQ(outcomes[2].outcome, Outcome::Replaced);
+    EXPECT_EQ(outcomes[3].outcome, Outcome::Unchanged);
+    EXPECT_EQ(outcomes[3].stamp.fileName, "old.veka");
+    EXPECT_THAT(outcomes[4].failure, HasSubstr("is no name for a part"));
+    EXPECT_THAT(outcomes[5].failure, HasSubstr("is no name for a file"));
+    EXPECT_EQ(Read("B/b.veka"), "new content");
+    EXPECT_EQ(PartLibrary(Root()).Undo(), "B") << "the last part of the group that was replaced";
+    EXPECT_THAT(Content(), ElementsAre(".veka-lock", ".veka-trash", "A", "B", "C"));
+}
+
 TEST_F(Library, UndoOfNothingIsAnError) {
     EXPECT_THROW(PartLibrary(Root()).Undo(), host::NothingToUndo);
     Store("A", kOld);

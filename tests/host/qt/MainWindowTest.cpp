@@ -12,11 +12,13 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTableWidget>
 #include <QTreeWidget>
 #include <QUrl>
 #include <QWindow>
 
+#include "host/LibraryIndex.h"
 #include "host/qt/SceneView.h"
 #include "qt/Text.h"
 #include "support/Files.h"
@@ -222,6 +224,29 @@ TEST_F(QtMainWindow, ManyFilesAreImportedWithASummary) {
     EXPECT_EQ(State(files[2]), "stored");
     EXPECT_THAT(State(files[5]), testing::HasSubstr("holds no part with a part number"));
     EXPECT_EQ(Text("number"), "P4");
+}
+
+TEST_F(QtMainWindow, ADroppedFolderIsImported) {
+    window.Suggest("", library);
+    std::filesystem::create_directories(directory.Path() / "folder/deep");
+    directory.Write("folder/a.veka", "(VEK (PARTGENERAL (MPN FA)))");
+    directory.Write("folder/deep/b.veka", "(VEK (PARTGENERAL (MPN FB)))");
+    Drop({Url(directory / "folder")});
+    EXPECT_EQ(Text("state"), "2 files: 2 stored");
+    EXPECT_TRUE(Stored("FA"));
+    EXPECT_TRUE(Stored("FB"));
+}
+
+TEST_F(QtMainWindow, TheLibraryIsListedAndASelectedPartIsShown) {
+    if (!host::HasIndex()) GTEST_SKIP() << "This program was built without SQLite.";
+    window.Suggest("", library);
+    window.ImportFiles(WriteParts(directory, 3, "MM"));
+    Trigger("showLibrary");
+    auto* const parts = test::QtScript::Child<QTableView>(window, "libraryParts");
+    ASSERT_EQ(parts->model()->rowCount(), 3);
+    parts->selectRow(1);
+    EXPECT_EQ(Text("number"), "P1");
+    EXPECT_EQ(Text("state"), "Part of the library " + std::string(library.View()));
 }
 
 TEST_F(QtMainWindow, OneQuestionIsEnoughForAllFiles) {

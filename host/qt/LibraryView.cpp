@@ -1,0 +1,261 @@
+#include "host/qt/LibraryView.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+#include <QUrl>
+
+#include "files/Paths.h"
+#include "host/Failure.h"
+#include "qt/Text.h"
+#include "window/SBUtility.h"
+
+namespace host {
+
+namespace {
+
+constexpr int kPause = 120;  // ms without a key before a search
+
+/// A column of the list.
+struct Column {
+    const char* title;
+    SortBy sortBy;
+};
+
+constexpr Column kColumns[] = {{"Number", SortBy::Number},           {"Manufacturer", SortBy::Manufacturer},
+                               {"Package", SortBy::PackageType},     {"Pins", SortBy::Pins},
+                               {"Description", SortBy::Description}, {"Stored", SortBy::Stored}};
+
+QString Text(const std::string& text) {
+    return veka::ToQString(CString(text));
+}
+
+}  // namespace
+
+LibraryModel::LibraryModel(QObject* parent) : QAbstractTableModel(parent) {}
+
+void LibraryModel::SetIndex(LibraryIndex* index) {
+    m_index = index;
+    Renew();
+}
+
+void LibraryModel::SetText(const QString& text) {
+    m_query.text = text.toStdString();
+    Renew();
+}
+
+void LibraryModel::Renew() {
+    beginResetModel();
+    m_parts.clear();
+    m_found.clear();
+    if (m_index) m_found = m_index->Find(m_query);
+    endResetModel();
+}
+
+const ListedPart* LibraryModel::PartAt(int row) const {
+    if (!m_index || row < 0 || static_cast<std::size_t>(row) >= m_found.size()) return nullptr;
+    const std::int64_t id = m_found[static_cast<std::size_t>(row)];
+    if (const ListedPart* const known = m_parts.object(id)) return known;
+    std::optional<ListedPart> part = m_index->Part(id);
+    if (!part) return nullptr;
+    auto* const read = new ListedPart(std::move(*part));
+    return m_parts.insert(id, read) ? read : nullptr;
+}
+
+int LibraryModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_found.size());
+}
+
+int LibraryModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(std::size(kColumns));
+}
+
+QVariant LibraryModel::data(const QModelIndex& index, int role) const {
+    if (role != Qt::DisplayRole || !index.isValid()) return {};
+    const ListedPart* const part = PartAt(index.row());
+    if (!part) return {};
+    switch (kColumns[index.column()].sortBy) {
+        case SortBy::Number:
+            return Text(part->facts.number);
+        case SortBy::Manufacturer:
+            return Text(part->facts.manufacturer);
+        case SortBy::PackageType:
+            return Text(part->facts.packageType);
+        case SortBy::Pins:
+            return part->facts.pins;
+        case SortBy::Stored:
+            return QDateTime::fromSecsSinceEpoch(part->stored).toString("yyyy-MM-dd HH:mm");
+        case SortBy::Description:
+        case SortBy::Size:
+            break;
+    }
+    return Text(part->facts.description);
+}
+
+QVariant LibraryModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    return QString(kColumns[section].title);
+}
+
+void LibraryModel::sort(int column, Qt::SortOrder order) {
+    m_query.sortBy.reset();
+    if (column >= 0 && column < columnCount()) m_query.sortBy = kColumns[column].sortBy;
+    m_query.descending = order == Qt::DescendingOrder;
+    Renew();
+}
+
+LibraryView::LibraryView(ShowFile show) : m_show(std::move(show)) {
+    m_model = new LibraryModel(this);
+    m_filter = new QLineEdit;
+    m_filter->setObjectName("libraryFilter");
+    m_filter->setPlaceholderText("Words or part of a number");
+    m_filter->setClearButtonEnabled(true);
+    m_table = new QTableView;
+    m_table->setObjectName("libraryParts");
+    m_table->setModel(m_model);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->setWordWrap(false);
+    m_table->verticalHeader()->hide();
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setSortIndicatorClearable(true);
+    m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    m_table->setSortingEnabled(true);
+    m_state = new QLabel;
+    m_state->setObjectName("libraryState");
+    m_state->setTextFormat(Qt::PlainText);
+    m_state->setWordWrap(true);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_filter);
+    layout->addWidget(m_table, 1);
+    layout->addWidget(m_state);
+
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(kPause);
+    connect(m_filter, &QLineEdit::textEdited, this, [this] { m_pause.start(); });
+    connect(m_filter, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (text.isEmpty()) m_pause.start();
+    });
+    connect(&m_pause, &QTimer::timeout, this, [this] {
+        Guarded([this] {
+            m_model->SetText(m_filter->text());
+            ShowCount();
+        });
+    });
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) {
+                if (current.isValid()) ShowCurrent();
+            });
+    m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
+    const auto add = [this](const char* text, const char* name, auto deed) {
+        auto* const action = new QAction(text, m_table);
+        action->setObjectName(name);
+        connect(action, &QAction::triggered, this, deed);
+        m_table->addAction(action);
+        return action;
+    };
+    add("&Show Part", "libraryShow", [this] { ShowCurrent(); });
+    add("Show &Folder", "libraryFolder", [this] { ShowFolder(); });
+    add("&Remove Part", "libraryRemove", [this] { Remove(); });
+    m_restore = add("Res&tore Removed Part", "libraryRestore", [this] { Restore(); });
+    m_restore->setEnabled(false);
+}
+
+LibraryView::~LibraryView() {
+    // The index goes before the model, which is a child.
+    m_model->SetIndex(nullptr);
+}
+
+void LibraryView::Open(const CString& library) {
+    m_model->SetIndex(nullptr);
+    m_index.reset();
+    m_library = library;
+    m_removed.clear();
+    m_restore->setEnabled(false);
+    m_state->clear();
+    if (library.IsEmpty()) return;
+    Guarded([this] {
+        m_index = OpenIndex(veka::ToPath(m_library));
+        m_index->Refresh();
+        m_model->SetIndex(m_index.get());
+        ShowCount();
+    });
+}
+
+void LibraryView::Refresh() {
+    if (!m_index) return;
+    Guarded([this] {
+        m_index->Refresh();
+        m_model->Renew();
+        ShowCount();
+    });
+}
+
+CString LibraryView::FileOf(const ListedPart& part) const {
+    const SBUtility& utility = SBUtility::GetInstance();
+    const CString folder = utility.SBPathCombine(m_library, CString(part.facts.name), __FILE__, __LINE__);
+    return utility.SBPathCombine(folder, CString(part.facts.fileName), __FILE__, __LINE__);
+}
+
+const ListedPart* LibraryView::Current() const {
+    return m_model->PartAt(m_table->currentIndex().row());
+}
+
+void LibraryView::ShowCurrent() {
+    if (const ListedPart* const part = Current()) m_show(FileOf(*part));
+}
+
+void LibraryView::ShowFolder() {
+    if (const ListedPart* const part = Current())
+        QDesktopServices::openUrl(QUrl::fromLocalFile(veka::ToQString(SBUtility::GetInstance().SBPathCombine(
+            m_library, CString(part->facts.name), __FILE__, __LINE__))));
+}
+
+void LibraryView::Remove() {
+    const ListedPart* const part = Current();
+    if (!part) return;
+    const std::string name = part->facts.name;
+    Guarded([&] {
+        PartLibrary(veka::ToPath(m_library)).Remove(name);
+        m_removed = name;
+        m_restore->setEnabled(true);
+        m_index->Refresh();
+        m_model->Renew();
+        m_state->setText(Text("\"" + name + "\" is in the trash of the library and can be restored"));
+    });
+}
+
+void LibraryView::Restore() {
+    Guarded([this] {
+        PartLibrary(veka::ToPath(m_library)).Undo(m_removed);
+        m_restore->setEnabled(false);
+        m_index->Refresh();
+        m_model->Renew();
+        m_state->setText(Text("Restored \"" + std::exchange(m_removed, "") + "\""));
+    });
+}
+
+void LibraryView::Guarded(const std::function<void()>& deed) {
+    try {
+        deed();
+    } catch (const StoreError& error) {
+        m_state->setText(Text(error.what()));
+    } catch (...) {
+        m_state->setText(Text(CurrentFailure("").sentence));
+    }
+}
+
+void LibraryView::ShowCount() {
+    QString text = QString("%1 of %2 parts").arg(m_model->rowCount()).arg(m_index->Size());
+    for (const std::string& remark : m_index->Remarks()) text += ". " + Text(remark);
+    m_state->setText(text);
+}
+
+}  // namespace host

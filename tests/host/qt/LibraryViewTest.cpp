@@ -1,0 +1,110 @@
+#include "host/qt/LibraryView.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTest>
+
+#include "host/ImportedPart.h"
+#include "support/Files.h"
+#include "support/QtScript.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class QtLibraryView : public test::QtTest {
+protected:
+    void SetUp() override {
+        if (!host::HasIndex()) GTEST_SKIP() << "This program was built without SQLite.";
+        std::filesystem::create_directory(directory.Path() / "lib");
+        for (const char* general : {"(MPN LM358) (NUMBEROFPINS 8) (PARTDESC \"dual amplifier\")",
+                                    "(MPN BME280) (NUMBEROFPINS 9) (PARTDESC Sensor)",
+                                    "(MPN TL072) (NUMBEROFPINS 7) (PARTDESC \"quiet amplifier\")"}) {
+            const CString file =
+                directory.Write("part.veka", std::string("(VEK (PARTGENERAL ") + general + "))");
+            host::Store(host::ReadPart(file), directory / "lib", host::Existing::Keep);
+        }
+        view.Open(directory / "lib");
+    }
+    QTableView* Table() { return test::QtScript::Child<QTableView>(view, "libraryParts"); }
+    std::string Numbers() {
+        std::string numbers;
+        for (int row = 0; row < Table()->model()->rowCount(); ++row)
+            numbers += Table()->model()->index(row, 0).data().toString().toStdString() + ' ';
+        return numbers;
+    }
+    std::string State() { return test::QtScript::Child<QLabel>(view, "libraryState")->text().toStdString(); }
+    void Trigger(const char* action) { test::QtScript::Child<QAction>(view, action)->trigger(); }
+
+    test::TemporaryDirectory directory;
+    std::vector<std::string> shown;
+    host::LibraryView view{[this](const CString& file) { shown.emplace_back(file.View()); }};
+};
+
+TEST_F(QtLibraryView, ListsThePartsOfALibrary) {
+    EXPECT_EQ(Numbers(), "BME280 LM358 TL072 ");
+    EXPECT_EQ(State(), "3 of 3 parts");
+    EXPECT_EQ(Table()->model()->index(0, 3).data().toInt(), 9);
+    EXPECT_EQ(Table()->model()->headerData(4, Qt::Horizontal).toString(), "Description");
+}
+
+TEST_F(QtLibraryView, FiltersAsOneTypes) {
+    auto* const filter = test::QtScript::Child<QLineEdit>(view, "libraryFilter");
+    QTest::keyClicks(filter, "ampl");
+    EXPECT_EQ(Numbers(), "BME280 LM358 TL072 ") << "not before a pause";
+    QTest::qWait(300);
+    EXPECT_EQ(Numbers(), "LM358 TL072 ");
+    EXPECT_EQ(State(), "2 of 3 parts");
+    filter->clear();
+    QTest::qWait(300);
+    EXPECT_EQ(Numbers(), "BME280 LM358 TL072 ");
+}
+
+TEST_F(QtLibraryView, SortsByAColumn) {
+    Table()->sortByColumn(3, Qt::AscendingOrder);
+    EXPECT_EQ(Numbers(), "TL072 LM358 BME280 ");
+    Table()->sortByColumn(3, Qt::DescendingOrder);
+    EXPECT_EQ(Numbers(), "BME280 LM358 TL072 ");
+}
+
+TEST_F(QtLibraryView, ShowsThePartThatIsSelected) {
+    Table()->selectRow(1);
+    ASSERT_EQ(shown.size(), 1u);
+    EXPECT_EQ(shown[0], veka::FromPath(directory.Path() / "lib/LM358/part.veka").View());
+}
+
+TEST_F(QtLibraryView, ARemovedPartIsInTheTrashAndCanBeRestored) {
+    Table()->selectRow(1);
+    Trigger("libraryRemove");
+    EXPECT_EQ(Numbers(), "BME280 TL072 ");
+    EXPECT_TRUE(std::filesystem::exists(directory.Path() / "lib/.veka-trash/LM358/part.veka"));
+    EXPECT_THAT(State(), HasSubstr("can be restored"));
+    Trigger("libraryRestore");
+    EXPECT_EQ(Numbers(), "BME280 LM358 TL072 ");
+    EXPECT_EQ(State(), "Restored \"LM358\"");
+    EXPECT_FALSE(test::QtScript::Child<QAction>(view, "libraryRestore")->isEnabled());
+}
+
+TEST_F(QtLibraryView, ALibraryThatIsNotThereIsASentence) {
+    view.Open(directory / "missing");
+    EXPECT_EQ(Numbers(), "");
+    EXPECT_THAT(State(), HasSubstr("cannot open the directory"));
+    Trigger("libraryRemove");
+    Trigger("libraryShow");
+    view.Refresh();
+    EXPECT_TRUE(shown.empty());
+}
+
+TEST_F(QtLibraryView, NoticesWhatWasStoredSince) {
+    const CString file = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN NEW)))");
+    host::Store(host::ReadPart(file), directory / "lib", host::Existing::Keep);
+    view.Refresh();
+    EXPECT_EQ(Numbers(), "BME280 LM358 NEW TL072 ");
+}
+
+}  // namespace
