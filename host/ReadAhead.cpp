@@ -27,6 +27,7 @@ CheckedFile Check(const std::string& file, Read read) {
         RequirePartNumber(part);
         checked.facts = FactsOf(part);
         checked.content = std::move(part.content);
+        checked.content.bytes.shrink_to_fit();  // reading takes memory in large blocks
     } catch (...) {
         checked.failure = CurrentFailure(file);
     }
