@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <limits>
 
 #include "support/Children.h"
 #include "support/Files.h"
@@ -217,9 +218,9 @@ int Kills() {
     return text ? std::atoi(text) : 60;
 }
 
-/// Imports the files of one of two folders over and over.
-void ImportForever(const std::filesystem::path& directory) {
-    for (int round = 0;; ++round) {
+/// Imports the files of one of two folders so many times.
+void ImportTimes(const std::filesystem::path& directory, int times) {
+    for (int round = 0; round < times; ++round) {
         Batch batch;
         batch.library = veka::FromPath(directory / "lib").GetString();
         batch.existing = host::Existing::Replace;
@@ -230,6 +231,10 @@ void ImportForever(const std::filesystem::path& directory) {
                 veka::FromPath(directory / folder / (folder + std::to_string(i) + ".veka")).GetString());
         host::ImportBatch(batch);
     }
+}
+
+void ImportForever(const std::filesystem::path& directory) {
+    ImportTimes(directory, std::numeric_limits<int>::max());
 }
 
 TEST_F(BatchImport, KilledAtAnyInstantEachPartIsTheOldOrTheNewOneWhole) {
@@ -245,9 +250,16 @@ TEST_F(BatchImport, KilledAtAnyInstantEachPartIsTheOldOrTheNewOneWhole) {
         }
     }
     ASSERT_EQ(Import()[State::Stored], static_cast<size_t>(kKilled));
+    // A disk that is busy takes long for each group, and the kills have to come while parts are replaced.
+    const auto begin = std::chrono::steady_clock::now();
+    test::InChild([&] {
+        ImportTimes(directory.Path(), 3);
+        return 0;
+    });
+    const auto took =
+        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin);
     for (int round = 0; round < Kills(); ++round) {
-        test::KillAfter(std::chrono::microseconds(500 + round * 997 % 30'000), directory.Path(),
-                        ImportForever);
+        test::KillAfter(took * (round * 379 % 1000 + 5) / 1000, directory.Path(), ImportForever);
         for (int i = 0; i < kKilled; ++i) {
             const std::string number = std::to_string(i);
             const auto names = test::Names(Root() / ("P" + number));
