@@ -1,4 +1,4 @@
-"""Compiles changed copies of source files into the tests: mutate.py NUMBER (0 for all)
+"""Compiles changed copies of source files and headers into the tests: mutate.py NUMBER (0 for all) [FILE...]
 
 A change flips a comparison, a logical operator, a constant or a step, drops a statement, or makes a row of the parser
 wrong: another form, keyword or field, another order, no row. A change counts as noticed where a test fails or does not end.
@@ -20,6 +20,7 @@ FILES = {
     "src/leveltree/LevelReader.cpp": {"test_leveltree": "LevelReader*", "test_parser": "CVEK_AsciiParser*:CompleteFile.Gives*"},
     "src/leveltree/CECadCls.cpp": {"test_leveltree": "CECadCls*", "test_parser": "CVEK_AsciiParser*:CompleteFile.Gives*"},
     "src/leveltree/QuoteLookAhead.cpp": {"test_leveltree": "QuoteLookAhead*:LevelReader*"},
+    "src/platform/CStringArray.cpp": {"test_platform": "CStringArray*"},
     "src/dialog/CVEK_AsciiFile_Import_Dlg.cpp": {"test_dialog": "*"},
     "src/dialog/ImportDialogTemplate.cpp": {"test_dialog": "*"},
     "src/parser/CVEK_AsciiParser.cpp": {"test_parser": "*"},
@@ -32,6 +33,13 @@ FILES = {
     "src/parser/objects.cpp": {"test_parser": "*"},
     "src/parser/values.cpp": {"test_parser": "*"},
 }
+# Each header with the sources of tests that are compiled with its changed copy.
+HEADERS = {
+    "src/platform/CArray.h": ["tests/platform/CArrayTest.cpp", "tests/platform/CExPtrArrayTest.cpp"],
+    "src/platform/CExPtrArray.h": ["tests/platform/CExPtrArrayTest.cpp"],
+    "src/platform/CStringArray.h": ["tests/platform/CStringArrayTest.cpp"],
+}
+FILES.update({header: {"test_platform": "*Array*:Owned*"} for header in HEADERS})
 MINIMUM = 90.0
 FLIPS = [
     (r"==", "!="), (r"!=", "=="), (r" < ", " <= "), (r" <= ", " < "), (r" > ", " >= "), (r" >= ", " > "),
@@ -70,7 +78,7 @@ def changes(lines):
     """Pairs of a line number and its changed text."""
     for number, line in enumerate(lines):
         code = line.split("//")[0].rstrip()
-        if not code.strip() or code.lstrip().startswith(("#", "static_assert", "using", "*", "template")):
+        if not code.strip() or code.lstrip().startswith(("#", "static_assert", "VEKA_ASSERT", "using", "*", "template")):
             continue
         for pattern, other in FLIPS:
             for match in re.finditer(pattern, code):
@@ -118,24 +126,41 @@ class Tester:
     def is_noticed(self, name, lines, number, text):
         """True where a test fails; None where the change does not compile."""
         with tempfile.TemporaryDirectory() as folder:
-            source, made = folder + "/changed.cpp", folder + "/changed.o"
-            with open(source, "w") as file:
-                file.write("\n".join(lines[:number] + [text] + lines[number + 1:]) + "\n")
-            entry = self.commands[name]
-            command = shlex.split(entry["command"])
-            command[command.index("-c") + 1] = source
-            command[command.index("-o") + 1] = made
-            command = [part for part in command if not part.startswith("-W")] + ["-w"]
-            if subprocess.run(command, cwd=entry["directory"], capture_output=True).returncode != 0:
-                return None
+            text = "\n".join(lines[:number] + [text] + lines[number + 1:]) + "\n"
+            made = {}
+            if name in HEADERS:
+                # Includes name a header by its room, and the changed copy is found first.
+                changed = folder + "/" + name.removeprefix("src/")
+                os.makedirs(os.path.dirname(changed))
+                sources = {source: os.path.abspath(source) for source in HEADERS[name]}
+            else:
+                changed = folder + "/changed.cpp"
+                sources = {name: changed}
+            with open(changed, "w") as file:
+                file.write(text)
+            for source, path in sources.items():
+                entry = self.commands[source]
+                command = [part for part in shlex.split(entry["command"]) if not part.startswith("-W")] + ["-w"]
+                command[command.index("-c") + 1] = path
+                place = command.index("-o") + 1
+                made[command[place]] = command[place] = f"{folder}/{len(made)}.o"
+                first = next(i for i, part in enumerate(command) if part.startswith("-I"))
+                command.insert(first, "-I" + folder)
+                if subprocess.run(command, cwd=entry["directory"], capture_output=True).returncode != 0:
+                    return None
             return any(self.fails(program, tests, made, folder) for program, tests in FILES[name].items())
 
     def fails(self, program, tests, made, folder):
-        """True where a program of tests with the changed object in it fails or does not end."""
+        """True where a program of tests with the changed objects, by the names of those that they replace, fails or does
+        not end."""
         changed = folder + "/" + program
         link = list(self.links[program])
         link[link.index("-o") + 1] = changed
-        link.insert(link.index("-o"), made)  # before the library, whose own copy is then left out
+        for former, object_file in made.items():
+            if former in link:
+                link[link.index(former)] = object_file
+            else:
+                link.insert(link.index("-o"), object_file)  # before the library, whose own copy is then left out
         subprocess.run(link, cwd=BUILD, capture_output=True, check=True)
         try:
             run = subprocess.run([changed, "--gtest_brief=1", "--gtest_fail_fast", "--gtest_filter=" + tests],
@@ -154,7 +179,7 @@ def main():
     number_wanted = int(sys.argv[1])
     tester = Tester()
     todo = []
-    for name in FILES:
+    for name in sys.argv[2:] or FILES:
         with open(name) as file:
             lines = file.read().split("\n")
         todo += [(name, lines, number, text) for number, text in changes(lines)]
@@ -173,7 +198,8 @@ def main():
                 print(f"{name}:{number + 1}: not noticed\n    - {lines[number].strip()}\n    + {text.strip()}", flush=True)
     caught, tried = (sum(counts) for counts in zip(*noticed.values()))
     for name, counts in noticed.items():
-        print(f"{name}: {counts[0]} of {counts[1]} noticed")
+        if counts[1] > 0:
+            print(f"{name}: {counts[0]} of {counts[1]} noticed")
     print(f"{100.0 * caught / tried:.1f} % of {tried} changes noticed")
     return 0 if 100.0 * caught / tried >= MINIMUM else 1
 

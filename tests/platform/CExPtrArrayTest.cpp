@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -104,6 +105,7 @@ TEST_F(ExPtrArray, SetAtStoresAtAValidIndexAloneAndDeletesNothing) {
     array.SetAt(0, &other);
     EXPECT_EQ(g_alive, 2);
     EXPECT_EQ(array.GetLastElement(), &other);
+    EXPECT_EQ(std::as_const(array).GetLastElement(), &other);
     array.RemoveLastElement();
     delete t[0];
 }
@@ -212,6 +214,9 @@ TEST_F(ExPtrArray, MovesElementsToTheEndOfAnother) {
     EXPECT_EQ(Content(from), (std::vector{t[0], t[3]}));
     EXPECT_EQ(Content(to), (std::vector{u[0], t[1], t[2]}));
     EXPECT_FALSE(from.MoveElementTo(to, 1, 0));
+    EXPECT_TRUE(from.MoveElementTo(to, 1, 1));
+    EXPECT_EQ(Content(from), (std::vector{t[0]}));
+    EXPECT_EQ(Content(to), (std::vector{u[0], t[1], t[2], t[3]}));
     EXPECT_THROW(from.MoveElementTo(to, 0, 2), CInvalidArgException);
     EXPECT_THROW(from.MoveElementTo(to, -1, 0), CInvalidArgException);
 }
