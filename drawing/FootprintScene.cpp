@@ -42,13 +42,15 @@ struct LayerClass {
     const CVEKA_Padstack_LayerInfo* info;
     Side side;
     const char* title;
-    const char* copper;  ///< the layer's name if the part has no such layer; null for the usual one
+    bool plane = false;
 };
+constexpr const char* kInnerSignal = "Inner signal";
+constexpr const char* kInnerPlane = "Inner plane";
 std::vector<LayerClass> LayersOf(const CVEKA_PadStack& stack) {
-    return {{stack.GetTop(), Side::Top, "Top", nullptr},
-            {stack.GetInnerSignal(), Side::Inner, "Inner signal", "Inner signal"},
-            {stack.GetInnerPlane(), Side::Inner, "Inner plane", "Inner plane"},
-            {stack.GetBottom(), Side::Bottom, "Bottom", nullptr}};
+    return {{stack.GetTop(), Side::Top, "Top"},
+            {stack.GetInnerSignal(), Side::Inner, kInnerSignal},
+            {stack.GetInnerPlane(), Side::Inner, kInnerPlane, true},
+            {stack.GetBottom(), Side::Bottom, "Bottom"}};
 }
 
 /// Draws pads by their names.
@@ -100,12 +102,13 @@ private:
         ObjectDrawer(m_scene, m_part.fonts).Draw(*layer.GetCamLayerDrawObjs(), m_part.Unit());
     }
 
-    /// The layer for pads of a role in a class of layers.
-    std::uint32_t LayerFor(const LayerClass& layer, Role role) {
-        if (layer.copper && role == Role::Copper)
-            return m_scene.Layer(layer.copper, role, layer.side, RankOf(role, layer.side));
-        const auto [found, isNew] = m_layers.try_emplace({role, layer.side}, 0);
-        if (isNew) found->second = LayerOf(m_part.LookOf(role, layer.side));
+    /// The layer that a pad of a padstack is drawn on.
+    std::uint32_t LayerFor(const StackedPad& pad) {
+        if (pad.role == Role::Copper && pad.side == Side::Inner)
+            return m_scene.Layer(pad.plane ? kInnerPlane : kInnerSignal, pad.role, pad.side,
+                                 RankOf(pad.role, pad.side));
+        const auto [found, isNew] = m_layers.try_emplace({pad.role, pad.side}, 0);
+        if (isNew) found->second = LayerOf(m_part.LookOf(pad.role, pad.side));
         return found->second;
     }
 
@@ -121,17 +124,8 @@ private:
         const auto entry = m_stacks.try_emplace(&stack);
         std::vector<Placed>& pads = entry.first->second;
         if (!entry.second) return pads;
-        const auto add = [&](const CString& name, std::uint32_t layer, Role role) {
-            pads.push_back({m_part.records.Pad(name.View()), layer, role, Short(name)});
-        };
-        for (const LayerClass& layer : LayersOf(stack))
-            for (const Use& use : kPlaced) {
-                const CString name = (layer.info->*use.name)();
-                if (!name.IsEmpty()) add(name, LayerFor(layer, use.role), use.role);
-            }
-        const CString drill = stack.GetDrill_ShapeName();
-        if (!drill.IsEmpty())
-            add(drill, LayerFor({nullptr, Side::Both, "", nullptr}, Role::Drill), Role::Drill);
+        for (const StackedPad& pad : StackedPads(m_part, stack))
+            pads.push_back({pad.pad, LayerFor(pad), pad.role, Short(pad.name)});
         return pads;
     }
 
@@ -284,6 +278,24 @@ private:
 
 Scene FootprintScene(const Part& part, const CVEKA_FootprintDB& footprint) {
     return FootprintDrawer(part, footprint).Draw();
+}
+
+std::vector<StackedPad> StackedPads(const Part& part, const CVEKA_PadStack& padStack) {
+    std::vector<StackedPad> pads;
+    const auto add = [&](const CString& name, Role role, Side side, bool plane) {
+        if (!name.IsEmpty()) pads.push_back({name, part.records.Pad(name.View()), role, side, plane});
+    };
+    for (const LayerClass& layer : LayersOf(padStack))
+        for (const Use& use : kPlaced) add((layer.info->*use.name)(), use.role, layer.side, layer.plane);
+    add(padStack.GetDrill_ShapeName(), Role::Drill, Side::Both, false);
+    return pads;
+}
+
+Scene PadScene(const Part& part, const CVEKA_Pad& pad) {
+    SceneBuilder scene("Pad " + Short(pad.GetPadName()));
+    scene.pen = {scene.Layer("Pad", Role::Copper, Side::Both, 0), Role::Copper, {}, {}};
+    PadDrawer(part, scene).Draw(&pad, part.Unit());
+    return scene.Finish();
 }
 
 Scene PadStackScene(const Part& part, const CVEKA_PadStack& padStack) {

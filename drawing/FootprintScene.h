@@ -16,6 +16,20 @@ Scene FootprintScene(const Part& part, const CVEKA_FootprintDB& footprint);
 /// the `CVEKA_PadStack`. Raises `TooLarge`.
 Scene PadStackScene(const Part& part, const CVEKA_PadStack& padStack);
 
+/// A pad that a padstack names for a pin that is connected, or the shape of its drill.
+struct StackedPad {
+    CString name;
+    const CVEKA_Pad* pad = nullptr;  ///< null where the name leads nowhere
+    Role role = Role::Copper;        ///< copper, solder mask, paste or drill
+    Side side = Side::Both;          ///< that of its layers; a drill goes through all
+    bool plane = false;              ///< true for the inner layers that are planes
+};
+/// The pads of a padstack that are on a board at one time, from the top to the bottom, and then the drill.
+std::vector<StackedPad> StackedPads(const Part& part, const CVEKA_PadStack& padStack);
+
+/// The objects of a pad about the point of its pin. Raises `TooLarge`.
+Scene PadScene(const Part& part, const CVEKA_Pad& pad);
+
 /// The padstacks that the pins of a footprint use, each once, in the order of the pins.
 std::vector<const CVEKA_PadStack*> PadStacksOf(const Part& part, const CVEKA_FootprintDB& footprint);
 

@@ -416,8 +416,13 @@ Fonts::Fonts(const CVEKA_FontArray& fonts) {
 }
 
 double Fonts::Height(int font) const {
+    const CVEKA_Font* found = Find(font);
+    return found ? found->GetCharHeight() : CVEKA_Font().GetCharHeight();
+}
+
+const CVEKA_Font* Fonts::Find(int font) const {
     const auto found = m_fonts.find(font);
-    return found == m_fonts.end() ? CVEKA_Font().GetCharHeight() : found->second->GetCharHeight();
+    return found == m_fonts.end() ? nullptr : found->second;
 }
 
 void ObjectDrawer::Draw(const CVEKA_3DObjectArray& objects, const Place& place) {

@@ -14,6 +14,8 @@ public:
     explicit Fonts(const CVEKA_FontArray& fonts);
     /// The height of a capital letter in the unit of the part. A font that is not there counts as a new font.
     double Height(int font) const;
+    /// The font of a number, or null.
+    const CVEKA_Font* Find(int font) const;
 
 private:
     std::map<int, const CVEKA_Font*> m_fonts;

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "drawing/Characters.h"
 #include "platform/Utf8.h"
 
 namespace drawing {
@@ -11,22 +12,6 @@ namespace drawing {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-/// The characters of Windows-1252 from 0x80 to 0x9F; 0 for a byte that stands for none.
-constexpr std::array<unsigned, 32> kWindows1252 = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-void AppendUtf8(std::string& text, unsigned character) {
-    if (character < 0x800) {
-        text += static_cast<char>(0xC0 | character >> 6);
-    } else {
-        text += static_cast<char>(0xE0 | character >> 12);
-        text += static_cast<char>(0x80 | (character >> 6 & 0x3F));
-    }
-    text += static_cast<char>(0x80 | (character & 0x3F));
-}
 
 /// A number with up to four digits behind the point.
 std::string Number(double value) {
@@ -225,12 +210,13 @@ private:
 }  // namespace
 
 std::string XmlText(std::string_view bytes) {
+    const std::string utf8 = ToUtf8(bytes);
+    std::string_view rest = utf8;
     std::string text;
-    while (!bytes.empty()) {
-        const auto byte = static_cast<unsigned char>(bytes[0]);
-        const size_t length = veka::Utf8Length(bytes);
-        const std::string_view character = bytes.substr(0, length ? length : 1);
-        bytes.remove_prefix(character.size());
+    while (!rest.empty()) {
+        const auto byte = static_cast<unsigned char>(rest[0]);
+        const std::string_view character = rest.substr(0, veka::Utf8Length(rest));
+        rest.remove_prefix(character.size());
         if (byte == '&')
             text += "&amp;";
         else if (byte == '<')
@@ -241,11 +227,6 @@ std::string XmlText(std::string_view bytes) {
             text += "&quot;";
         else if (byte < 0x20 || byte == 0x7F)
             text += byte == '\t' || byte == '\n' ? " " : kReplacement;
-        else if (length == 0 && byte < 0xA0)
-            kWindows1252[byte - 0x80u] ? AppendUtf8(text, kWindows1252[byte - 0x80u])
-                                       : static_cast<void>(text += kReplacement);
-        else if (length == 0)
-            AppendUtf8(text, byte);
         else if (character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF" ||
                  (byte == 0xC2 && character[1] < '\xA0'))
             text += kReplacement;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "drawing/Gate.h"
 #include "leads/Placement.h"
 
 namespace drawing {
@@ -22,7 +23,7 @@ Point At(const CVEKA_Coordinate* point) {
 /// Draws the gates of a symbol into one scene.
 class GateDrawer {
 public:
-    GateDrawer(const Part& part, SceneBuilder& scene) : m_part(part), m_scene(scene) {
+    GateDrawer(const Part& part, SceneBuilder& scene) : m_part(part), m_scene(scene), m_gates(part) {
         m_body = scene.Layer("Body", Role::Body, Side::Both, 10);
         m_pins = scene.Layer("Pins", Role::Pin, Side::Both, 20);
         m_names = scene.Layer("Pin names", Role::PinName, Side::Both, 40);
@@ -32,21 +33,15 @@ public:
     }
 
     void Draw(const CVEKA_Partition& partition) {
-        const CString libraryName = partition.GetLibPartitionName();
-        const CVEKA_PartitionDB* library = m_part.records.LibraryPartition(libraryName.View());
-        const double scale = partition.GetLibPartitionScale();
-        const Place whole = m_part.Unit() * Place::Scaled(scale > 0 && std::isfinite(scale) ? scale : 1);
-        if (!library && !libraryName.IsEmpty()) {
+        const Gate gate = m_gates.Read(partition);
+        if (gate.MissesLibrary()) {
             m_scene.pen = {m_body, Role::Missing, Source::Of(partition), {}};
-            m_scene.AddCross({}, {}, 1, Short(libraryName));
+            m_scene.AddCross({}, {}, 1, Short(partition.GetLibPartitionName()));
         }
-        // The body of the partition itself is the frame of the library's body.
-        const bool own = !library || library->GetBodyShape()->IsEmpty();
         m_scene.pen = {m_body, Role::Body, {}, {}};
-        ObjectDrawer(m_scene, m_part.fonts)
-            .Draw(own ? *partition.GetBodyShape() : *library->GetBodyShape(), whole);
-        DrawPins(partition, library, whole);
-        DrawLabels(partition, whole);
+        ObjectDrawer(m_scene, m_part.fonts).Draw(*gate.body, gate.place);
+        for (const GatePin& pin : gate.pins) DrawPin(pin, gate.place);
+        DrawLabels(partition, gate.place);
     }
     /// The name of a gate, below everything that was drawn from the given shape on.
     void DrawTitle(const CVEKA_Partition& partition, size_t first) {
@@ -60,56 +55,20 @@ public:
     }
 
 private:
-    /// A pin of a library partition with its shape, looked up.
-    struct LibraryPin {
-        const CVEKA_PartitionDBPin* pin = nullptr;
-        const CVEKA_NSHAPE* shape = nullptr;
-        std::string missing;  ///< the name of a shape that is not there
-    };
-    using LibraryPins = std::unordered_map<int, LibraryPin>;
-    /// The pins of a library partition by their numbers. They are looked up once, however many gates use
-    /// them.
-    const LibraryPins& PinsOf(const CVEKA_PartitionDB& library) {
-        const auto [found, isNew] = m_libraryPins.try_emplace(&library);
-        if (!isNew) return found->second;
-        for (const CVEKA_PartitionDBPin* pin : *library.GetPins()) {
-            if (!pin) continue;
-            const CString name = pin->GetLibPinShapeName();
-            const CVEKA_NSHAPE* shape = m_part.records.PinShape(name.View());
-            found->second.try_emplace(pin->GetPartitionPinNo(),
-                                      LibraryPin{pin, shape, shape ? std::string() : Short(name)});
-        }
-        return found->second;
-    }
-    void DrawPins(const CVEKA_Partition& partition, const CVEKA_PartitionDB* library, const Place& whole) {
-        static const LibraryPins none;
-        const LibraryPins& pins = library ? PinsOf(*library) : none;
-        int index = 0;
-        for (const CVEKA_PartitionPin* pin : *partition.GetPins()) {
-            const auto found = pins.find(index++);
-            if (pin) DrawPin(*pin, found == pins.end() ? LibraryPin() : found->second, whole);
-        }
-    }
-
-    void DrawPin(const CVEKA_PartitionPin& pin, const LibraryPin& library, const Place& whole) {
-        Point point = At(pin.GetPoint());
-        double rotation = pin.GetPinRotation();
-        if (library.pin && point == Point{} && rotation == 0) {
-            point = At(library.pin->GetPoint());
-            rotation = library.pin->GetPinRotation();
-        }
-        const Place place = whole * Place(point, rotation);
+    void DrawPin(const GatePin& gatePin, const Place& whole) {
+        const CVEKA_PartitionPin& pin = *gatePin.pin;
+        const Place& place = gatePin.place;
         const Source source = Source::Of(pin);
         m_scene.pen = {m_pins, Role::Pin, source, {}};
         // The far end of the pin's shape is where its name begins.
         Box box;
-        if (library.shape)
-            box = DrawShape(*library.shape, place);
-        else if (!library.missing.empty())
-            m_scene.AddCross(place, {}, 0.8, library.missing);
+        if (gatePin.shape)
+            box = DrawShape(*gatePin.shape, place);
+        else if (gatePin.MissesShape())
+            m_scene.AddCross(place, {}, 0.8, Short(gatePin.library->GetLibPinShapeName()));
         ObjectDrawer objects(m_scene, m_part.fonts);
         objects.Draw(*pin.GetDrawObjs(), whole);
-        if (library.pin) objects.Draw(*library.pin->GetCAMLayerDrawObjs(), whole);
+        if (gatePin.library) objects.Draw(*gatePin.library->GetCAMLayerDrawObjs(), whole);
         DrawNames(pin, place, box);
     }
 
@@ -179,9 +138,9 @@ private:
 
     const Part& m_part;
     SceneBuilder& m_scene;
+    GateReader m_gates;
     std::uint32_t m_body, m_pins, m_names, m_numbers, m_labels, m_hidden;
     std::unordered_map<const CVEKA_NSHAPE*, Box> m_boxes;
-    std::unordered_map<const CVEKA_PartitionDB*, LibraryPins> m_libraryPins;
 };
 
 }  // namespace
