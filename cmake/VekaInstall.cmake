@@ -1,4 +1,4 @@
-# What `cmake --install` puts where, in components: runtime, development, drawing, qt, solids, host,
+# What `cmake --install` puts where, in components: runtime, development, drawing, kicad, qt, solids, host,
 # python.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -41,7 +41,7 @@ install(TARGETS VEKAsciiDLL VEKAsciiDLL_static EXPORT VEKAsciiDLLTargets
 install(EXPORT VEKAsciiDLLTargets NAMESPACE VEKAscii:: DESTINATION ${package_folder} COMPONENT development)
 
 # The windows and the solids: a target and a component of the CMake package each.
-foreach(part Drawing Qt Win32 Solids)
+foreach(part Drawing KiCad Qt Win32 Solids)
     if(TARGET VEKAscii${part})
         string(TOLOWER ${part} component)
         install(TARGETS VEKAscii${part} EXPORT VEKAscii${part}Targets
@@ -51,6 +51,9 @@ foreach(part Drawing Qt Win32 Solids)
 endforeach()
 if(TARGET VEKAsciiDrawing)
     veka_install_headers(drawing drawing/Drawing.h)
+endif()
+if(TARGET VEKAsciiKiCad)
+    veka_install_headers(kicad export/kicad/KiCad.h)
 endif()
 if(TARGET VEKAsciiQt)
     veka_install_headers(qt qt/QtUserInterface.h)

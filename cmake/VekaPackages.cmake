@@ -66,6 +66,11 @@ if(TARGET VEKAsciiDrawing)
     veka_package(drawing libvekasciidll-drawing-dev libdevel "libvekasciidll-dev ${exactly}"
                  "Draws footprints, padstacks, symbols and packages, and writes the drawings\nas SVG files.")
 endif()
+if(TARGET VEKAsciiKiCad)
+    list(APPEND CPACK_COMPONENTS_ALL kicad)
+    veka_package(kicad libvekasciidll-kicad-dev libdevel "libvekasciidll-drawing-dev ${exactly}"
+                 "Writes parts as symbols and footprints of KiCad.")
+endif()
 if(TARGET VEKAsciiQt)
     list(APPEND CPACK_COMPONENTS_ALL qt)
     veka_package(qt libvekasciidll-qt-dev libdevel "libvekasciidll-dev ${exactly}, qt6-base-dev"

@@ -11,9 +11,11 @@ const char* const kUsage =
     "usage: veka-host [FILE...] [--library DIR] [--overwrite yes|no|ask] [--print [json]] [--pins [csv]]\n"
     "                 [--jobs NUMBER] [--summary json]\n"
     "                 [--step FILE] [--gltf FILE] [--step-folder DIR...]\n"
-    "                 [--picture FILE [--of WHAT] [--side top|bottom]] [--quiet] [--ui qt|win32|console]\n"
+    "                 [--picture FILE [--of WHAT] [--side top|bottom]] [--kicad DIR/NAME [--models yes|no]]\n"
+    "                 [--quiet] [--ui qt|win32|console]\n"
     "       veka-host --open [FILE...]\n"
     "       veka-host FILE... --check [json] [--quiet]\n"
+    "       veka-host --library DIR --kicad DIR/NAME [--models yes|no] [--quiet]\n"
     "       veka-host --undo [PART...] --library DIR\n"
     "       veka-host --library DIR [--find TEXT] [--where FIELD=VALUE...] [--list [json]]\n"
     "       veka-host --library DIR --verify\n"
@@ -39,6 +41,10 @@ const char* const kUsage =
     "  --picture FILE      draw the part into an SVG file, or into a PNG file if the name ends in .png\n"
     "  --of WHAT           draw only its footprint, symbol, package or padstack, not all of them (all)\n"
     "  --side top|bottom   from which side of the board the footprint is seen (top)\n"
+    "  --kicad DIR/NAME    add the part to the libraries NAME of KiCad in the directory: symbols, "
+    "footprints\n"
+    "                      and solid models. Without FILE: all parts of the library\n"
+    "  --models yes|no     whether --kicad writes solid models, too (yes)\n"
     "  --quiet, -q         print no summary\n"
     "  --undo              exchange a part with the one that was replaced last\n"
     "  --find TEXT         list the parts of the library that have these words, beginnings of words or "
@@ -158,6 +164,8 @@ void Require(const CommandLine& line) {
     }
     const bool standardInput =
         std::find(line.files.begin(), line.files.end(), kStandardInput) != line.files.end();
+    if (line.WholeLibrary() && (!line.step.empty() || !line.gltf.empty() || !line.picture.empty()))
+        throw UsageError("a whole library can only be exported to KiCad");
     if (line.undo) {
         if (line.library.empty()) throw UsageError("--undo needs --library DIR");
         return;
@@ -185,7 +193,7 @@ void Require(const CommandLine& line) {
 
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     CommandLine line;
-    bool quiet = false, pictured = false;
+    bool quiet = false, pictured = false, modelled = false;
     const auto print = [&](Print what) {
         if (line.print != Print::Summary) throw UsageError("--print and --pins can be given once");
         line.print = what;
@@ -256,6 +264,11 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
         } else if (option == "--summary") {
             OneOf<int>(option, next.Value(), {{"json", 0}});
             line.jsonSummary = true;
+        } else if (option == "--kicad") {
+            line.kicad = next.Path();
+        } else if (option == "--models") {
+            modelled = true;
+            line.models = OneOf<bool>(option, next.Value(), {{"yes", true}, {"no", false}});
         } else if (option == "--wait") {
             line.wait = Seconds(option, next.Value());
         } else if (option == "--print") {
@@ -278,6 +291,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     }
     if (quiet && line.print == Print::Summary) line.print = Print::Nothing;
     if (pictured && line.picture.empty()) throw UsageError("--of and --side need --picture FILE");
+    if (modelled && line.kicad.empty()) throw UsageError("--models needs --kicad DIR/NAME");
     Require(line);
     return line;
 }

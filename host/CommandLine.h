@@ -59,19 +59,25 @@ struct CommandLine {
     std::string picture;                   ///< file to draw the part into; empty: none
     PictureOf of = PictureOf::All;
     drawing::Side side = drawing::Side::Top;  ///< from which side the picture shows the footprint
+    std::string kicad;   ///< DIR/NAME of the libraries of KiCad to export to; empty: none
+    bool models = true;  ///< whether solid models are exported, too
     Windows windows = Windows::Automatic;
     Limits limits;
     std::chrono::seconds wait{60};  ///< how long to wait for a library that another program writes
 
+    /// True if all parts of the library are exported.
+    bool WholeLibrary() const {
+        return files.empty() && !library.empty() && !kicad.empty() && !open && windows == Windows::Automatic;
+    }
     /// True if the user is asked in the dialog.
     bool Attended() const {
-        return !undo && search == LibrarySearch::No &&
+        return !undo && !WholeLibrary() && search == LibrarySearch::No &&
                (files.empty() || open || windows != Windows::Automatic);
     }
     /// True if something is to be printed or written besides the library.
     bool Shown() const {
         return (print != Print::Summary && print != Print::Nothing) || !step.empty() || !gltf.empty() ||
-               !picture.empty();
+               !picture.empty() || !kicad.empty();
     }
 };
 

@@ -14,6 +14,7 @@
 #include "host/Failure.h"
 #include "host/ImportDialog.h"
 #include "host/Interrupt.h"
+#include "host/KiCadLibrary.h"
 #include "host/LibraryCommand.h"
 #include "host/Messages.h"
 #include "host/OutputFile.h"
@@ -42,7 +43,9 @@ std::string Quoted(std::string_view text) {
 class Program {
 public:
     Program(const CommandLine& line, const Streams& streams, Desktop* desktop)
-        : m_line(line), m_streams(streams), m_desktop(desktop), m_messages(streams.err) {}
+        : m_line(line), m_streams(streams), m_desktop(desktop), m_messages(streams.err) {
+        if (!line.kicad.empty()) m_kicad.emplace(line.kicad, line.models, WaitingFor(line.kicad));
+    }
 
     /// Imports the files without a dialog.
     int ImportFiles() {
@@ -57,9 +60,23 @@ public:
             --left;
             if (Interrupt::Happened()) break;
         }
+        worst = std::max(worst, FinishKiCad());
         if (left > 0) m_total["not imported"] = left;
         if (m_line.files.size() > 1 && m_line.print == Print::Summary) WriteTotal();
         return worst;
+    }
+    /// Exports all parts of the library.
+    int ExportLibrary() {
+        int worst = kImported;
+        Interrupt::Forget();
+        for (const std::string& file : PartFilesOf(m_line.library)) {
+            worst = std::max<int>(
+                worst, Reported(file, [&] {
+                    return ExportToKiCad(ReadPart(CString(file), {m_line.limits, nullptr, true}));
+                }));
+            if (Interrupt::Happened()) break;
+        }
+        return std::max(worst, FinishKiCad());
     }
     /// Imports one part through the dialog that the installed user interface shows.
     int ImportByDialog() {
@@ -68,8 +85,9 @@ public:
         if (!choice) return kRefused;
         const ImportedPart& part = choice->part;
         m_library = choice->library;
-        return Deliver(part, choice->existing,
-                       [&] { return AfxMessageBox(Question(part), MB_YESNO) == IDYES; });
+        const int code =
+            Deliver(part, choice->existing, [&] { return AfxMessageBox(Question(part), MB_YESNO) == IDYES; });
+        return std::max(code, FinishKiCad());
     }
     /// Puts replaced parts back.
     int Undo() {
@@ -125,7 +143,8 @@ private:
     template <class Ask>
     int Deliver(const ImportedPart& part, Existing existing, Ask ask) {
         const std::string file(part.file.View());
-        for (const std::string* output : {&m_line.step, &m_line.gltf, &m_line.picture})
+        const std::string symbols = m_kicad ? m_kicad->SymbolFile() : "";
+        for (const std::string* output : {&m_line.step, &m_line.gltf, &m_line.picture, &symbols})
             RequireOutsideOf(*output, file, std::string(m_library.View()), part.Name());
         RequireSections(part);
         for (const std::string& fault : part.faults) m_messages.Say(Quoted(file) + ": " + fault);
@@ -145,6 +164,7 @@ private:
             code = std::max(code, Reported(file, [&] { return WriteSolidFiles(part); }));
         if (!m_line.picture.empty())
             code = std::max(code, Reported(file, [&] { return WritePicture(part); }));
+        if (m_kicad) code = std::max(code, Reported(file, [&] { return ExportToKiCad(part); }));
         return code;
     }
 
@@ -263,6 +283,23 @@ private:
         return kImported;
     }
 
+    int ExportToKiCad(const ImportedPart& part) {
+        for (const std::string& remark : m_kicad->Add(part, m_line.stepFolders)) m_messages.Say(remark);
+        return kImported;
+    }
+    /// Writes the symbols of all parts that were exported.
+    int FinishKiCad() {
+        if (!m_kicad) return kImported;
+        return Reported(m_kicad->SymbolFile(), [&] {
+            m_kicad->Finish();
+            if (m_line.print == Print::Summary)
+                m_streams.out << "Exported " << m_kicad->Parts()
+                              << (m_kicad->Parts() == 1 ? " part" : " parts")
+                              << veka::Printable(" to " + m_kicad->SymbolFile()) << '\n';
+            return kImported;
+        });
+    }
+
     /// Says after a second whom the program waits for, and gives up after the time that the user set.
     Waiting WaitingFor(const std::string& library) {
         return [this, library, told = false](std::chrono::milliseconds waited,
@@ -283,6 +320,7 @@ private:
     Messages m_messages;
     CString m_library;
     std::map<std::string, int> m_total;
+    std::optional<KiCadLibrary> m_kicad;
 };
 
 int ImportInWindows(const CommandLine& line, const Streams& streams, Desktop& desktop) {
@@ -303,6 +341,7 @@ int Run(const CommandLine& line, const Streams& streams, Desktop* desktop) {
     if (line.check != Check::No) return CheckFiles(line, streams);
     if (line.search != LibrarySearch::No) return SearchLibrary(line, streams);
     if (line.undo) return Program(line, streams, desktop).Undo();
+    if (line.WholeLibrary()) return Program(line, streams, desktop).ExportLibrary();
     if (!line.Attended()) return Program(line, streams, desktop).ImportFiles();
     const bool wanted = line.open || line.windows == Windows::Qt || line.windows == Windows::Win32;
     const Windows kind = line.open ? Windows::Qt : line.windows;

@@ -23,12 +23,15 @@ struct SolidFile {
         failures;  ///< a sentence for each body that could not be written, or for the file
 };
 
-/// Writes the solids of all packages of a part, bodies and leads, to files; each is tried even if another
-/// fails. Returns a sentence for each kind of thing that was left out. A STEP file that the part names is
-/// looked for beside the part's file and in the folders. Raises `SolidsError` in a program that was built
-/// without solids.
+/// False in a program that was built without solids.
+bool CanWriteSolids();
+
+/// Writes the solids of all packages of a part, or of one of them, bodies and leads, to files; each is tried
+/// even if another fails. Returns a sentence for each kind of thing that was left out. A STEP file that the
+/// part names is looked for beside the part's file and in the folders. Raises `SolidsError` in a program that
+/// was built without solids.
 std::vector<std::string> WriteSolids(const CVEKA_Manager& part, const std::string& partFile,
                                      const std::vector<std::string>& stepFolders,
-                                     std::vector<SolidFile>& files);
+                                     std::vector<SolidFile>& files, const CVEKA_Package* only = nullptr);
 
 }  // namespace host

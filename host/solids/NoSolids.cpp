@@ -9,8 +9,13 @@ constexpr const char* kWithout = "this program was built without OpenCASCADE and
 
 }  // namespace
 
+bool CanWriteSolids() {
+    return false;
+}
+
 std::vector<std::string> WriteSolids(const CVEKA_Manager&, const std::string&,
-                                     const std::vector<std::string>&, std::vector<SolidFile>&) {
+                                     const std::vector<std::string>&, std::vector<SolidFile>&,
+                                     const CVEKA_Package*) {
     throw SolidsError(kWithout);
 }
 

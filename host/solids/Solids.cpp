@@ -7,17 +7,23 @@
 
 namespace host {
 
+bool CanWriteSolids() {
+    return true;
+}
+
 std::vector<std::string> WriteSolids(const CVEKA_Manager& part, const std::string& partFile,
                                      const std::vector<std::string>& stepFolders,
-                                     std::vector<SolidFile>& files) {
+                                     std::vector<SolidFile>& files, const CVEKA_Package* only) {
     std::vector<std::string> folders;
     if (partFile != kStandardInput) {
         const std::string folder = std::filesystem::path(partFile).parent_path().string();
         folders.push_back(folder.empty() ? "." : folder);
     }
     folders.insert(folders.end(), stepFolders.begin(), stepFolders.end());
-    const veka::PackageSolids made =
-        veka::MakePackageSolids(part, std::make_shared<geometry::step_files>(folders));
+    const auto stepFiles = std::make_shared<geometry::step_files>(folders);
+    const CString unit = part.GetVEK()->GetPartGeneral()->GetUnit();
+    const veka::PackageSolids made = only ? veka::MakePackageSolids(*only, {unit, stepFiles, nullptr})
+                                          : veka::MakePackageSolids(part, stepFiles);
     for (SolidFile& file : files) try {
             const auto write =
                 file.format == SolidFile::Format::Step ? geometry::WriteStep : geometry::WriteGltf;

@@ -134,6 +134,26 @@ TEST(CommandLine, APictureShowsAllFromTheTopUnlessToldOtherwise) {
         EXPECT_THROW(ParseCommandLine(arguments), UsageError) << testing::PrintToString(arguments);
 }
 
+TEST(CommandLine, ALibraryOfKiCadTakesFilesOrAWholeLibrary) {
+    const host::CommandLine line = ParseCommandLine({"f", "g", "--kicad", "d/n", "--models", "no"});
+    EXPECT_EQ(line.kicad, "d/n");
+    EXPECT_FALSE(line.models);
+    EXPECT_TRUE(line.Shown());
+    EXPECT_FALSE(line.Attended());
+    EXPECT_FALSE(line.WholeLibrary());
+    const host::CommandLine whole = ParseCommandLine({"--library", "l", "--kicad=d/n"});
+    EXPECT_TRUE(whole.models);
+    EXPECT_TRUE(whole.WholeLibrary());
+    EXPECT_FALSE(whole.Attended());
+    EXPECT_FALSE(ParseCommandLine({"--library", "l", "--kicad", "d/n", "--ui", "console"}).WholeLibrary());
+    using Arguments = std::vector<std::string>;
+    for (const Arguments& arguments :
+         {Arguments{"f", "--kicad"}, Arguments{"f", "--kicad="}, Arguments{"f", "--models", "no"},
+          Arguments{"f", "--kicad", "n", "--models", "some"}, Arguments{"f", "--check", "--kicad", "n"},
+          Arguments{"--library", "l", "--kicad", "n", "--step", "s"}})
+        EXPECT_THROW(ParseCommandLine(arguments), UsageError) << testing::PrintToString(arguments);
+}
+
 TEST(CommandLine, StepFoldersAreCollected) {
     const host::CommandLine line =
         host::ParseCommandLine({"x.veka", "--step-folder", "a", "--step-folder=b"});
