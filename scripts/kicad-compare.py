@@ -513,8 +513,9 @@ def points_of(g):
     return [(nm(p[1]), nm(p[2])) for p in child(g, 'pts')[1:]]
 
 
-def middle_of(a, m, b):
-    """The middle of the arc from a point by another one to a third one; None for a line."""
+def arcs_of(a, m, b):
+    """The arc from a point by another one to a third one as (start, middle, end); as two where it is more than half a circle, which is
+    how the export has such an arc. None for a line."""
     bx, by, cx, cy = m[0] - a[0], m[1] - a[1], b[0] - a[0], b[1] - a[1]
     d = 2 * (bx * cy - by * cx)
     if abs(d) < 2e3:
@@ -526,7 +527,11 @@ def middle_of(a, m, b):
     sweep = (end - start) % (2 * math.pi)
     if d < 0:
         sweep -= 2 * math.pi
-    return (x + radius * math.cos(start + sweep / 2), y + radius * math.sin(start + sweep / 2))
+    pieces = 2 if abs(sweep) > math.pi + 1e-7 else 1
+    points = [(round(x + radius * math.cos(start + sweep * i / 2 / pieces)), round(y + radius * math.sin(start + sweep * i / 2 / pieces)))
+              for i in range(2 * pieces + 1)]
+    points[0], points[-1] = a, b
+    return [points[i:i + 3] for i in range(0, 2 * pieces, 2)]
 
 
 def graphic(say, g):
@@ -556,11 +561,11 @@ def graphic(say, g):
         return [('disc' if filled else 'circle', center + (nm(number(g, 'radius')),), 0 if filled else width)]
     if kind == 'arc':
         a, m, b = (tuple(nm(v) for v in child(g, n)[1:3]) for n in ('start', 'mid', 'end'))
-        middle = middle_of(a, m, b)
-        if middle is None:
+        arcs = arcs_of(a, m, b)
+        if arcs is None:
             say('symbol: arc that is a line')
             return [('line', min(a, b) + max(a, b), width)]
-        return [('arc', min(a, b) + max(a, b) + middle, width)]
+        return [('arc', min(p, r) + max(p, r) + q, width) for p, q, r in arcs]
     if kind == 'text':
         if not g[1].strip():
             say('symbol: text')
