@@ -89,6 +89,7 @@ void ReadTracer::MarkOneWord(int number, int& field, bool isTheWord) {
     }
     Group& group = m_groups[m_marks[mark].group];
     if (!isTheWord) return;
+    group.wordLevel = group.words == 0 || group.wordLevel == m_marks[mark].level ? m_marks[mark].level : kNone;
     ++group.words;
     group.wordMark = mark;
 }

@@ -107,6 +107,7 @@ public:
     struct Group {
         std::size_t words = 0;  ///< how often the word was there
         std::size_t wordMark = kNone;
+        std::size_t wordLevel = kNone;  ///< the level that has each of the words; none if several levels have
     };
     /// What became of a level as a whole.
     struct Trace {

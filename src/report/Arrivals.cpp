@@ -95,6 +95,8 @@ void Arrivals::FindLevels(const PositionedText& text) {
             // value does.
             const ReadTracer::Group& group = m_tracer->Groups()[mark.group];
             m_marks[i] = group.words == 0 || (group.words == 1 && group.wordMark == i);
+            // A level that has each of several words counts, although none of them does.
+            if (group.wordLevel == mark.level) m_levels[mark.level] = true;
         }
         if (!m_marks[i]) continue;
         m_levels[mark.level] = true;

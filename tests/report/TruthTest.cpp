@@ -223,6 +223,15 @@ TEST(Truth, HoldsForTheExamples) {
         ExpectTheTruth(test::ReadFile(entry.path()), 100);
 }
 
+TEST(Truth, HoldsForAFlagThatOneWordClears) {
+    // One FALSE counts, and of two none does, since the other one clears the flag as well.
+    for (const std::string visible :
+         {"(VISIBLE)", "(VISIBLE TRUE)", "(VISIBLE FALSE)", "(VISIBLE FALSE FALSE)",
+          "(VISIBLE TRUE FALSE TRUE)", "(VISIBLE FALSE) (VISIBLE TRUE)", "(VISIBLE FALSE) (VISIBLE FALSE)",
+          "(VISIBLE no FALSE \"\")"})
+        ExpectTheTruth("(PADS (PAD (PADNAME P) (PTEXT (FID 1) " + visible + " (VALUE V))))", 0);
+}
+
 TEST(Truth, HoldsForGeneratedFiles) {
     for (const std::string& file : test::GeneratedFiles(24)) ExpectTheTruth(file, 20);
 }
