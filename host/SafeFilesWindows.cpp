@@ -44,7 +44,8 @@ template <class Error = StoreError>
 }
 
 [[noreturn]] void FailToWrite(const fs::path& path, DWORD error = GetLastError()) {
-    if (error == ERROR_DISK_FULL || error == ERROR_HANDLE_DISK_FULL || error == ERROR_DISK_QUOTA_EXCEEDED)
+    constexpr DWORD kQuotaExceeded = 1295;  // has no name in the headers of mingw-w64
+    if (error == ERROR_DISK_FULL || error == ERROR_HANDLE_DISK_FULL || error == kQuotaExceeded)
         Fail<DiskFull>("cannot write", path, error);
     Fail("cannot write", path, error);
 }
@@ -251,7 +252,7 @@ std::string Directory::Read(const std::string& name) const {
     std::string bytes(4096, '\0');
     DWORD count = 0;
     const File file(host::Open(Below(m_path, name), GENERIC_READ, kShared, OPEN_EXISTING));
-    if (!file || !ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr))
+    if (!file || !::ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr))
         count = 0;
     bytes.resize(count);
     return bytes;
