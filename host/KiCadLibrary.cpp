@@ -74,8 +74,7 @@ KiCadLibrary::KiCadLibrary(const std::string& place, bool models, Waiting waitin
     : m_place(place), m_models(models), m_waiting(std::move(waiting)) {
     const fs::path path = ToPath(place);
     m_name = ToText(path.filename());
-    m_directory = ToText(path.parent_path());
-    if (m_directory.empty()) m_directory = ".";
+    m_directory = ToText(path.has_parent_path() ? path.parent_path() : fs::path("."));
     if (!IsFileName(m_name) || kicad::NameInKiCad(m_name, kicad::kLongestFootprintName) != m_name)
         throw OutputError("KiCad takes no library of the name \"" + m_name + '"');
 }
