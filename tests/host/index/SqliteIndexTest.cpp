@@ -88,7 +88,7 @@ TEST_F(Index, AnyTextOfTheUserIsValid) {
           "(((", "%", "_",    "\\", "a\"b", "; DROP TABLE parts", "\xFF\xFE", "\xF0\x9F", "--", "/"})
         EXPECT_NO_THROW(Find(text)) << text;
     EXPECT_NO_THROW(Find(std::string("a\0b", 3)));
-    EXPECT_NO_THROW(Find(std::string(200'000, 'x')));
+    EXPECT_NO_THROW(Find(std::string(20'000, 'x')));
     std::string words;
     for (int i = 0; i < 5000; ++i) words += "w" + std::to_string(i) + " ";
     EXPECT_NO_THROW(Find(words));
