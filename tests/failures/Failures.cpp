@@ -18,6 +18,11 @@ bool AllocationFails() {
     return true;
 }
 
+bool ReadFails() {
+    if (g_readsLeft > 0 && --g_readsLeft == 0) g_readFailed = true;
+    return g_readFailed;
+}
+
 void* Allocate(std::size_t size) {
     void* block = AllocationFails() ? nullptr : std::malloc(size > 0 ? size : 1);
     if (!block) throw std::bad_alloc();
@@ -72,9 +77,17 @@ void* __wrap_realloc(void* block, std::size_t size) {
     return AllocationFails() ? nullptr : __real_realloc(block, size);
 }
 
+#ifdef _WIN32
+// Here a call goes through a pointer that the import library holds.
+using ReadFunction = int (*)(int, void*, unsigned);
+extern ReadFunction __real___imp__read;
+ReadFunction __wrap___imp__read = [](int file, void* buffer, unsigned size) {
+    return ReadFails() ? -1 : __real___imp__read(file, buffer, size);
+};
+#else
 ssize_t __real_read(int file, void* buffer, std::size_t size);
 ssize_t __wrap_read(int file, void* buffer, std::size_t size) {
-    if (g_readsLeft > 0 && --g_readsLeft == 0) g_readFailed = true;
-    return g_readFailed ? -1 : __real_read(file, buffer, size);
+    return ReadFails() ? -1 : __real_read(file, buffer, size);
 }
+#endif
 }
