@@ -23,17 +23,14 @@ using namespace veka;
 // The exceptions from the rule, each with its reason. There are no others.
 //
 // 1. In these levels the place of a child counts. To take a child away would move the others to other places,
-// so the
-//    child makes way for a level that nothing reads.
+//    so the child makes way for a level that nothing reads.
 constexpr std::string_view kCountPlaces[] = {"DATE",      "MECHANICALPINS", "MECHANICALPIN", "PROPERTYLABELS",
                                              "PROPLABEL", "LINE",           "ARC",           "3DLINE",
                                              "3DARC",     "TAPERED"};
 // 2. A level that fails the import: without it the import does not fail, and everything else arrives. The
-// report has an
-//    error for it.
+//    report has an error for it.
 // 3. A level around others of which one takes away what the other brought: without all of them nothing
-// changes. Each of
-//    them is judged by itself.
+//    changes. Each of them is judged by itself.
 
 /// What is put in the place of a value. One of them changes each field that takes a value.
 constexpr std::string_view kOthers[] = {"97531", "TRUE", "FALSE", "1", "\x01", "7.25", "RLC"};
