@@ -123,13 +123,15 @@ std::map<std::string, std::string> KiCadLibrary::WriteModels(const ImportedPart&
         const std::string name =
             kicad::NameInKiCad(package->GetName().View(), kicad::kLongestFootprintName) + ".step";
         MakeDirectory(folder);
-        OutputFile output(folder + '/' + name);
+        OutputFile output(std::string(folder).append("/").append(name));
+        const std::string model = "model \"" + name + "\": ";
+        const auto remark = [&](const std::vector<std::string>& sentences) {
+            for (const std::string& sentence : sentences)
+                remarks.push_back(std::string(model).append(sentence));
+        };
         std::vector<SolidFile> files{{SolidFile::Format::Step, output.TemporaryPath(), false, {}}};
-        for (const std::string& remark :
-             WriteSolids(part.Model(), std::string(part.file.View()), stepFolders, files, package))
-            remarks.push_back("model \"" + name + "\": " + remark);
-        for (const std::string& failure : files[0].failures)
-            remarks.push_back("model \"" + name + "\": " + failure);
+        remark(WriteSolids(part.Model(), std::string(part.file.View()), stepFolders, files, package));
+        remark(files[0].failures);
         if (!files[0].written) continue;
         output.Commit();
         for (const CVEKA_FootprintDB* footprint : *part.Model().GetFootprintDBArr())

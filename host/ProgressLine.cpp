@@ -1,5 +1,6 @@
 #include "host/ProgressLine.h"
 
+#include <cmath>
 #include <ostream>
 
 #include "platform/Printable.h"
@@ -18,6 +19,10 @@ std::string Duration(std::uint64_t seconds) {
     return std::to_string(seconds / 3600) + " h " + std::to_string(seconds / 60 % 60) + " min";
 }
 
+std::uint64_t Rounded(double value) {
+    return static_cast<std::uint64_t>(std::llround(value));
+}
+
 /// The first characters of a text.
 std::string Front(const std::string& text, size_t characters) {
     size_t size = 0;
@@ -34,11 +39,8 @@ std::string ProgressText(std::size_t done, std::size_t all, std::chrono::millise
     const auto time = static_cast<double>(passed.count()) / 1000;
     if (done > 0 && time > 0) {
         const double rate = static_cast<double>(done) / time;
-        text += "  " + std::to_string(static_cast<std::uint64_t>(rate + 0.5)) + " parts/s";
-        if (rate > 0)
-            text += "  " +
-                    Duration(static_cast<std::uint64_t>(static_cast<double>(all - done) / rate + 0.5)) +
-                    " left";
+        text += "  " + std::to_string(Rounded(rate)) + " parts/s";
+        if (rate > 0) text += "  " + Duration(Rounded(static_cast<double>(all - done) / rate)) + " left";
     }
     // A name that is longer than the line would be seen only in part, and would cost time to print.
     text += "  " + veka::Printable(current.substr(0, 4 * kWidth));

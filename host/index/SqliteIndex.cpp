@@ -501,23 +501,29 @@ private:
                 return std::move(stored.file);
             },
             m_jobs);
+        return TakeOver(reader, names.size(), progress, [&](std::size_t place, CheckedFile& file) {
+            PartFacts facts = std::move(file.facts);
+            facts.name = names[place];
+            Insert(facts, stamps[place], file.failure ? &file.failure->sentence : nullptr);
+        });
+    }
+    /// Takes over the files that are read ahead, in order, `kAtOnce` in one transaction. False where
+    /// `progress` ended that.
+    template <class Deed>
+    bool TakeOver(ReadAhead& reader, std::size_t count, const IndexProgress& progress, Deed deed) {
         std::size_t done = 0;
         for (bool ended = false; !ended;) {
             Transaction transaction(*m_database);
             for (const std::size_t end = done + kAtOnce; done < end && !ended;) {
                 CheckedFile file;
                 const ReadAhead::Answer answer = reader.Next(file, kAsk);
-                if (progress && !progress(done, names.size())) reader.Stop();
+                if (progress && !progress(done, count)) reader.Stop();
                 ended = answer == ReadAhead::Answer::End;
-                if (answer != ReadAhead::Answer::File) continue;
-                PartFacts facts = std::move(file.facts);
-                facts.name = names[done];
-                Insert(facts, stamps[done], file.failure ? &file.failure->sentence : nullptr);
-                ++done;
+                if (answer == ReadAhead::Answer::File) deed(done++, file);
             }
             transaction.Commit();
         }
-        return done == names.size();
+        return done == count;
     }
 
     std::vector<std::int64_t> FindNow(const PartQuery& query) {
@@ -608,30 +614,17 @@ private:
                 return std::move(stored.file);
             },
             m_jobs);
-        std::size_t done = 0;
-        for (bool ended = false; !ended;) {
-            Transaction transaction(*m_database);
-            for (const std::size_t end = done + kAtOnce; done < end && !ended;) {
-                StoredFile stored;
-                const ReadAhead::Answer answer = reader.Next(stored.file, kAsk);
-                if (progress && !progress(done, parts.size())) reader.Stop();
-                ended = answer == ReadAhead::Answer::End;
-                if (answer != ReadAhead::Answer::File) continue;
-                stored.stamp = read[done].first;
-                const FindingCounts& counts = read[done].second;
-                if (!stored.file.failure)
-                    m_database->Cached("UPDATE parts SET errors = ?, warnings = ?, notes = ? WHERE id = ?")
-                        .Bind(counts.errors)
-                        .Bind(counts.warnings)
-                        .Bind(counts.notes)
-                        .Bind(parts[done].first)
-                        .Run();
-                deed(parts[done], stored, counts);
-                ++done;
-            }
-            transaction.Commit();
-        }
-        return done == parts.size();
+        return TakeOver(reader, parts.size(), progress, [&](std::size_t place, CheckedFile& file) {
+            const auto& [stamp, counts] = read[place];
+            if (!file.failure)
+                m_database->Cached("UPDATE parts SET errors = ?, warnings = ?, notes = ? WHERE id = ?")
+                    .Bind(counts.errors)
+                    .Bind(counts.warnings)
+                    .Bind(counts.notes)
+                    .Bind(parts[place].first)
+                    .Run();
+            deed(parts[place], StoredFile{std::move(file), stamp}, counts);
+        });
     }
 
     std::vector<std::string> VerifyNow(const IndexProgress& progress) {
@@ -704,7 +697,7 @@ Condition ParseCondition(const std::string& text) {
     const std::size_t place = text.find_first_of("!=<>");
     for (const auto& [sign, comparison] : kComparisons) {
         if (place == std::string::npos || text.compare(place, sign.size(), sign) != 0) continue;
-        const Condition condition{text.substr(0, place), comparison, text.substr(place + sign.size())};
+        Condition condition{text.substr(0, place), comparison, text.substr(place + sign.size())};
         const Field* const field = FindField(condition.field);
         if (!field) break;
         if (field->kind == Kind::Number) {

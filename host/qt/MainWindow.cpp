@@ -447,6 +447,7 @@ void MainWindow::ImportFiles(const std::vector<CString>& files) {
 void MainWindow::ImportFolders(const std::vector<CString>& folders) {
     Guarded("", [&] {
         std::vector<std::string> names;
+        names.reserve(folders.size());
         for (const CString& folder : folders) names.emplace_back(folder.View());
         std::vector<CString> files;
         for (const std::string& file : ExpandDirectories(names)) files.emplace_back(file);
@@ -540,7 +541,7 @@ void MainWindow::StoreIn(const CString& library, Existing existing, bool ask) {
         AddRecent(kRecentLibraries, library);
         ShowState("Stored as " + CString(m_part->Name()) + " in " + library +
                   (outcome == Outcome::Replaced ? "; the part that was there can be restored" : "") +
-                  (m_toldFindings || FindingsSentence().IsEmpty() ? CString() : "; " + FindingsSentence()));
+                  (m_toldFindings || FindingsSentence().IsEmpty() ? CString() : ". " + FindingsSentence()));
     });
 }
 

@@ -32,7 +32,8 @@ struct KeywordUse {
     const char* form;
     int place;  ///< the one place where the child is read, counted from 0; -1 for any place
 
-    auto operator<=>(const KeywordUse&) const = default;
+    // The texts are literals, so their addresses tell them apart.
+    auto operator<=>(const KeywordUse&) const = default;  // NOLINT(modernize-use-nullptr): clang-tidy 14 sees its own 0
 };
 using KeywordTable = std::vector<KeywordUse>;
 

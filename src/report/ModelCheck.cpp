@@ -4,6 +4,7 @@
 #include <cmath>
 #include <deque>
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
@@ -196,7 +197,8 @@ private:
 
     /// A rectangle along the axes.
     struct Box {
-        double left = INFINITY, bottom = INFINITY, right = -INFINITY, top = -INFINITY;
+        static constexpr double kInfinity = std::numeric_limits<double>::infinity();
+        double left = kInfinity, bottom = kInfinity, right = -kInfinity, top = -kInfinity;
         bool IsEmpty() const { return !(left <= right && bottom <= top); }
         void Add(double x, double y, double halfWidth = 0, double halfHeight = 0) {
             left = std::min(left, x - halfWidth);

@@ -57,8 +57,8 @@ std::string ReportWriter::PathOf(std::size_t number) const {
     std::string path = Printable(Cut(last->m_strName.View()));
     for (const PositionedLevel* level = last->parent; level; level = level->parent) {
         const std::string_view name = OwnName(*level);
-        path = Printable(Cut(level->m_strName.View())) + (name.empty() ? "" : ' ' + InQuotes(name)) + " > " +
-               path;
+        path.insert(
+            0, Printable(Cut(level->m_strName.View())) + (name.empty() ? "" : ' ' + InQuotes(name)) + " > ");
     }
     return path;
 }

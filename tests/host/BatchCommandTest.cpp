@@ -9,6 +9,7 @@
 
 #include "host/Host.h"
 #include "host/Interrupt.h"
+#include "inspect/Json.h"
 #include "support/Files.h"
 
 namespace {
@@ -120,16 +121,16 @@ TEST_F(BatchCommand, AsksOnATerminalAndTakesAnAnswerForAll) {
 }
 
 TEST_F(BatchCommand, TheSummaryIsJsonWhereThatIsAskedFor) {
-    const std::string a = Write("a.veka", PartText("A") + "\n(X)"), none = Write("none \xFF.veka", "(VEK)");
+    const std::string a = Write("a.veka", PartText("A") + "\n(X)"), none = Write("none.veka", "(VEK)");
     EXPECT_EQ(Run({folder, "--summary", "json"}), 1);
-    EXPECT_EQ(out.str(),
-              "{\"files\":[\n{\"file\":\"" + a +
-                  "\",\"part\":\"A\",\"state\":\"stored\",\"faults\":[\"nothing reads the section \\\"X\\\" "
-                  "of line "
-                  "2\"]},\n{\"file\":\"" +
-                  folder + "/none \xF4\x8F\xBF\xBF.veka\",\"state\":\"refused\",\"reason\":\"\\\"" + folder +
-                  "/none \xF4\x8F\xBF\xBF.veka\\\" holds no part with a part number\"}\n],\"stored\":1,"
-                  "\"replaced\":0,\"unchanged\":0,\"refused\":1,\"failed\":0,\"left\":0}\n");
+    EXPECT_EQ(
+        out.str(),
+        "{\"files\":[\n{\"file\":" + veka::JsonString(a) +
+            ",\"part\":\"A\",\"state\":\"stored\",\"faults\":[\"nothing reads the section \\\"X\\\" of "
+            "line 2\"]},\n{\"file\":" +
+            veka::JsonString(none) + ",\"state\":\"refused\",\"reason\":" +
+            veka::JsonString('"' + none + "\" holds no part with a part number") +
+            "}\n],\"stored\":1,\"replaced\":0,\"unchanged\":0,\"refused\":1,\"failed\":0,\"left\":0}\n");
     EXPECT_EQ(Run({a, "--summary", "json"}), 0) << "one file, too";
     EXPECT_THAT(out.str(), HasSubstr("\"unchanged\":1"));
     EXPECT_EQ(Run({a, "--summary", "xml"}), 2);
@@ -137,6 +138,15 @@ TEST_F(BatchCommand, TheSummaryIsJsonWhereThatIsAskedFor) {
     EXPECT_EQ(Run({"--summary", "json"}), 2);
     EXPECT_EQ(Run({a, "--summary", "json", "--pins"}), 2);
 }
+
+#ifndef _WIN32
+TEST_F(BatchCommand, ANameThatIsNoUtf8IsReadableJson) {
+    Write("none \xFF.veka", "(VEK)");
+    EXPECT_EQ(Run({folder, "--summary", "json"}), 1);
+    EXPECT_THAT(out.str(), HasSubstr("{\"file\":\"" + folder + "/none \xF4\x8F\xBF\xBF.veka\",\"state\""));
+    EXPECT_THAT(out.str(), HasSubstr("\"\\\"" + folder + "/none \xF4\x8F\xBF\xBF.veka\\\" holds no part"));
+}
+#endif
 
 TEST_F(BatchCommand, ATerminalShowsOneLineInPlaceOfALineForEachPart) {
     Write("a.veka", PartText("A"));

@@ -21,7 +21,7 @@ TemporaryDirectory::~TemporaryDirectory() {
 }
 
 CString TemporaryDirectory::operator/(std::string_view name) const {
-    return veka::FromPath(m_path / veka::ToPath(CString(name)));
+    return veka::FromPath((m_path / veka::ToPath(CString(name))).make_preferred());
 }
 
 CString TemporaryDirectory::Write(std::string_view name, std::string_view content) const {

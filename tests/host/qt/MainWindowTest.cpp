@@ -503,7 +503,7 @@ TEST_F(QtMainWindow, AfterTheDialogTheFindingsAreToldAndNotAsked) {
     script.Click("1");
     window.Import();
     EXPECT_TRUE(Stored("A"));
-    EXPECT_THAT(Text("state"), testing::EndsWith("; A check of the file finds 1 warning."));
+    EXPECT_THAT(Text("state"), testing::EndsWith(". A check of the file finds 1 warning."));
 }
 
 TEST_F(QtMainWindow, BeforeAPartWithFindingsIsStoredTheWindowSaysSoOnce) {
