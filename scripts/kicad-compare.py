@@ -53,6 +53,8 @@ KNOWN = {
     'graphics: twice': 'made: what is drawn twice in a courtyard is kept once',
     'graphics: polygon of two corners': 'made: a polygon of two corners is a line, and one of one corner is nothing',
     'graphics: opening': 'an area on a mask or in a stencil is a pad',
+    'graphics: arc of one point': 'made: an arc that ends where it begins is a point',
+    'text: value': "made: the text of a value is the footprint's name, whatever else it says",
     'keep-out: layers': 'made: the layers of a keep-out are not kept; the export keeps it on all copper layers',
     'symbol: hidden names or numbers':
         'the reader takes one child of a label only, so that the part does not say what is hidden',
@@ -168,6 +170,21 @@ def bare_hole(pad):
         max(xy(pad.GetSize())) <= max(xy(pad.GetDrillSize())) + 1
 
 
+def radius_of(pad):
+    return pad.GetRoundRectRadiusRatio() * min(xy(pad.GetSize()))
+
+
+def corner_area(a, b):
+    """The area at the corners of two pads whose radii differ by rounding; 0 for other pads."""
+    if SHAPES[a.GetShape()] not in ('roundrect', 'chamfered') or SHAPES[b.GetShape()] not in ('roundrect', 'chamfered'):
+        return 0
+    radii = sorted((radius_of(a), radius_of(b)))
+    if radii[1] - radii[0] >= 60:
+        return 0
+    # A corner covers 1 - pi / 4 of the square of its radius less; KiCad makes polygons of the arcs, which adds some.
+    return 60 * 60 * 4 + 1.5 * (4 - math.pi) * (radii[1] ** 2 - radii[0] ** 2)
+
+
 def turn(pad):
     return pad.GetOrientationDegrees() % 360
 
@@ -224,7 +241,7 @@ def compare_pad(say, a, b):
         else:
             say('pad: shape %s: %s and %s' % (where, shapes[0], shapes[1]))
     elif shapes[0] == 'roundrect':
-        radii = [p.GetRoundRectRadiusRatio() * min(xy(p.GetSize())) for p in (a, b)]
+        radii = [radius_of(p) for p in (a, b)]
         if abs(radii[0] - radii[1]) > 1:
             say('pad: radius of the corners' if abs(radii[0] - radii[1]) < 60 else 'pad: radius %s: %s' % (where, radii))
     elif shapes[0] == 'chamfered':
@@ -239,9 +256,8 @@ def compare_pad(say, a, b):
             say('pad: turn of a circle')
         else:
             say('pad: turn %s: %s and %s' % (where, turn(a), turn(b)))
-    rounded = a.GetShape() in (pcbnew.PAD_SHAPE_ROUNDRECT, pcbnew.PAD_SHAPE_CHAMFERED_RECT)
-    # Each nanometre of a size, of a place and of a radius counts along the whole outline.
-    most = 2 * (size[0] + size[1]) * 3 + (60 * 60 * 4 if rounded else 0)
+    # Each nanometre of a size and of a place counts along the whole outline.
+    most = 2 * (size[0] + size[1]) * 3 + corner_area(a, b)
     area = difference(polygon(a), polygon(b))
     if shapes[0] == 'custom':
         box = a.GetBoundingBox()
@@ -266,11 +282,13 @@ def compare_openings(say, first, second, missing):
         for pad in first.get(layer, []):
             place = polygon(pad)
             size = pad.GetBoundingBox()
-            most = 2 * (size.GetWidth() + size.GetHeight()) * 4 + 60 * 60 * 4
+            most = 2 * (size.GetWidth() + size.GetHeight()) * 4
             match = next((o for o in rest if near(xy(o.GetBoundingBox().Centre()), xy(size.Centre()), 3) and
-                          difference(place, polygon(o)) <= most), None)
+                          difference(place, polygon(o)) <= most + corner_area(pad, o)), None)
             if match:
                 rest.remove(match)
+                if corner_area(pad, match) and abs(radius_of(pad) - radius_of(match)) > 1:
+                    say('pad: radius of the corners')
             else:
                 if layer.endswith(('.Mask', '.Paste')):
                     say('pad: opening on %s at %s is missing' % (layer, xy(pad.GetPosition())))
@@ -315,6 +333,10 @@ def drawn(say, footprint):
                 entry = ('line', (x[0], y[0], x[1], y[1]), width)
         elif shape == pcbnew.SHAPE_T_ARC:
             middle = xy(item.GetArcMid())
+            if start == end:
+                say('graphics: arc of one point')
+                layers[layer].append(dot(start, width / 2))
+                continue
             entry = ('arc', min(start, end) + max(start, end) + middle, width)
         elif shape == pcbnew.SHAPE_T_CIRCLE:
             center, radius = xy(item.GetCenter()), item.GetRadius()
@@ -434,7 +456,12 @@ def compare_footprints(say, original, export):
     compare_drawn(say, drawn(say, original), drawn(lambda text: None, export), areas)
     a, b = texts_of(original), texts_of(export)
     for text in a - b:
-        say('text: %s is missing' % (text,))
+        as_made = text[:1] + (original.GetFPID().GetUniStringLibItemName(),) + text[2:]
+        if text[0] == pcbnew.FP_TEXT.TEXT_is_VALUE and as_made in b:
+            say('text: value')
+            b[as_made] -= 1
+        else:
+            say('text: %s is missing' % (text,))
     for text in b - a:
         say('text: %s is new' % (text,))
     board = pcbnew.CreateEmptyBoard()
@@ -581,6 +608,8 @@ def graphic(say, g):
     if filled and len(points) > 2:
         corners = points[:-1] if points[0] == points[-1] else points
         corners = [p for i, p in enumerate(corners) if p != corners[i - 1]]
+        if len(corners) == 2:
+            return [('line', min(corners) + max(corners), width)]
         first = corners.index(min(corners))
         corners = corners[first:] + corners[:first]
         if len(corners) > 2 and corners[1] > corners[-1]:

@@ -56,8 +56,10 @@ void BoardGraphics::Write(const drawing::Polygon& polygon) {
         return;
     }
     std::vector<std::vector<Point>> outlines;
-    for (const drawing::Contour& contour : contours)
+    for (const drawing::Contour& contour : contours) {
         outlines.push_back(Straightened(m_scene.Vertices(contour)));
+        if (const auto line = LineOf(outlines.back(), polygon.width)) Write(*line);
+    }
     // A pen would draw the cut to a hole, too, so that outlines are drawn by themselves.
     const bool holes = outlines.size() > 1 && polygon.width > 0;
     for (const std::vector<Point>& outline : WithoutHoles(std::move(outlines)))

@@ -151,7 +151,14 @@ private:
         }
         if (layer.keepOut && WriteKeepOut(layer.scene, shape)) return;
         if (IsOpening(layer, shape)) return;
-        BoardGraphics(m_out, layer.scene, layer.layer).Write(shape);
+        BoardGraphics(m_out, layer.scene, layer.layer).Write(AsDrawn(shape));
+    }
+    /// A point is a line without a length: a disc on a courtyard would be an area that the part takes.
+    static drawing::Shape AsDrawn(drawing::Shape shape) {
+        const auto* disc = std::get_if<drawing::Circle>(&shape.form);
+        if (disc && shape.source.type && *shape.source.type == typeid(CVEKA_3DOJ_PINPOINT))
+            shape.form = drawing::Line{disc->center, disc->center, 2 * disc->radius};
+        return shape;
     }
     /// True for an area on a mask or in the stencil, which KiCad's footprints have as pads. It is written
     /// with them.

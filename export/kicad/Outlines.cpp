@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <optional>
 
 #include "drawing/SceneBuilder.h"
 
@@ -88,6 +87,11 @@ std::vector<Point> Straightened(std::span<const drawing::Vertex> outline) {
                                  arc.radius);
     }
     return points;
+}
+
+std::optional<drawing::Line> LineOf(const std::vector<Point>& outline, double width) {
+    if (outline.empty() || outline.size() > 2 || !(width > 0)) return std::nullopt;
+    return drawing::Line{outline.front(), outline.back(), width};
 }
 
 std::vector<std::vector<Point>> WithoutHoles(std::vector<std::vector<Point>> outlines) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -12,6 +13,10 @@ inline constexpr double kArcError = 0.001;
 
 /// The corners of an outline whose arcs are replaced by straight ways.
 std::vector<drawing::Point> Straightened(std::span<const drawing::Vertex> outline);
+
+/// The line that an area of one or two corners is where it has a pen, since KiCad's polygons have three
+/// corners or more. None for another area.
+std::optional<drawing::Line> LineOf(const std::vector<drawing::Point>& outline, double width);
 
 /// Outlines without holes that cover what a polygon covers by the even-odd rule: a hole is joined to the
 /// outline around it by a cut without a width, since KiCad's polygons have one outline each. Outlines may

@@ -90,6 +90,8 @@ private:
                 return End(polygon.width, polygon.filled ? "outline" : "none");
             }
             outlines.push_back(Straightened(m_scene.Vertices(contour)));
+            if (const auto line = LineOf(outlines.back(), polygon.width); line && polygon.filled)
+                WritePolyline({line->start, line->end}, line->width, "none");
         }
         if (polygon.filled) outlines = WithoutHoles(std::move(outlines));
         for (std::vector<Point>& outline : outlines) {

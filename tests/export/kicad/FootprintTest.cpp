@@ -1,5 +1,8 @@
 #include "export/kicad/Footprint.h"
 
+#include <sstream>
+
+#include "drawing/FootprintScene.h"
 #include "drawing/SceneBuilder.h"
 #include "export/kicad/Exporting.h"
 
@@ -86,6 +89,26 @@ TEST(KiCadFootprint, APolygonWithAHoleIsOneOutlineAndItsLines) {
     EXPECT_THAT(lines, Contains(HasSubstr("(fp_poly")));
     EXPECT_THAT(lines, Contains("(fp_line (start -2 2) (end 2 2) (layer \"F.SilkS\") (width 0.1))"));
     EXPECT_THAT(lines, Contains(HasSubstr("(fp_arc")));
+}
+
+TEST(KiCadFootprint, AnAreaOfTwoCornersIsALine) {
+    const std::string boundary =
+        "(POLYGON (BOUNDARY (LINE (PT 0 0) (PT 2 0) (LW W)) (LINE (PT 2 0) (PT 0 0) (LW W))))";
+    const auto withPen = [&](const std::string& width) {
+        std::string text = boundary;
+        for (std::size_t at = text.find("W))"); at != text.npos; at = text.find("W))"))
+            text.replace(at, 1, width);
+        return Drawn("F.SilkS", text);
+    };
+    EXPECT_THAT(withPen("0.2"),
+                ElementsAre("(fp_line (start 0 0) (end 2 0) (layer \"F.SilkS\") (width 0.2))"));
+    EXPECT_THAT(withPen("0"), IsEmpty());
+}
+
+TEST(KiCadFootprint, APointIsNoAreaOfACourtyard) {
+    EXPECT_THAT(Drawn("F.CrtYd", "(PINPOINT (TYPE 1) (D 0.05) (PT 1 2))"),
+                ElementsAre("(fp_line (start 1 -2) (end 1 -2) (layer \"F.CrtYd\") (width 0.05))"));
+    EXPECT_THAT(Drawn("F.CrtYd", "(FILLCIRCLE (D 2) (PT 0 0))"), ElementsAre(HasSubstr("(fp_circle")));
 }
 
 TEST(KiCadFootprint, ALayerThatKiCadDoesNotHaveIsSaid) {
@@ -179,6 +202,70 @@ TEST(KiCadFootprint, TheModelHasThePlaceOfThePackage) {
     EXPECT_THAT(text, HasSubstr("(model \"${KIPRJMOD}/x.step\"\n    (offset (xyz 1 2 3))\n    (scale (xyz 1 "
                                 "1 1))\n    (rotate (xyz 0 0 270))"));
     EXPECT_THAT(Footprint("").text, Not(HasSubstr("(model")));
+}
+
+/// The numbers behind a word of a list.
+std::vector<double> NumbersIn(const std::string& text, const std::string& list) {
+    std::vector<double> numbers;
+    const std::size_t begin = text.find('(' + list + ' ');
+    if (begin == text.npos) return numbers;
+    std::istringstream stream(text.substr(begin + list.size() + 2));
+    for (double number = 0; stream >> number;) numbers.push_back(number);
+    return numbers;
+}
+
+TEST(KiCadFootprint, PadsTurnAndMoveAsTheyAreDrawn) {
+    // A shape that is turned and moved inside of a pad that is moved, under a pin that is turned.
+    for (const char* turns : {"30", "90", "200", "-45"}) {
+        const auto parser = Import(
+            "(PADS (PAD (PADNAME P) (OFFSET 0.5 0.25) (FILLRECT (W 3) (H 1) (PT 1 2) (ROTATION 10)))"
+            " (PAD (PADNAME D) (FILLCIRCLE (D 0.8))))"
+            "(PADSTACKS (PADSTACK (PADSTACKNAME SMD) (TOP (CON P))) (PADSTACK (PADSTACKNAME TH) (DRILL "
+            "(SHAPE "
+            "D) (PLATING TRUE)) (TOP (CON P))))"
+            "(FOOTPRINTS (FOOTPRINT (FOOTPRINTNAME F) (FPINS (FPIN 1 A (LIBPADSTACK SMD) (PT 5 7) "
+            "(ROTATION " +
+            std::string(turns) + ")) (FPIN 2 B (LIBPADSTACK TH) (PT -5 7) (ROTATION " + turns + ")))))");
+        const drawing::Part part(*parser->GetCVEKA_Manager());
+        const CVEKA_FootprintDB& footprint = *part.DefaultFootprint();
+        const std::vector<std::string> pads = LinesWith(kicad::ExportFootprint(part, footprint).text, "(pad");
+        ASSERT_EQ(pads.size(), 2u);
+        const drawing::Scene scene = drawing::FootprintScene(part, footprint);
+        for (std::size_t i = 0; i < pads.size(); ++i) {
+            const std::vector<double> at = NumbersIn(pads[i], "at"), size = NumbersIn(pads[i], "size");
+            std::vector<double> offset = NumbersIn(pads[i], "offset");
+            ASSERT_GE(at.size(), 2u);
+            ASSERT_EQ(size.size(), 2u);
+            offset.resize(2);
+            // KiCad's Y points down, and its angles are counter-clockwise.
+            const drawing::Place place({at[0], -at[1]}, at.size() > 2 ? at[2] : 0);
+            for (const double x : {-0.5, 0.5})
+                for (const double y : {-0.5, 0.5}) {
+                    const drawing::Point corner = place({offset[0] + x * size[0], -offset[1] + y * size[1]});
+                    // Just inside of the corner is metal, just outside is none.
+                    const drawing::Point middle = place({offset[0], -offset[1]});
+                    double inside = 1e9, outside = 1e9;
+                    for (const drawing::Shape& shape : scene.Shapes()) {
+                        if (shape.role != drawing::Role::Copper) continue;
+                        inside = std::min(inside, scene.Distance(shape, corner + (middle - corner) * 0.01));
+                        outside = std::min(outside, scene.Distance(shape, corner - (middle - corner) * 0.01));
+                    }
+                    EXPECT_EQ(inside, 0) << pads[i];
+                    EXPECT_GT(outside, 0) << pads[i];
+                }
+        }
+    }
+}
+
+TEST(KiCadFootprint, AModelTurnsThatWayRoundThatPinsDo) {
+    const std::string text = Footprint(
+                                 "(ROTATIONOFFSET 30) (FPINS (FPIN 1 A (LIBPADSTACK SMD) (PT 0 0) (ROTATION "
+                                 "30)))",
+                                 "", "x.step")
+                                 .text;
+    // KiCad turns pads counter-clockwise and models clockwise.
+    EXPECT_THAT(LinesWith(text, "(pad"), ElementsAre(HasSubstr("(at 0 0 30)")));
+    EXPECT_THAT(LinesWith(text, "(rotate"), ElementsAre("(rotate (xyz 0 0 330))"));
 }
 
 TEST(KiCadFootprint, ANameThatKiCadDoesNotTakeIsKeptAsAProperty) {

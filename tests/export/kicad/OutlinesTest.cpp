@@ -59,6 +59,17 @@ TEST(KiCadOutlines, OutlinesWithoutAnAreaAreLeftOut) {
     EXPECT_TRUE(WithoutHoles({{{0, 0}, {1, 1}}, {}}).empty());
 }
 
+TEST(KiCadOutlines, AnAreaOfTwoCornersIsTheLineOfItsPen) {
+    const auto line = LineOf({{0, 0}, {1, 2}}, 0.5);
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->end, (Point{1, 2}));
+    EXPECT_EQ(line->width, 0.5);
+    EXPECT_TRUE(LineOf({{3, 4}}, 0.5));
+    EXPECT_FALSE(LineOf({{0, 0}, {1, 2}}, 0));
+    EXPECT_FALSE(LineOf({}, 1));
+    EXPECT_FALSE(LineOf(Square(1), 1));
+}
+
 TEST(KiCadOutlines, VeryManyHolesAreRefused) {
     std::vector<std::vector<Point>> outlines(12'000, Square(1));
     EXPECT_THROW(WithoutHoles(outlines), drawing::TooLarge);

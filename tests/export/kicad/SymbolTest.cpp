@@ -97,6 +97,16 @@ TEST(KiCadSymbol, TheBodyIsDrawn) {
     EXPECT_THAT(text, HasSubstr("(xy 0 0)\n          (xy 1 1)\n"));
 }
 
+TEST(KiCadSymbol, AnAreaOfTwoCornersIsALine) {
+    const std::string text =
+        SymbolOf("(VEK " + kGeneral + kElectrical + Symbols(Symbol("S", Gate("A"))) +
+                 ") (PARTITIONS (PARTITION (PARTITION BODY) (BODYSHAPE (POLYGON (BOUNDARY (LINE (PT 0.5 2) "
+                 "(PT 0.5 -2) (LW 0.5)) (LINE (PT 0.5 -2) (PT 0.5 2) (LW 0.5)))))))")
+            .text;
+    EXPECT_THAT(LinesWith(text, "(xy"), ElementsAre("(xy 0.5 2)", "(xy 0.5 -2)"));
+    EXPECT_THAT(text, HasSubstr("(stroke (width 0.5)"));
+}
+
 TEST(KiCadSymbol, EachGateIsAUnit) {
     const std::string other =
         "(PARTITIONPINS (PARTITIONPIN 3 X TRUE (NAMETEXT 1 2) (PT 0 0 0) (ROTATION 90)))";
