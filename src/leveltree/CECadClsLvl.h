@@ -70,30 +70,24 @@ public:
 
     /// Makes a level in pages. Its strings are its name and its values, in this order. The bytes of the
     /// strings are copied to the pages, and so are the pointers to the children. A text that is borrowed must
-    /// be in the pages. `kReadable` strings after the last one must be readable. The level is not yet a user
-    /// of its pages.
+    /// be in the pages. `kReadable` strings after the last one must be readable, and `kReadable` pointers
+    /// after the last child. The level is not yet a user of its pages.
     static CECadClsLvl* Make(veka::Pages& pages, int depth, std::span<CString> strings,
                              std::span<CECadClsLvl* const> children) {
         VEKA_ASSERT(!strings.empty());
+        // Four pointers and four strings at once, even if there are fewer: most levels have no more, and to
+        // count them would cost more.
         CECadClsLvl** levels = nullptr;
         if (!children.empty()) {
             levels = pages.Allocate<CECadClsLvl*>(children.size());
-            std::memcpy(levels, children.data(), children.size_bytes());
+            CopyFours(levels, children.data(), children.size());
         }
         constexpr std::size_t namePlace = sizeof(CECadClsLvl) - sizeof(CString);
         auto* memory = pages.Allocate<std::byte>(namePlace + strings.size_bytes());
         auto* copies = reinterpret_cast<CString*>(memory + namePlace);
         auto* level = new (memory)
             CECadClsLvl(pages, depth, {copies + 1, strings.size() - 1}, {levels, children.size()});
-        // Four strings at once, even if there are fewer: most levels have at most four, and to count them
-        // would cost more.
-        constexpr std::size_t atOnce = kReadable + 1;
-        std::size_t i = 0;
-        do {
-            std::memcpy(static_cast<void*>(copies + i), static_cast<const void*>(strings.data() + i),
-                        atOnce * sizeof(CString));
-            i += atOnce;
-        } while (i < strings.size());
+        CopyFours(copies, strings.data(), strings.size());
         return level;
     }
     static constexpr std::size_t kReadable = 3;
@@ -120,4 +114,13 @@ private:
         return m_strName.OwnsMemory() || m_aValues.OwnsMemory() || m_pChildren->OwnsMemory();
     }
     std::size_t EndInPages() noexcept;
+    /// Copies the bytes of elements, at least one, and of up to `kReadable` more.
+    template <class T>
+    static void CopyFours(T* target, const T* source, std::size_t count) noexcept {
+        constexpr std::size_t atOnce = kReadable + 1;
+        std::memcpy(static_cast<void*>(target), static_cast<const void*>(source), atOnce * sizeof(T));
+        for (std::size_t i = atOnce; i < count; i += atOnce)
+            std::memcpy(static_cast<void*>(target + i), static_cast<const void*>(source + i),
+                        atOnce * sizeof(T));
+    }
 };

@@ -111,13 +111,15 @@ const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialByte
     SpecialBytes specials = specialBytes;
     CString* top = m_strings.Top();
     OpenLevel* current = m_current;
-    const auto commit = [&](const char* end) {
-        const auto size = static_cast<std::size_t>(end - text);
+    // Adds a token. The caller needs none of its variables after that: what is needed after the calls in here
+    // takes registers that the loop needs.
+    const auto commit = [&](const char* begin, const char* end) {
+        const auto size = static_cast<std::size_t>(end - begin);
         if (size == 0 || current == m_open.data()) return;
         if (size <= CString::kMaximumInside)
-            new (top) CString(CString::Inside(text, size));
+            new (top) CString(CString::Inside(begin, size));
         else
-            new (top) CString(Keep({text, size}));
+            new (top) CString(Keep({begin, size}));
         top = m_strings.Pushed(top);
     };
     const auto close = [&] {
@@ -131,20 +133,19 @@ const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialByte
             top = m_strings.Pushed(top);
         }
         CString* const strings = m_strings.At(current->strings);
+        const std::size_t children = current->children;
         CECadClsLvl* level = CECadClsLvl::Make(m_pages, static_cast<int>(m_depth) + 1, {strings, top},
-                                               m_children.Last(current->children));
+                                               m_children.Last(children));
         ++m_made;
         top = strings;
         if constexpr (kWatched) ++m_levelCount;
-        m_children.Pop(current->children);
-        const int line = current->line;
         --current;
-        if (current == m_open.data()) {
+        if (current == m_open.data()) [[unlikely]] {
+            m_children.Pop(children);
             m_pages.AddUsers(std::exchange(m_made, 0));
-            m_take(level, line);
+            m_take(level, current[1].line);
         } else {
-            *m_children.Top() = level;
-            m_children.Push();
+            m_children.Replace(children, level);
             ++current->children;
         }
     };
@@ -156,13 +157,17 @@ const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialByte
             if (static_cast<std::size_t>(end - m_block) >= m_nextTick) [[unlikely]]
                 Tick(end);
         const char c = *end;
+        const char* const begin = text;
         if (c == ' ') {
-            commit(end);
+            text = end + 1;
+            commit(begin, end);
         } else if (c == ')') {
-            commit(end);
+            text = end + 1;
+            commit(begin, end);
             close();
         } else if (c == '(') {
-            commit(end);
+            text = end + 1;
+            commit(begin, end);
             if (m_depth >= kMaximumDepth) {
                 ++m_depth;
                 m_stopped = true;
@@ -176,23 +181,22 @@ const char* LevelReader::ReadOutside(const char* text, SpecialBytes& specialByte
             if (feed != m_lineBegin && feed[-1] == '\r') --end;
             // If the next line is a comment, the token goes on over the comment. It is committed here all the
             // same: no caller can see a difference.
-            commit(end);
-            if (!EndLine(end)) {
+            text = feed + 1;
+            const bool goesOn = EndLine(end);
+            commit(begin, end);
+            if (!goesOn) {
                 text = nullptr;
                 break;
             }
-            text = BeginLine(feed + 1);
+            text = BeginLine(text);
             if (text == m_end) break;
             specials.Seek(text);
-            continue;
         } else if (c == '"' && (end == text || end[-1] != '\\')) {
             m_inString = true;  // a token directly before the quote is dropped
             text = end + 1;
             break;
-        } else {
-            continue;  // the byte is part of the token
         }
-        text = end + 1;
+        // Any other byte is part of the token.
     }
     specialBytes = specials;
     m_strings.SetTop(top);

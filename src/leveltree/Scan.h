@@ -39,7 +39,7 @@ public:
             m_block += kBlock;
             m_rest = Look(m_block);
         }
-        const char* found = m_block + std::countr_zero(m_rest);
+        const char* found = m_block + static_cast<unsigned>(std::countr_zero(m_rest));
         m_rest &= m_rest - 1;
         return found;
     }
@@ -73,13 +73,15 @@ private:
 inline const char* SkipWhiteSpace(const char* text) noexcept {
     if (static_cast<unsigned char>(*text) > ' ') return text;
 #ifdef __SSE2__
-    for (;; text += 16) {
+    for (int count = 16; count == 16; text += count) {
         const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
-        const int blanks = _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(' ')));
-        if (blanks == 0xFFFF) continue;
-        text += std::countr_one(static_cast<unsigned>(blanks));
-        break;
+        const __m128i blanks = _mm_cmpeq_epi8(bytes, _mm_set1_epi8(' '));
+        const __m128i tabs = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\t'));
+        const auto white = static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(blanks, tabs)));
+        count = std::countr_zero(~white | 0x10000);
     }
+    if (static_cast<unsigned char>(*text) > ' ') [[likely]]
+        return text;
 #endif
     while (*text == ' ' || (*text >= '\t' && *text <= '\r' && *text != '\n')) ++text;
     return text;

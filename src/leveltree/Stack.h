@@ -47,6 +47,14 @@ public:
         m_top -= count;
     }
 
+    /// Takes the last elements off and puts another one there; `count` of them must be there.
+    void Replace(std::size_t count, T element) {
+        VEKA_ASSERT(count <= Size());
+        T* const top = m_top - count;
+        new (top) T(element);
+        m_top = Pushed(top);
+    }
+
     /// The height of a place, and the place of a height.
     Height HeightOf(T* place) const noexcept { return Height(Bytes(place) - Bytes(m_begin)); }
     T* At(Height height) const noexcept {

@@ -80,11 +80,11 @@ public:
         VEKA_ASSERT(length <= kMaximumInside);
         std::uint64_t bytes[2];
         std::memcpy(bytes, text, sizeof bytes);
-        bytes[0] &= kMasks[length][0];
-        bytes[1] &= kMasks[length][1];
+        const Form& form = kForms[length];
+        bytes[0] = (bytes[0] & form.kept[0]) | form.added[0];
+        bytes[1] = (bytes[1] & form.kept[1]) | form.added[1];
         CString string;
         std::memcpy(string.m_bytes, bytes, sizeof bytes);
-        string.m_bytes[15] = static_cast<char>(length);
         return string;
     }
     /// Length of the longest text that needs no memory of its own.
@@ -240,13 +240,20 @@ private:
     // The last byte: the length of a text inside, or one of these.
     static constexpr unsigned char kOwned = 0x80;     // in a block of memory, after the capacity of the block
     static constexpr unsigned char kBorrowed = 0x81;  // in memory that is not the string's
-    // Masks that keep the first bytes of two words. The first byte is the lowest, on all systems that the
-    // library is built for.
-    static constexpr auto kMasks = [] {
-        std::array<std::array<std::uint64_t, 2>, kMaximumInside + 1> masks{};
-        for (size_t length = 0; length <= kMaximumInside; ++length)
-            for (size_t i = 0; i < length; ++i) masks[length][i / 8] |= std::uint64_t{0xFF} << i % 8 * 8;
-        return masks;
+    /// Makes a string of a text inside and of the bytes after it: `kept` are the bytes of the text, `added`
+    /// is a string with the length and no text. The first byte of a word is the lowest, on all systems that
+    /// the library is built for.
+    struct alignas(32) Form {
+        std::uint64_t kept[2];
+        std::uint64_t added[2];
+    };
+    static constexpr auto kForms = [] {
+        std::array<Form, kMaximumInside + 1> forms{};
+        for (size_t length = 0; length <= kMaximumInside; ++length) {
+            for (size_t i = 0; i < length; ++i) forms[length].kept[i / 8] |= std::uint64_t{0xFF} << i % 8 * 8;
+            forms[length].added[1] = std::uint64_t{length} << 56;
+        }
+        return forms;
     }();
     static_assert(std::endian::native == std::endian::little);
 

@@ -58,6 +58,19 @@ struct ReadLevels : testing::Test {
     CECadClsLvlArray& children = *a->m_pChildren;
 };
 
+TEST(CECadClsLvl, HasAsManyValuesAndChildrenAsTheFile) {
+    for (int count = 0; count < 300; count = count < 20 ? count + 1 : count * 2) {
+        std::string text = "(N";
+        for (int i = 0; i < count; ++i) text += " v" + std::to_string(i);
+        for (int i = 0; i < count; ++i) text += " (C" + std::to_string(i) + ")";
+        text += ')';
+        // With levels before and after it: none is written over.
+        const std::string all = "(T " + text + ' ' + text + " (E v) " + text + ')';
+        const auto tree = test::ReadTree(all);
+        EXPECT_EQ(Text(*tree->m_pRootLevels), all) << count;
+    }
+}
+
 TEST_F(ReadLevels, TakeMoreValues) {
     for (CECadClsLvl* level : {a, children[0], children[1]}) {
         const INT_PTR size = level->m_aValues.GetSize();

@@ -41,7 +41,9 @@ TEST(SpecialBytes, AreAllThatComeUpToTheRightParenthesis) {
 TEST(SkipWhiteSpace, SkipsWhatALineBeginsWithButNoLineFeed) {
     const std::string behind(16, ' ');
     for (const std::string_view white :
-         {"", " ", "\t", " \r\v\f ", "                                 ", "               \t  "})
+         {"", " ", "\t", " \r\v\f ", "                                 ", "               \t  ",
+          "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t", "\t \t \t \t \t \t \t \t \t \t ", "                \r",
+          "               \v\t"})
         for (const char end : {'\n', 'x', '(', '\0', '\x08', '\x0E', '\xA0'}) {
             const std::string text = std::string(white) + end + behind;
             EXPECT_EQ(veka::SkipWhiteSpace(text.data()) - text.data(),

@@ -21,6 +21,15 @@ TEST(Stack, HoldsWhatWasPushedUntilItIsPopped) {
     EXPECT_THAT(stack.Last(3), ElementsAre(0, 1, 7));
 }
 
+TEST(Stack, PutsOneElementInThePlaceOfItsLastOnes) {
+    veka::Stack<int> stack;
+    for (int i = 0; i < 200; ++i) stack.Replace(0, i);
+    stack.Replace(1, 7);
+    EXPECT_THAT(stack.Last(2), ElementsAre(198, 7));
+    stack.Replace(199, 8);
+    EXPECT_THAT(stack.Last(2), ElementsAre(0, 8));
+}
+
 TEST(Stack, HeightsStayWhileItGrows) {
     veka::Stack<int> stack;
     for (int i = 0; i < 10; ++i) Push(stack, i);
