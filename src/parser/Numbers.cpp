@@ -148,6 +148,12 @@ struct ShortText {
 };
 constexpr int kShortText = 8;
 
+/// The number of a text that is one digit, as many numbers in part files are; 10 or more for any other text. The bytes after
+/// a short text are zeros, and count. A digit before a zero byte is the same number.
+std::uint64_t OneDigit(const CString& text) noexcept {
+    return text.FirstBytes() - '0';
+}
+
 }  // namespace
 
 int ToInt(std::string_view text) noexcept {
@@ -176,6 +182,7 @@ double ToDouble(std::string_view text) noexcept {
 }
 
 int ToInt(const CString& text) noexcept {
+    if (const std::uint64_t digit = OneDigit(text); digit < 10) return static_cast<int>(digit);
     if (text.GetLength() <= kShortText) {
         ShortText rest(text);
         const bool minus = rest.ReadMinus();
@@ -186,6 +193,7 @@ int ToInt(const CString& text) noexcept {
 }
 
 double ToDouble(const CString& text) noexcept {
+    if (const std::uint64_t digit = OneDigit(text); digit < 10) return static_cast<double>(static_cast<int>(digit));
     if (text.GetLength() <= kShortText) {
         ShortText rest(text);
         const bool minus = rest.ReadMinus();

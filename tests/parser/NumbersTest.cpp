@@ -165,6 +165,14 @@ TEST(Numbers, AreTheSameForAStringAndForItsBytes) {
         EXPECT_EQ(ToDouble(string), ToDouble(string.View())) << text;
         EXPECT_EQ(std::signbit(ToDouble(string)), std::signbit(ToDouble(string.View()))) << text;
     }
+    for (const std::string_view text :
+         {std::string_view("7\0", 2), std::string_view("7\0008", 3), std::string_view("\0007", 2),
+          std::string_view("7\0\0\0\0\0\0\0008", 9), std::string_view("7.\0", 3),
+          std::string_view("7\0\0\0\0\0\0\0a long text that is outside", 34)}) {
+        const CString string(text);
+        EXPECT_EQ(ToInt(string), ToInt(text)) << text;
+        EXPECT_EQ(ToDouble(string), ToDouble(text)) << text;
+    }
     std::mt19937 random(1);
     const std::string_view bytes = "0123456789012345678901234567890123456789.....----+eEx /:\x80\xFF";
     for (int round = 0; round < 500'000; ++round) {
