@@ -50,18 +50,24 @@ constexpr size_t LongestName() {
     return longest;
 }
 
-/// The first slot to look for a name in.
-constexpr size_t Slot(std::string_view name) {
-    std::uint32_t hash = 2166136261u;
-    for (const char c : name) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619u;
-    return (hash ^ (hash >> 15)) % kSlots;
+/// The first slot to look for a name in, by the first eight bytes of the name and its length.
+constexpr size_t Slot(std::uint64_t firstBytes, size_t length) {
+    return ((firstBytes + length) * UINT64_C(0x9E3779B97F4A7C15)) >> 56;
+}
+static_assert(kSlots == 256);
+
+/// `CString::FirstBytes` of a name.
+constexpr std::uint64_t FirstBytes(std::string_view name) {
+    std::uint64_t bytes = 0;
+    for (size_t i = 0; i < name.size() && i < 8; ++i) bytes |= std::uint64_t{static_cast<unsigned char>(name[i])} << 8 * i;
+    return bytes;
 }
 
 /// The kinds by their names. A name whose slot is taken is in the next slot that is free.
 constexpr std::array<KindEntry, kSlots> MakeTable() {
     std::array<KindEntry, kSlots> table{};
     for (const KindEntry& kind : kKinds) {
-        size_t slot = Slot(kind.name);
+        size_t slot = Slot(FirstBytes(kind.name), kind.name.size());
         while (table[slot].method) slot = (slot + 1) % kSlots;
         table[slot] = kind;
     }
@@ -70,9 +76,10 @@ constexpr std::array<KindEntry, kSlots> MakeTable() {
 constexpr std::array<KindEntry, kSlots> kTable = MakeTable();
 
 /// The method of a level name, or null. The cost depends neither on the number of kinds nor on the length of the name.
-KindMethod FindKind(std::string_view name) {
+KindMethod FindKind(const CString& text) {
+    const std::string_view name = text.View();
     if (name.size() > LongestName()) return nullptr;
-    for (size_t slot = Slot(name); kTable[slot].method; slot = (slot + 1) % kSlots)
+    for (size_t slot = Slot(text.FirstBytes(), name.size()); kTable[slot].method; slot = (slot + 1) % kSlots)
         if (kTable[slot].name == name) return kTable[slot].method;
     return nullptr;
 }
@@ -258,7 +265,7 @@ namespace {
 CVEKA_3DObject* TraceObject(CVEK_AsciiParser& parser) {
     auto* tracer = dynamic_cast<ReadTracer*>(&parser);
     if (!tracer || !tracer->Asked().level) return nullptr;
-    const KindMethod method = FindKind(tracer->Asked().level->m_strName.View());
+    const KindMethod method = FindKind(tracer->Asked().level->m_strName);
     if (!method) tracer->UnknownObject(tracer->Asked().level);
     return method ? method(parser, nullptr) : nullptr;
 }
@@ -267,7 +274,7 @@ CVEKA_3DObject* TraceObject(CVEK_AsciiParser& parser) {
 
 CVEKA_3DObject* CVEK_AsciiParser::ObjectParser(CECadClsLvl* level) {
     if (!level) [[unlikely]] return TraceObject(*this);
-    const KindMethod method = FindKind(level->m_strName.View());
+    const KindMethod method = FindKind(level->m_strName);
     return method ? method(*this, level) : nullptr;
 }
 
