@@ -1,13 +1,49 @@
-"""Combines the sources of each target of a build into one file, for tools that read all headers again for each file.
+"""Combines the sources of each target of a build into few files, for tools that read all headers again for each file.
 
-combine-sources.py BUILD OUTPUT FOLDER...: writes into OUTPUT one file for each target of BUILD that has sources in the folders
-of the project, beside it TARGET.sources with the paths of these sources, and a compile_commands.json for all of them. Prints the
-paths of the combined files."""
+combine-sources.py BUILD OUTPUT FOLDER...: writes into OUTPUT the files TARGET.1.cpp, TARGET.2.cpp ... for each target of BUILD
+that has sources in the folders of the project, beside each the file TARGET.1.sources with the paths of these sources, and a
+compile_commands.json for all of them. Sources that use the same name for things of their own are kept apart. Prints the paths
+of the combined files."""
 
 import json
 import pathlib
 import re
 import sys
+
+
+def own_names(text):
+    """The names that a source declares for itself alone, in its namespace without a name."""
+    names = set()
+    for block in re.findall(r"^namespace \{$(.*?)^\}  // namespace$", text, re.MULTILINE | re.DOTALL):
+        for line in re.findall(r"^[A-Za-z\[].*", block, re.MULTILINE):
+            found = re.search(r"^(?:struct|class|enum class|enum|using) (\w+)|(\w+)(?:\(|\{| = |\[|;)", line)
+            if found:
+                names.add(found.group(1) or found.group(2))
+    return names
+
+
+def groups_of(paths):
+    """Sources that can be together in one file: none declares a name that another declares, or a function or type that another
+    names, which can be one of a header. What `using enum` declares is not known here, so such a source is alone."""
+    groups, alone = [], []
+    for path in paths:
+        text = pathlib.Path(path).read_text()
+        if "using enum" in text:
+            alone.append([path])
+            continue
+        own, words = own_names(text), set(re.findall(r"\w+", text))
+        strict = {name for name in own if name[0].isupper()}
+        for group in groups:
+            if own.isdisjoint(group["own"]) and strict.isdisjoint(group["words"]) and words.isdisjoint(group["strict"]):
+                break
+        else:
+            group = {"paths": [], "own": set(), "strict": set(), "words": set()}
+            groups.append(group)
+        group["paths"].append(path)
+        group["own"] |= own
+        group["strict"] |= strict
+        group["words"] |= words
+    return [group["paths"] for group in groups] + alone
 
 
 def main():
@@ -25,15 +61,16 @@ def main():
     output.mkdir(parents=True, exist_ok=True)
     commands = []
     for target, entries in sorted(targets.items()):
-        combined = output.resolve() / f"{target}.cpp"
-        # Copied and not included: some checks look only at the main file.
-        combined.write_text("".join(pathlib.Path(path).read_text() for path in sorted(entries)))
-        (output / f"{target}.sources").write_text("".join(path + "\n" for path in sorted(entries)))
-        path, first = next(iter(entries.items()))
-        commands.append({"directory": first["directory"], "file": str(combined),
-                         "command": first["command"].replace(path, str(combined))})
+        for number, paths in enumerate(groups_of(sorted(entries)), start=1):
+            combined = output.resolve() / f"{target}.{number}.cpp"
+            # Copied and not included: some checks look only at the main file.
+            combined.write_text("".join(pathlib.Path(path).read_text() for path in paths))
+            combined.with_suffix(".sources").write_text("".join(path + "\n" for path in paths))
+            first = entries[paths[0]]
+            commands.append({"directory": first["directory"], "file": str(combined),
+                             "command": first["command"].replace(paths[0], str(combined))})
+            print(combined)
         commands.extend(entries.values())
-        print(combined)
     (output / "compile_commands.json").write_text(json.dumps(commands))
 
 
