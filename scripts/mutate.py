@@ -1,7 +1,7 @@
 """Compiles changed copies of source files and headers into the tests: mutate.py NUMBER (0 for all) [FILE...]
 
-A change flips a comparison, a logical operator, a constant or a step, drops a statement, or makes a row of the parser
-wrong: another form, keyword or field, another order, no row. A change counts as noticed where a test fails or does not end.
+A change flips a comparison, a logical operator, a constant or a step, drops a statement, swaps two arguments, or makes a row of
+the parser wrong: another form, keyword or field, another order, no row. A change counts as noticed where a test fails or does not end.
 A change that does not compile does not count.
 """
 
@@ -32,6 +32,7 @@ FILES = {
     "src/parser/library.cpp": {"test_parser": "*"},
     "src/parser/objects.cpp": {"test_parser": "*"},
     "src/parser/values.cpp": {"test_parser": "*"},
+    "solids/bridge/AddNewShape.cpp": {"test_solids": "AddNewShape*"},
 }
 # Each header with the sources of tests that are compiled with its changed copy.
 HEADERS = {
@@ -54,8 +55,8 @@ FORMS = [
     (r"\bFromOne\(", "("), (r"\bFlag\(", "("), (r"\bLastLevel\(", "FirstLevel("), (r"\bFirstLevel\(", "LastLevel("),
     (r'"([A-Z][A-Z0-9_]+)"', r'"\1X"'),
 ]
-FIELDS = re.compile(r"\bByPosition\((\w[\w.>-]*), (\w[\w.>-]*)([,)])")
 ROW = re.compile(r'^\s*(Row|Own|Any|Every|Known|FirstChild)\((?:"\w+", )?(\w+)\(([\w.>*-]+)\)\),(\s*//.*)?$')
+ARGUMENTS = re.compile(r"\b([a-z]\w*(?:\.\w+|->\w+)*), ([a-z]\w*(?:\.\w+|->\w+)*)(?=[,)])")
 STATEMENT = re.compile(r"^\s*(?!return|using|namespace|constexpr|static|const |auto|struct|class|break|continue|case|default)"
                        r"[\w:.>*\[\]()-]+(\(| [-+|&]?= |\+\+).*;\s*(//.*)?$")
 
@@ -84,6 +85,7 @@ def changes(lines):
             for match in re.finditer(pattern, code):
                 if code[:match.start()].count('"') % 2 == 0:
                     yield number, code[:match.start()] + other + code[match.end():]
+        yield from swapped_arguments(number, code)
         yield from row_changes(lines, number)
         head = split_guarded(code)
         if head:
@@ -94,17 +96,23 @@ def changes(lines):
                 yield number, ""
 
 
+def swapped_arguments(number, code):
+    """Calls with two arguments in the other order."""
+    if re.search(r"std::(min|max|swap)|^\s*(for|while) \(", code):
+        return
+    for match in ARGUMENTS.finditer(code):
+        if match[1] != match[2] and code[:match.start()].count("(") > code[:match.start()].count(")"):
+            yield number, code[:match.start()] + f"{match[2]}, {match[1]}" + code[match.end():]
+
+
 def row_changes(lines, number):
-    """Wrong rows: another form or keyword, fields in another order, the field of the next row, no row."""
+    """Wrong rows: another form or keyword, the field of the next row, no row."""
     line = lines[number]
     if "Row(" not in line and "Own(" not in line and "Any(" not in line and "FirstChild(" not in line:
         return
     for pattern, other in FORMS:
         for match in re.finditer(pattern, line):
             yield number, line[:match.start()] + match.expand(other) + line[match.end():]
-    match = FIELDS.search(line)
-    if match:
-        yield number, line[:match.start()] + f"ByPosition({match[2]}, {match[1]}{match[3]}" + line[match.end():]
     row = ROW.match(line)
     if row:
         yield number, ""
