@@ -4,8 +4,11 @@
 
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
+#include "host/Host.h"
 #include "support/Parsing.h"
+#include "support/TerminalText.h"
 
 namespace {
 
@@ -62,6 +65,28 @@ TEST(WriteSolids, WithoutASolidSaysSoForEachFile) {
     EXPECT_FALSE(files[0].written);
     EXPECT_EQ(files[0].failures, std::vector<std::string>{"there is no solid to write"});
     EXPECT_TRUE(directory.Names().empty());
+}
+
+TEST(WriteSolids, WhatIsSaidOfNamesInTheFileControlsNoTerminal) {
+    const test::TemporaryDirectory directory;
+    const std::string evil = '"' + test::EveryByte("\"") + '"';
+    const std::string part(
+        directory
+            .Write("part.veka", "(VEK (PARTGENERAL (UNIT " + evil + ")) (PACKAGES (PACKAGE (NAME " + evil +
+                                    ") (MECHANICALPINS (MECHANICALPIN " + evil + " (PT 1 1) (PINSHAPEID " +
+                                    evil + "))) (BODYGEOMETRY (BODYSHAPE (CUBOID (NAME " + evil +
+                                    ") (WIDTH 0)) (STEP (NAME " + evil + ") (PATH " + evil + ")))))))")
+            .View());
+    for (const char* option : {"--step", "--gltf"}) {
+        std::istringstream in;
+        std::ostringstream out, err;
+        EXPECT_NE(host::RunHost({part, option, std::string((directory / "x").View())}, {in, out, err, true},
+                                nullptr),
+                  0);
+        EXPECT_EQ(test::TerminalFault(out.str()), "");
+        EXPECT_EQ(test::TerminalFault(err.str()), "");
+        EXPECT_NE(err.str().find("there is no STEP file"), std::string::npos) << err.str();
+    }
 }
 
 }  // namespace
