@@ -1,7 +1,6 @@
 #include "host/KiCadLibrary.h"
 
 #include <algorithm>
-#include <fstream>
 
 #include "drawing/Part.h"
 #include "files/Paths.h"
@@ -29,15 +28,6 @@ void MakeDirectory(const std::string& path) {
     std::error_code error;
     fs::create_directories(ToPath(path), error);
     if (error) throw OutputError("cannot make the directory \"" + path + "\": " + error.message());
-}
-
-void WriteFile(const std::string& path, const std::string& text) {
-    OutputFile file(path);
-    std::ofstream out(ToPath(file.TemporaryPath()), std::ios::binary);
-    out << text;
-    out.close();
-    if (!out) throw OutputError("cannot write \"" + path + '"');
-    file.Commit();
 }
 
 /// The content of a file; empty where there is none.
@@ -150,7 +140,7 @@ void KiCadLibrary::WriteFootprint(const kicad::Exported& footprint, Remarks& rem
                           (m_written.count(footprint.name) > 0
                                ? "another part has a different one of this name"
                                : "the one that was there was different"));
-    if (former != footprint.text) WriteFile(path, footprint.text);
+    if (former != footprint.text) WriteOutput(path, footprint.text);
     m_written.insert(footprint.name);
 }
 
@@ -160,7 +150,7 @@ void KiCadLibrary::Finish() {
     try {
         const std::string former = ReadFile(SymbolFile());
         const std::string text = kicad::WithSymbols(former, m_symbols);
-        if (text != former) WriteFile(SymbolFile(), text);
+        if (text != former) WriteOutput(SymbolFile(), text);
     } catch (const kicad::NoSymbolLibrary& error) {
         throw OutputError("\"" + SymbolFile() + "\" was left as it is: " + error.what());
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <limits>
 #include <system_error>
 
@@ -71,6 +72,15 @@ void OutputFile::Commit() try {
     throw OutputError(error.what());
 } catch (const SourceError& error) {
     throw OutputError(error.what());
+}
+
+void WriteOutput(const std::string& path, std::string_view bytes) {
+    OutputFile file(path);
+    std::ofstream out(ToPath(file.TemporaryPath()), std::ios::binary);
+    out << bytes;
+    out.close();
+    if (!out) throw OutputError("cannot write \"" + path + '"');
+    file.Commit();
 }
 
 void RequireOutsideOf(const std::string& output, const std::string& input, const std::string& library,

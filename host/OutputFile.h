@@ -3,6 +3,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "host/SafeFiles.h"
 
@@ -39,6 +40,9 @@ private:
     std::optional<Directory> m_place, m_scratch, m_own;  // m_own is in m_scratch
     std::string m_name, m_temporaryPath;
 };
+
+/// Writes a file, which takes its place once it is whole. Raises `OutputError`.
+void WriteOutput(const std::string& path, std::string_view bytes);
 
 /// Raises `RefusedOutput` where an output is the input file, or lies in the place of a part of the library.
 /// An empty library is none.

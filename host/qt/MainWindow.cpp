@@ -27,6 +27,7 @@
 #include "host/Failure.h"
 #include "host/PartFiles.h"
 #include "host/qt/Elided.h"
+#include "host/qt/ExportMenu.h"
 #include "host/qt/FindBar.h"
 #include "host/qt/FindingsView.h"
 #include "host/qt/LibraryView.h"
@@ -383,6 +384,8 @@ void MainWindow::MakeActions() {
     });
     add(file, "Restore Re&placed Part", QKeySequence(), "undo", [this] { Undo(); });
     file->addSeparator();
+    file->addMenu(MakeExportMenu());
+    file->addSeparator();
     add(file, "&Quit", QKeySequence::Quit, "quit", [this] { close(); });
 
     QMenu* view = menuBar()->addMenu("&View");
@@ -398,6 +401,16 @@ void MainWindow::MakeActions() {
     QToolBar* bar = addToolBar("Import");
     bar->setMovable(false);
     bar->addActions({open, import, m_store, m_showAll});
+}
+
+QMenu* MainWindow::MakeExportMenu() {
+    return new ExportMenu(
+        {[this] { return m_part ? &*m_part : nullptr; }, [this] { return LibraryOrAsk(); },
+         [this](const CString& file) { return ReadingBox(file); },
+         [this](const CString& library) { return WaitingBox(library); },
+         [this](const CString& state) { ShowState(state); },
+         [this](const CString& file, const std::function<void()>& deed) { Guarded(file, deed); }},
+        this);
 }
 
 void MainWindow::Suggest(const CString& file, const CString& library) {

@@ -82,6 +82,7 @@ private:
     /// The findings of the part's report as a sentence; empty without any.
     CString FindingsSentence();
     void MakeActions();
+    QMenu* MakeExportMenu();
     void RunDialog(const CString& file, const CString& library);
     CString LibraryOrAsk();
     /// Does something; a failure is shown in a message and in the window. `file` is the one concerned.

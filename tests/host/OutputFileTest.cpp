@@ -52,6 +52,13 @@ TEST_F(Output, ThatIsNotFinishedLeavesWhatWasThere) {
     EXPECT_THAT(directory.Names(), ElementsAre("out"));
 }
 
+TEST_F(Output, BytesAreWrittenAsTheyAre) {
+    const std::string bytes("a\r\n\0\xFF", 5);
+    host::WriteOutput(Path("out"), bytes);
+    EXPECT_EQ(test::ReadFile(directory.Path() / "out"), bytes);
+    EXPECT_THROW(host::WriteOutput(Path("none/out"), bytes), host::OutputError);
+}
+
 TEST_F(Output, KeepsTheNameThatALinkLeadsTo) {
 #ifdef _WIN32
     GTEST_SKIP() << "The tests make no links here.";

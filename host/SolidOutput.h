@@ -1,0 +1,14 @@
+#pragma once
+
+#include "host/Solids.h"
+
+namespace host {
+
+/// Writes the solids of all packages of a part to one file, which takes its place once it is whole. A STEP
+/// file that the part names is looked for beside the part's file. Returns a sentence for each thing that is
+/// not in the file. Raises `OutputError` where there is no file then, and `SolidsError` in a program that was
+/// built without solids.
+std::vector<std::string> WriteSolidOutput(const CVEKA_Manager& part, const std::string& partFile,
+                                          SolidFile::Format format, const std::string& path);
+
+}  // namespace host
