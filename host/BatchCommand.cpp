@@ -7,8 +7,8 @@
 
 #include "files/Paths.h"
 #include "host/BatchImport.h"
+#include "host/IndexWriter.h"
 #include "host/Interrupt.h"
-#include "host/LibraryIndex.h"
 #include "host/Messages.h"
 #include "host/PartFiles.h"
 #include "host/ProgressLine.h"
@@ -47,10 +47,14 @@ public:
             Report(result, totals);
         };
         batch.goOn = [] { return !Interrupt::Happened(); };
-        OpenIndexFor(batch);
+        IndexWriter index(veka::ToPath(CString(m_line.library)));
+        batch.index = [&index](std::vector<StoredPart> stored) { index.Put(std::move(stored)); };
         if (m_line.jsonSummary) m_streams.out << "{\"files\":[";
         const BatchTotals totals = ImportBatch(batch);
+        const std::string indexFailure = index.End();
         m_progress.Clear();
+        if (!indexFailure.empty())
+            m_messages.Say("the index of the library was not written: " + indexFailure);
         if (m_line.jsonSummary)
             WriteJsonTotals(totals);
         else if (m_line.print == Print::Summary)
@@ -62,21 +66,6 @@ public:
     }
 
 private:
-    /// Lets the index of the library take the parts over. An index that fails never fails the import: it is a
-    /// cache, and is made again when it is used the next time.
-    void OpenIndexFor(Batch& batch) {
-        if (!HasIndex()) return;
-        batch.index = [this](const std::vector<StoredPart>& stored) {
-            if (m_indexFailed) return;
-            try {
-                if (!m_index) m_index = OpenIndex(veka::ToPath(CString(m_line.library)), m_line.jobs);
-                m_index->Put(stored);
-            } catch (const std::runtime_error& error) {
-                m_indexFailed = true;
-                m_messages.Say("the index of the library was not written: " + std::string(error.what()));
-            }
-        };
-    }
     static std::string Count(size_t count) { return std::to_string(count); }
 
     void Report(const BatchResult& result, const BatchTotals& totals) {
@@ -165,8 +154,6 @@ private:
     Messages m_messages;
     ProgressLine m_progress;
     std::vector<std::string> m_reasons;  // the first ones
-    std::unique_ptr<LibraryIndex> m_index;
-    bool m_indexFailed = false;
     size_t m_written = 0;
     char m_forAll = ' ';
     int m_code = kImported;

@@ -15,8 +15,8 @@ using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
 // What one sync is for. A larger group would save little, and would be lost by a crash.
-constexpr size_t kMostParts = 512;
-constexpr size_t kMostBytes = 16 << 20;
+constexpr size_t kMostParts = 768;
+constexpr size_t kMostBytes = 32 << 20;
 constexpr auto kLongest = milliseconds(1000);  // that a part waits for its group
 
 constexpr auto kAsk = milliseconds(50);  // between two questions whether to go on
@@ -189,7 +189,7 @@ private:
             }
             if (m_batch.onResult) m_batch.onResult(result, m_totals);
         }
-        if (m_batch.index && !there.empty()) m_batch.index(there);
+        if (m_batch.index && !there.empty()) m_batch.index(std::move(there));
     }
     void End() {
         m_ended = true;

@@ -53,7 +53,7 @@ struct Batch {
     /// Asked now and then; false ends the batch after the files that are in hand.
     std::function<bool()> goOn = nullptr;
     /// Given the parts that a group has stored, or of which the library has the very content.
-    std::function<void(const std::vector<StoredPart>& stored)> index = nullptr;
+    std::function<void(std::vector<StoredPart> stored)> index = nullptr;
 };
 
 /// Imports files side by side and stores their parts in groups that share their syncs. A file that fails does

@@ -80,7 +80,7 @@ public:
     /// that are gone. Costs little where the library was not written since. Raises `StoreError` where the
     /// library cannot be read.
     virtual void Refresh(const IndexProgress& progress = nullptr) = 0;
-    /// Takes parts over that were just stored.
+    /// Takes parts over that were just stored. Raises `IndexError` where the index is in memory.
     virtual void Put(const std::vector<StoredPart>& parts) = 0;
     /// The parts that a query wants.
     virtual std::vector<std::int64_t> Find(const PartQuery& query) = 0;

@@ -134,12 +134,10 @@ public:
     /// Writes a part, which nobody sees yet; returns its stamp.
     PartStamp Write(const NewPart& part) {
         if (!m_new) m_new.emplace(m_library.MakeUnique(kNew));
-        if (m_new->Has(part.name)) throw StoreError("\"" + part.name + "\" is twice in one group");
+        const Directory directory = m_new->Make(part.name, m_library);
         try {
-            const Directory directory = m_new->OpenOrMake(part.name);
-            directory.Write(part.fileName, part.content, Durable::WithSyncAll);
-            directory.ShareLike(m_library);
-            return {m_new->Status(part.name).inode, part.fileName, directory.Status(part.fileName)};
+            const EntryStatus file = directory.Write(part.fileName, part.content, Durable::WithSyncAll);
+            return {directory.Status(".").inode, part.fileName, file};
         } catch (...) {
             m_new->RemoveAll(part.name);
             throw;

@@ -9,11 +9,8 @@ namespace {
 
 // A window this large keeps all threads busy while a group of parts is stored.
 constexpr size_t kMostFiles = 1024;
-constexpr size_t kMostBytes = 24 << 20;
-
-}  // namespace
-
-namespace {
+constexpr size_t kMostBytes = 32 << 20;
+constexpr size_t kSpare = 4096;  // bytes of memory that a file may have too many
 
 /// Checks the part that a function reads.
 template <class Read>
@@ -27,7 +24,9 @@ CheckedFile Check(const std::string& file, Read read) {
         RequirePartNumber(part);
         checked.facts = FactsOf(part);
         checked.content = std::move(part.content);
-        checked.content.bytes.shrink_to_fit();  // reading takes memory in large blocks
+        // Where the size was not known before, reading takes memory in large blocks.
+        if (checked.content.bytes.capacity() > 2 * checked.content.bytes.size() + kSpare)
+            checked.content.bytes.shrink_to_fit();
     } catch (...) {
         checked.failure = CurrentFailure(file);
     }

@@ -83,6 +83,8 @@ public:
     Directory Open(const std::string& name) const;
     /// Opens an entry that is a directory, which is made where there is none.
     Directory OpenOrMake(const std::string& name) const;
+    /// Makes a directory for the users of the directory `around`. An entry of that name is an error.
+    Directory Make(const std::string& name, const Directory& around) const;
     /// Makes a directory that only this user can enter; its name begins with `front`.
     Directory MakeUnique(std::string_view front) const;
     /// Opens the directory to the users of the one around it.
@@ -96,8 +98,10 @@ public:
     std::string Read(const std::string& name) const;
     /// The content of an entry that is a regular file and not larger than `limit`. Raises `SourceError`.
     FileContent ReadFile(const std::string& name, std::uintmax_t limit) const;
-    /// Writes a new file. Raises `DiskFull` where there is no room for the file.
-    void Write(const std::string& name, const FileContent& content, Durable durable = Durable::AtOnce) const;
+    /// Writes a new file, and returns what the file then is. Raises `DiskFull` where there is no room for the
+    /// file.
+    EntryStatus Write(const std::string& name, const FileContent& content,
+                      Durable durable = Durable::AtOnce) const;
     /// Writes a file in the place of a regular file, whose rights the new one gets, or of none. Whoever opens
     /// it sees the old content or the new one. Anything else in the place is an error.
     void Replace(const std::string& name, std::string_view bytes) const;

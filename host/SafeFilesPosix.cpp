@@ -112,10 +112,11 @@ bool WriteAll(int file, std::string_view bytes) {
 /// Reads to the end, or until there are more bytes than `limit`; false where that fails.
 bool ReadAll(int file, std::uintmax_t limit, std::string& bytes) {
     constexpr size_t kBlock = 1 << 18;
+    constexpr size_t kSpare = 16;  // what every string has
     for (;;) {
         const size_t size = bytes.size();
         if (size > limit) return true;
-        bytes.resize(std::max(size + kBlock, bytes.capacity()));
+        bytes.resize(bytes.capacity() > size + kSpare ? bytes.capacity() : size + kBlock);
         const ssize_t count = read(file, bytes.data() + size, bytes.size() - size);
         bytes.resize(size + static_cast<size_t>(std::max<ssize_t>(count, 0)));
         if (count == 0) return true;
@@ -220,6 +221,13 @@ Directory Directory::OpenOrMake(const std::string& name) const {
     return directory;
 }
 
+Directory Directory::Make(const std::string& name, const Directory& around) const {
+    if (mkdirat(At(m_handle), name.c_str(), 0700) != 0) FailToWrite(m_path / name);
+    Directory directory = Open(name);
+    directory.ShareLike(around);
+    return directory;
+}
+
 Directory Directory::MakeUnique(std::string_view front) const {
     std::random_device random;
     for (;;) {
@@ -254,15 +262,23 @@ bool Directory::Has(const std::string& name) const {
     return fstatat(At(m_handle), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-EntryStatus Directory::Status(const std::string& name) const {
-    struct stat status {};
-    if (fstatat(At(m_handle), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return {};
+namespace {
+
+EntryStatus ToEntryStatus(const struct stat& status) {
     constexpr std::int64_t kNanoseconds = 1'000'000'000;
     return {S_ISREG(status.st_mode)   ? EntryStatus::Kind::File
             : S_ISDIR(status.st_mode) ? EntryStatus::Kind::Directory
                                       : EntryStatus::Kind::Other,
             static_cast<std::uint64_t>(status.st_size),
             status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec, status.st_ino};
+}
+
+}  // namespace
+
+EntryStatus Directory::Status(const std::string& name) const {
+    struct stat status {};
+    if (fstatat(At(m_handle), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return {};
+    return ToEntryStatus(status);
 }
 
 std::vector<std::string> Directory::Names() const {
@@ -284,13 +300,16 @@ FileContent Directory::ReadFile(const std::string& name, std::uintmax_t limit) c
     return ReadOpened(file, path, limit);
 }
 
-void Directory::Write(const std::string& name, const FileContent& content, Durable durable) const {
+EntryStatus Directory::Write(const std::string& name, const FileContent& content, Durable durable) const {
     const fs::path path = m_path / name;
     const Descriptor file(openat(At(m_handle), name.c_str(),
                                  O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                                  content.permissions & 0666));
     if (!file || !WriteAll(file.Get(), content.bytes)) FailToWrite(path);
     if (durable == Durable::AtOnce && fsync(file.Get()) != 0) FailToWrite(path);
+    struct stat status {};
+    if (fstat(file.Get(), &status) != 0) FailToWrite(path);
+    return ToEntryStatus(status);
 }
 
 void Directory::Replace(const std::string& name, std::string_view bytes) const {

@@ -211,6 +211,14 @@ Directory Directory::OpenOrMake(const std::string& name) const {
     return Open(name);
 }
 
+Directory Directory::Make(const std::string& name, const Directory& around) const {
+    const fs::path path = Below(m_path, name);
+    if (!CreateDirectoryW(path.c_str(), nullptr)) Fail("cannot write", path);
+    Directory directory = Open(name);
+    directory.ShareLike(around);
+    return directory;
+}
+
 Directory Directory::MakeUnique(std::string_view front) const {
     static LONG count = 0;
     for (;;) {
@@ -266,7 +274,7 @@ FileContent Directory::ReadFile(const std::string& name, std::uintmax_t limit) c
 }
 
 // There is no way to sync many files at once, so that each is synced by itself.
-void Directory::Write(const std::string& name, const FileContent& content, Durable) const {
+EntryStatus Directory::Write(const std::string& name, const FileContent& content, Durable) const {
     const fs::path path = Below(m_path, name);
     const File file(host::Open(path, GENERIC_WRITE, FILE_SHARE_READ, CREATE_NEW));
     if (!file) FailToWrite(path);
@@ -279,6 +287,7 @@ void Directory::Write(const std::string& name, const FileContent& content, Durab
         rest.remove_prefix(written);
     }
     if (!FlushFileBuffers(file.Get())) FailToWrite(path);
+    return Status(name);
 }
 
 void Directory::Replace(const std::string& name, std::string_view bytes) const {

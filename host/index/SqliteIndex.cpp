@@ -23,10 +23,11 @@ namespace {
 constexpr const char* kFolder = ".veka-index";
 constexpr const char* kFile = "parts.sqlite";
 
-constexpr std::int64_t kVersion = 1;
+constexpr std::int64_t kVersion = 2;
 constexpr std::int64_t kApplication = 0x56454B49;  // what marks the file as one of ours
 constexpr std::size_t kAtOnce = 512;               // parts that one transaction takes
 constexpr std::size_t kMostTerms = 64;
+constexpr std::size_t kFew = 8192;
 constexpr auto kAsk = std::chrono::milliseconds(50);
 
 constexpr const char* kTables = R"(
@@ -37,7 +38,7 @@ CREATE TABLE parts(
   pins INTEGER NOT NULL, size INTEGER NOT NULL, hash INTEGER NOT NULL, stored INTEGER NOT NULL,
   directory INTEGER NOT NULL, modified INTEGER NOT NULL, inode INTEGER NOT NULL,
   errors INTEGER, warnings INTEGER, notes INTEGER, problem TEXT);
-CREATE INDEX byNumber ON parts(number);
+CREATE INDEX byNumber ON parts(number) WHERE problem IS NULL;
 CREATE INDEX byManufacturer ON parts(manufacturer);
 CREATE INDEX byPins ON parts(pins);
 CREATE TABLE names(part INTEGER NOT NULL, kind TEXT NOT NULL, name TEXT NOT NULL COLLATE NOCASE);
@@ -122,7 +123,7 @@ std::string Searchable(std::string_view text) {
 
 /// The words of a text between blanks.
 std::vector<std::string> Terms(const std::string& text) {
-    constexpr std::string_view kBlanks = " \t\n\v\f\r";
+    constexpr std::string_view kBlanks(" \t\n\v\f\r\0", 7);
     std::vector<std::string> terms;
     for (std::size_t end = 0; terms.size() < kMostTerms;) {
         const std::size_t begin = text.find_first_not_of(kBlanks, end);
@@ -177,14 +178,18 @@ const char* Operator(Condition::Comparison comparison) {
     return " = ?";
 }
 
-/// A question to the database, piece by piece.
-class Question {
+/// The conditions of a question to the database, piece by piece.
+class Conditions {
 public:
-    explicit Question(const PartQuery& query) {
-        for (const std::string& term : Terms(Searchable(query.text))) AddTerm(term);
+    explicit Conditions(const PartQuery& query) {
         for (const Condition& condition : query.where) AddCondition(condition);
     }
 
+    /// Parts of which ids in JSON are given, too.
+    void AddIds(std::string ids) {
+        m_sql += " AND id IN (SELECT value FROM json_each(?))";
+        AddText(std::move(ids));
+    }
     const std::string& Sql() const { return m_sql; }
     void Bind(Statement& statement) const {
         for (const auto& [isNumber, number, text] : m_values)
@@ -200,25 +205,6 @@ private:
 
     void AddText(std::string text) { m_values.push_back({false, 0, std::move(text)}); }
 
-    void AddTerm(const std::string& term) {
-        m_sql += " AND (id IN (SELECT rowid FROM words WHERE words MATCH ?";
-        AddText(Phrase(term) + " *");
-        if (Characters(term) >= 3) {
-            m_sql += " UNION SELECT rowid FROM pieces WHERE pieces MATCH ?";
-            AddText(Phrase(term));
-        }
-        m_sql += ')';
-        const bool word = std::any_of(term.begin(), term.end(), [](char c) {
-            return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                   (c & 0x80) != 0;
-        });
-        // Marks are no words, and a search for words does not find them.
-        if (!word) {
-            m_sql += R"( OR number LIKE ? ESCAPE '\')";
-            AddText('%' + Pattern(term, false) + '%');
-        }
-        m_sql += ')';
-    }
     void AddCondition(const Condition& condition) {
         const Field* const field = FindField(condition.field);
         if (!field) throw QueryError("there is no field " + condition.field);
@@ -264,12 +250,15 @@ public:
         m_refreshed = true;
     }
     void Put(const std::vector<StoredPart>& parts) override {
-        Guarded([&] {
+        const auto put = [&] {
+            // The next program that uses the index notices the parts by itself.
+            if (m_inMemory) throw IndexError(m_whyInMemory);
             Transaction transaction(*m_database);
             for (const StoredPart& part : parts)
                 if (!HasRow(part)) Insert(part.facts, part.stamp, nullptr);
             transaction.Commit();
-        });
+        };
+        Guarded(put, false);
     }
     std::vector<std::int64_t> Find(const PartQuery& query) override {
         return Guarded([&] { return FindNow(query); });
@@ -339,6 +328,7 @@ private:
         m_remarks.push_back("the index of the library is made in memory: " + reason);
         m_database.emplace("");
         m_inMemory = true;
+        m_whyInMemory = reason;
         m_database->Run(kTables);
     }
     void RemoveFile(const std::string& remark) {
@@ -526,6 +516,60 @@ private:
         return done == count;
     }
 
+    using Ids = std::vector<std::int64_t>;  // sorted
+
+    /// Takes the ids that a search finds, which come sorted.
+    Ids IdsOf(const char* sql, const std::string& value) {
+        Ids ids;
+        Statement& statement = m_database->Cached(sql).Bind(value);
+        while (statement.Step()) ids.push_back(statement.Integer(0));
+        statement.Reset();
+        return ids;
+    }
+    static Ids Both(const Ids& one, const Ids& other) {
+        Ids both;
+        std::set_union(one.begin(), one.end(), other.begin(), other.end(), std::back_inserter(both));
+        return both;
+    }
+    Ids WithTerm(const std::string& raw) {
+        // No text of the index has such a word.
+        if (raw.size() > PartFacts::kLongest) return {};
+        const std::string term = Searchable(raw);
+        Ids ids = IdsOf("SELECT rowid FROM words WHERE words MATCH ?", Phrase(term) + " *");
+        if (Characters(term) >= 3)
+            ids = Both(ids, IdsOf("SELECT rowid FROM pieces WHERE pieces MATCH ?", Phrase(term)));
+        const bool word = std::any_of(term.begin(), term.end(), [](char c) {
+            return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                   (c & 0x80) != 0;
+        });
+        // Marks are no words, and a search for words does not find them.
+        if (!word)
+            ids = Both(ids, IdsOf(R"(SELECT id FROM parts WHERE number LIKE ? ESCAPE '\' ORDER BY id)",
+                                  '%' + Pattern(term, false) + '%'));
+        return ids;
+    }
+    /// The parts that have all terms of a text; nothing for a text without one.
+    std::optional<Ids> WithAllTerms(const std::string& text) {
+        std::optional<Ids> ids;
+        for (const std::string& term : Terms(text)) {
+            const Ids more = WithTerm(term);
+            if (!ids) {
+                ids = more;
+                continue;
+            }
+            Ids common;
+            std::set_intersection(ids->begin(), ids->end(), more.begin(), more.end(),
+                                  std::back_inserter(common));
+            ids = std::move(common);
+        }
+        return ids;
+    }
+    static std::string Json(const Ids& ids) {
+        std::string json = "[";
+        for (const std::int64_t id : ids) json += (json.size() > 1 ? "," : "") + std::to_string(id);
+        return json + ']';
+    }
+
     std::vector<std::int64_t> FindNow(const PartQuery& query) {
         if (!m_refreshed) RefreshNow(nullptr);
         m_refreshed = true;
@@ -533,23 +577,33 @@ private:
             return one.field == "errors" || one.field == "warnings" || one.field == "notes";
         });
         if (byFindings) MakeReports();
-        const Question question(query);
+        const std::optional<Ids> ids = WithAllTerms(query.text);
+        Conditions conditions(query);
+        // The rows of a few ids are looked up and sorted. For many ids it is cheaper to go through all parts.
+        const bool few = ids && ids->size() <= kFew;
+        if (few) conditions.AddIds(Json(*ids));
         const std::string column = ColumnOf(query.sortBy.value_or(SortBy::Number));
         const char* const direction = query.descending ? " DESC" : "";
         Statement statement =
-            m_database->Prepare("SELECT id, number FROM parts WHERE problem IS NULL" + question.Sql() +
+            m_database->Prepare("SELECT id, number FROM parts WHERE problem IS NULL" + conditions.Sql() +
                                 " ORDER BY " + column + direction + ", id" + direction);
-        question.Bind(statement);
+        conditions.Bind(statement);
         // The part of this very number, those that begin with the text, and the others.
         std::vector<std::int64_t> tiers[3];
         const bool byText = !query.sortBy && !query.text.empty();
         const int size = static_cast<int>(std::min<std::size_t>(query.text.size(), PartFacts::kLongest));
         while (statement.Step()) {
+            const std::int64_t id = statement.Integer(0);
+            if (ids && !few && !std::binary_search(ids->begin(), ids->end(), id)) continue;
+            if (!byText) {
+                tiers[0].push_back(id);
+                continue;
+            }
             const std::string_view number = statement.Text(1);
-            const bool begins = byText && number.size() >= static_cast<std::size_t>(size) &&
+            const bool begins = number.size() >= static_cast<std::size_t>(size) &&
                                 sqlite3_strnicmp(number.data(), query.text.data(), size) == 0;
             const int tier = !begins ? 2 : number.size() == static_cast<std::size_t>(size) ? 0 : 1;
-            tiers[tier].push_back(statement.Integer(0));
+            tiers[tier].push_back(id);
         }
         for (const int tier : {1, 2}) tiers[0].insert(tiers[0].end(), tiers[tier].begin(), tiers[tier].end());
         return std::move(tiers[0]);
@@ -684,6 +738,7 @@ private:
     const unsigned m_jobs;
     std::optional<Database> m_database;
     bool m_inMemory = false;
+    std::string m_whyInMemory;
     bool m_refreshed = false;
 };
 

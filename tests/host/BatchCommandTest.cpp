@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <csignal>
+#include <fstream>
 #include <sstream>
 
 #include "host/Host.h"
 #include "host/Interrupt.h"
+#include "host/LibraryIndex.h"
 #include "inspect/Json.h"
 #include "support/Files.h"
 
@@ -200,6 +202,47 @@ TEST_F(BatchCommand, CtrlCEndsItAfterThePartsInHandAndSaysHowManyAreLeft) {
     EXPECT_EQ(text.substr(text.rfind("],")), "],\"stored\":" + std::to_string(1900 - stored) +
                                                  ",\"replaced\":0,\"unchanged\":" + std::to_string(stored) +
                                                  ",\"refused\":0,\"failed\":0,\"left\":0}\n");
+}
+
+TEST_F(BatchCommand, AnOutputThatIsFullIsOneSentenceAndStopsNoStore) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "This system has no full device.";
+    for (int i = 0; i < 300; ++i) Write("p" + std::to_string(i) + ".veka", PartText("P" + std::to_string(i)));
+    for (const std::vector<std::string>& more :
+         {std::vector<std::string>{}, std::vector<std::string>{"--summary", "json"}}) {
+        std::ofstream full("/dev/full");
+        std::istringstream in;
+        err.str("");
+        std::vector<std::string> arguments{folder, "--library", library};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        EXPECT_EQ(host::RunHost(arguments, {in, full, err, false}), 3);
+        EXPECT_EQ(err.str(), "veka-host: standard output cannot be written\n");
+    }
+    EXPECT_EQ(Run({folder}), 0);
+    EXPECT_THAT(out.str(), EndsWith("300 files: 300 unchanged\n"));
+}
+
+TEST_F(BatchCommand, AnIndexThatAnotherProgramHoldsIsOneSentenceAndStopsNoStore) {
+    if (!host::HasIndex()) GTEST_SKIP() << "This program was built without SQLite.";
+    Write("a.veka", PartText("A"));
+    EXPECT_EQ(Run({folder}), 0);
+    std::filesystem::remove_all(Root() / ".veka-index");
+    const auto index = host::OpenIndex(Root());
+    Write("b.veka", PartText("B"));
+    int calls = 0;
+    // The index is locked while this is called.
+    index->Refresh([&](std::size_t, std::size_t) {
+        if (calls++ > 0) return true;
+        EXPECT_EQ(Run({folder}), 0);
+        EXPECT_THAT(out.str(), EndsWith("2 files: 1 stored, 1 unchanged\n"));
+        EXPECT_EQ(err.str(), "veka-host: the index of the library was not written: database is locked\n");
+        EXPECT_EQ(Run({"--list"}), 0);
+        EXPECT_THAT(out.str(), EndsWith("2 parts\n"));
+        EXPECT_EQ(err.str(), "veka-host: the index of the library is made in memory: database is locked\n");
+        return true;
+    });
+    EXPECT_EQ(Run({"--list"}), 0);
+    EXPECT_THAT(out.str(), EndsWith("2 parts\n"));
+    EXPECT_EQ(err.str(), "") << "as soon as the index is free, all is well";
 }
 
 TEST_F(BatchCommand, ALibraryInUseEndsItWithOneSentence) {

@@ -168,7 +168,7 @@ TEST_F(BatchImport, AMissingLibraryEndsIt) {
 
 TEST_F(BatchImport, TellsTheIndexWhatTheLibraryHolds) {
     std::vector<std::string> names;
-    batch.index = [&](const std::vector<host::StoredPart>& stored) {
+    batch.index = [&](std::vector<host::StoredPart> stored) {
         for (const host::StoredPart& part : stored) {
             names.push_back(part.facts.name);
             EXPECT_EQ(

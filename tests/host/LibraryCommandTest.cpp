@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 #include "host/Host.h"
@@ -93,6 +94,22 @@ TEST_F(LibrarySearch, VerifyTellsWhatDoesNotHoldAndFails) {
     EXPECT_EQ(Run({"--verify"}), 3);
     EXPECT_EQ(out.str(), "0 parts can be read, 1 thing does not hold\n");
     EXPECT_EQ(err.str(), "veka-host: \"" + library + "/A\" has no file that is the part's, or several\n");
+}
+
+TEST_F(LibrarySearch, AnOutputThatIsFullIsOneSentence) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "This system has no full device.";
+    Import("(MPN A)");
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"--list"}, std::vector<std::string>{"--list", "json"},
+          std::vector<std::string>{"--find", "A"}, std::vector<std::string>{"--verify"}}) {
+        std::vector<std::string> all = arguments;
+        all.insert(all.end(), {"--library", library});
+        std::ofstream full("/dev/full");
+        std::istringstream in;
+        err.str("");
+        EXPECT_EQ(host::RunHost(all, {in, full, err, false}), 3) << arguments[0];
+        EXPECT_EQ(err.str(), "veka-host: standard output cannot be written\n") << arguments[0];
+    }
 }
 
 TEST_F(LibrarySearch, AMissingLibraryIsOneSentence) {

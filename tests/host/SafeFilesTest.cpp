@@ -230,6 +230,20 @@ TEST_F(SafeFiles, WhatIsWrittenIsNoMoreReadableThanItsSource) {
 #endif
 }
 
+TEST_F(SafeFiles, AWrittenFileIsWhatItsStatusSaysAfterwards) {
+    const host::EntryStatus written = open.Write("file", {"text", 0666}), found = open.Status("file");
+    EXPECT_EQ(written.kind, host::EntryStatus::Kind::File);
+    EXPECT_EQ(written.size, 4u);
+    EXPECT_EQ(written.modified, found.modified);
+    EXPECT_EQ(written.inode, found.inode);
+}
+
+TEST_F(SafeFiles, ADirectoryIsNotMadeTwice) {
+    open.Make("inner", open).Write("file", {"text", 0666});
+    EXPECT_THROW(open.Make("inner", open), host::StoreError);
+    EXPECT_EQ(test::ReadFile(Path("inner/file")), "text");
+}
+
 TEST_F(SafeFiles, ANewDirectoryIsOpenToTheUsersOfTheOneAroundIt) {
 #ifdef _WIN32
     GTEST_SKIP() << "A directory has the rights of the one around it here.";
@@ -239,6 +253,7 @@ TEST_F(SafeFiles, ANewDirectoryIsOpenToTheUsersOfTheOneAroundIt) {
     EXPECT_EQ(fs::status(made.Path()).permissions(), fs::perms(0700));
     made.ShareLike(open);
     EXPECT_EQ(fs::status(made.Path()).permissions(), fs::perms(0775));
+    EXPECT_EQ(fs::status(made.Make("inner", open).Path()).permissions(), fs::perms(0775));
     fs::permissions(directory.Path(), fs::perms(01777));
     made.ShareLike(open);
     EXPECT_EQ(fs::status(made.Path()).permissions(), fs::perms(0755))

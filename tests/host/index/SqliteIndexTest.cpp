@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 
 #include "host/BatchImport.h"
@@ -94,6 +95,36 @@ TEST_F(Index, AnyTextOfTheUserIsValid) {
     EXPECT_NO_THROW(Find(words));
     EXPECT_THAT(Find("/"), ElementsAre("A/1 x'")) << "marks, too";
     EXPECT_THAT(Find("%"), IsEmpty()) << "and no mark has a meaning";
+}
+
+TEST_F(Index, FindsTheLongestWordThatItKeepsAndNoLongerOne) {
+    const std::string longest(host::PartFacts::kLongest, 'x');
+    Store({longest + "yz", "(PARTDESC short)"});
+    EXPECT_EQ(Find(longest).size(), 1u);
+    EXPECT_THAT(Find(longest + "y"), IsEmpty()) << "the index does not keep the end of the number";
+    EXPECT_THAT(Find("short " + std::string(100'000, 'x')), IsEmpty());
+}
+
+TEST_F(Index, FindsManyPartsInTheOrderOfAFewOnes) {
+    // The rows of many parts are read in another way.
+    std::vector<host::StoredPart> parts(9000);
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        host::PartFacts& facts = parts[i].facts;
+        facts.name = facts.number = "P" + std::to_string(10'000 + (i * 7919) % parts.size());
+        facts.description = i % 9 == 0 ? "few many" : "many";
+        facts.pins = static_cast<int>(i % 5);
+        parts[i].stamp.directory = i + 1;
+    }
+    const auto index = host::OpenIndex(Root());
+    index->Refresh();
+    index->Put(parts);
+    const std::vector<std::string> many = Numbers(*index, {"many", {}});
+    ASSERT_EQ(many.size(), parts.size());
+    EXPECT_TRUE(std::is_sorted(many.begin(), many.end()));
+    EXPECT_EQ(Numbers(*index, {"many", {ParseCondition("pins=3")}}).size(), parts.size() / 5);
+    EXPECT_EQ(Numbers(*index, {"many few", {}}).size(), parts.size() / 9);
+    EXPECT_EQ(Numbers(*index, {"P1 many", {}, host::SortBy::Number, true}).front(), "P18999");
+    EXPECT_EQ(Numbers(*index, {"p12345", {}}).front(), "P12345");
 }
 
 TEST_F(Index, ConditionsChooseByFields) {
@@ -281,7 +312,7 @@ TEST_F(Index, TakesTheStoredPartsOfABatchOver) {
     host::Batch batch;
     batch.library = (directory / "lib").GetString();
     const auto index = host::OpenIndex(Root());
-    batch.index = [&](const std::vector<host::StoredPart>& parts) { index->Put(parts); };
+    batch.index = [&](std::vector<host::StoredPart> parts) { index->Put(parts); };
     for (int i = 0; i < 30; ++i)
         batch.files.push_back(
             directory.Write("p" + std::to_string(i) + ".veka", PartText({"P" + std::to_string(i)}))
@@ -296,6 +327,17 @@ TEST_F(Index, TakesTheStoredPartsOfABatchOver) {
     EXPECT_EQ(index->Size(), 30u);
     host::ImportBatch(batch);
     EXPECT_EQ(index->Size(), 30u);
+}
+
+TEST_F(Index, ThatIsInMemoryTakesNoPartsOver) {
+    Store({"A"});
+    Open();
+    std::string bytes = test::ReadFile(File());
+    bytes[63] = 99;  // the version, in the header of the file
+    std::ofstream(File(), std::ios::binary) << bytes;
+    EXPECT_THAT(
+        [&] { host::OpenIndex(Root())->Put({}); },
+        testing::ThrowsMessage<host::IndexError>("its file was made by a newer version of this program"));
 }
 
 TEST_F(Index, AMissingLibraryIsAnError) {

@@ -1,0 +1,81 @@
+#include "host/IndexWriter.h"
+
+#include <iterator>
+
+#include "host/LibraryIndex.h"
+
+namespace host {
+
+namespace {
+
+// What one transaction takes. The index writes what is added as a run, and merges runs later: fewer and
+// longer runs cost less.
+constexpr std::size_t kMostParts = 4096;
+constexpr std::size_t kMostBytes = 16 << 20;
+
+std::size_t TextBytes(const PartFacts& facts) {
+    std::size_t bytes = 0;
+    for (const std::string* text : {&facts.name, &facts.fileName, &facts.number, &facts.manufacturer,
+                                    &facts.description, &facts.functionalType, &facts.packageType})
+        bytes += text->size();
+    for (const auto* list :
+         {&facts.companyNumbers, &facts.families, &facts.packages, &facts.footprints, &facts.symbols})
+        for (const std::string& text : *list) bytes += text.size();
+    return bytes;
+}
+
+}  // namespace
+
+IndexWriter::IndexWriter(std::filesystem::path library) : m_library(std::move(library)) {}
+
+IndexWriter::~IndexWriter() {
+    End();
+}
+
+void IndexWriter::Put(std::vector<StoredPart> parts) {
+    if (!HasIndex() || parts.empty()) return;
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(
+        lock, [this] { return (m_parts.size() < kMostParts && m_bytes < kMostBytes) || !m_failure.empty(); });
+    if (!m_failure.empty()) return;
+    for (const StoredPart& part : parts) m_bytes += TextBytes(part.facts);
+    std::move(parts.begin(), parts.end(), std::back_inserter(m_parts));
+    if (!m_thread.joinable()) m_thread = std::thread([this] { Work(); });
+    m_changed.notify_all();
+}
+
+std::string IndexWriter::End() {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_ended = true;
+        m_changed.notify_all();
+    }
+    if (m_thread.joinable()) m_thread.join();
+    return m_failure;
+}
+
+void IndexWriter::Work() {
+    try {
+        std::unique_ptr<LibraryIndex> index;
+        for (std::unique_lock lock(m_mutex);;) {
+            m_changed.wait(lock, [this] {
+                return m_ended || m_parts.size() >= kMostParts / 2 || m_bytes >= kMostBytes / 2;
+            });
+            if (m_parts.empty()) return;
+            const std::vector<StoredPart> parts = std::exchange(m_parts, {});
+            m_bytes = 0;
+            m_changed.notify_all();
+            lock.unlock();
+            if (!index) index = OpenIndex(m_library);
+            index->Put(parts);
+            lock.lock();
+        }
+    } catch (const std::exception& error) {
+        const std::lock_guard lock(m_mutex);
+        m_failure = error.what();
+        m_parts.clear();
+        m_changed.notify_all();
+    }
+}
+
+}  // namespace host

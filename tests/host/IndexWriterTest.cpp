@@ -1,0 +1,69 @@
+#include "host/IndexWriter.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "host/LibraryIndex.h"
+#include "support/Files.h"
+
+namespace {
+
+class IndexWriter : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!host::HasIndex()) GTEST_SKIP() << "This program was built without SQLite.";
+        std::filesystem::create_directory(Root());
+    }
+    std::filesystem::path Root() const { return directory.Path() / "lib"; }
+    static std::vector<host::StoredPart> Parts(int first, int count, std::size_t textSize = 8) {
+        std::vector<host::StoredPart> parts(static_cast<std::size_t>(count));
+        for (host::StoredPart& part : parts) {
+            part.facts.name = part.facts.number = "P" + std::to_string(first++);
+            part.facts.description = std::string(textSize, 'd');
+        }
+        return parts;
+    }
+    /// How many parts the file of the index has.
+    std::size_t Size() const { return host::OpenIndex(Root())->Size(); }
+
+    test::TemporaryDirectory directory;
+};
+
+TEST_F(IndexWriter, PutsAllPartsIntoTheIndexHoweverManyThereAre) {
+    host::IndexWriter writer(Root());
+    for (int group = 0; group < 20; ++group) writer.Put(Parts(group * 500, 500));
+    EXPECT_EQ(writer.End(), "");
+    EXPECT_EQ(Size(), 10'000u);
+}
+
+TEST_F(IndexWriter, WaitsWhereTheTextsOfPartsTakeMuchMemory) {
+    host::IndexWriter writer(Root());
+    for (int group = 0; group < 6; ++group) writer.Put(Parts(group * 100, 100, 100'000));
+    EXPECT_EQ(writer.End(), "");
+    EXPECT_EQ(Size(), 600u);
+}
+
+TEST_F(IndexWriter, WithoutPartsMakesNoIndex) {
+    {
+        host::IndexWriter writer(Root());
+        writer.Put({});
+        EXPECT_EQ(writer.End(), "");
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(Root()));
+}
+
+TEST_F(IndexWriter, ItsEndWritesWhatIsLeft) {
+    { host::IndexWriter(Root()).Put(Parts(0, 7)); }
+    EXPECT_EQ(Size(), 7u);
+}
+
+TEST_F(IndexWriter, TellsOnceWhyTheIndexWasNotWrittenAndNeverWaitsAfterwards) {
+    std::ofstream(Root() / ".veka-index") << "a file in the place of the directory";
+    host::IndexWriter writer(Root());
+    for (int group = 0; group < 30; ++group) writer.Put(Parts(group * 500, 500));
+    EXPECT_THAT(writer.End(), testing::HasSubstr("cannot open the directory"));
+}
+
+}  // namespace
