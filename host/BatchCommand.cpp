@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <istream>
-#include <map>
 #include <ostream>
 
 #include "files/Paths.h"
@@ -120,14 +119,7 @@ private:
         if (totals.files > kOnScreen && reasons > m_reasons.size())
             m_streams.out << "and " << reasons - m_reasons.size()
                           << " more reasons; --summary json prints all\n";
-        std::map<std::string, size_t> counts;
-        for (size_t i = 0; i < totals.counts.size(); ++i)
-            counts[StateWord(static_cast<State>(i))] = totals.counts[i];
-        counts["not imported"] = totals.Left();
-        std::string sentence;
-        for (const auto& [what, count] : counts)
-            if (count > 0) sentence += (sentence.empty() ? "" : ", ") + Count(count) + ' ' + what;
-        m_streams.out << totals.files << (totals.files == 1 ? " file: " : " files: ") << sentence << '\n';
+        m_streams.out << TotalsSentence(totals) << '\n';
     }
 
     /// Asks at the terminal whether a part may be replaced; "all" and "none" answer for those that follow.

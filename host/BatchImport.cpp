@@ -1,6 +1,7 @@
 #include "host/BatchImport.h"
 
 #include <algorithm>
+#include <map>
 #include <thread>
 #include <unordered_map>
 #include <unordered_set>
@@ -184,7 +185,10 @@ private:
             const BatchResult& result = m_group[i].result;
             ++m_totals[result.state];
             if (result.reason.empty()) {
-                there.push_back({std::move(m_group[i].file.facts), m_group[i].stamp});
+                const std::filesystem::path origin =
+                    std::filesystem::absolute(veka::ToPath(CString(result.file)));
+                there.push_back({std::move(m_group[i].file.facts), m_group[i].stamp,
+                                 std::string(veka::FromPath(origin).View())});
                 there.back().facts.fileName = m_group[i].stamp.fileName;
             }
             if (m_batch.onResult) m_batch.onResult(result, m_totals);
@@ -235,6 +239,17 @@ const char* StateWord(BatchResult::State state) {
 
 std::size_t& BatchTotals::operator[](BatchResult::State state) {
     return counts[static_cast<std::size_t>(state)];
+}
+
+std::string TotalsSentence(const BatchTotals& totals) {
+    std::map<std::string, size_t> counts;
+    for (size_t i = 0; i < totals.counts.size(); ++i)
+        counts[StateWord(static_cast<BatchResult::State>(i))] = totals.counts[i];
+    counts["not imported"] = totals.Left();
+    std::string sentence;
+    for (const auto& [what, count] : counts)
+        if (count > 0) sentence += (sentence.empty() ? "" : ", ") + std::to_string(count) + ' ' + what;
+    return std::to_string(totals.files) + (totals.files == 1 ? " file: " : " files: ") + sentence;
 }
 
 BatchTotals ImportBatch(const Batch& batch) {

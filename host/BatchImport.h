@@ -38,6 +38,9 @@ struct BatchTotals {
     std::size_t Left() const { return files - Done(); }
 };
 
+/// How many files came to which end, as a sentence without a point.
+std::string TotalsSentence(const BatchTotals& totals);
+
 /// How a batch is imported.
 struct Batch {
     std::vector<std::string> files;

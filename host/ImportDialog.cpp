@@ -63,7 +63,7 @@ private:
     }
     static bool AskAboutFaults(const ImportedPart& part) {
         return AfxMessageBox("The library has this part already, and the file is faulty: " +
-                                 CString(FaultSentence(part)) + ". Go on?",
+                                 CString(FaultSentence(part.faults)) + ". Go on?",
                              MB_YESNO) == IDYES;
     }
 

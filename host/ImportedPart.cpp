@@ -164,9 +164,9 @@ bool HasPart(const CString& library, const std::string& name) {
                                       __FILE__, __LINE__);
 }
 
-std::string FaultSentence(const ImportedPart& part) {
+std::string FaultSentence(const std::vector<std::string>& faults) {
     std::string sentence;
-    for (const std::string& fault : part.faults) sentence += (sentence.empty() ? "" : "; ") + fault;
+    for (const std::string& fault : faults) sentence += (sentence.empty() ? "" : "; ") + fault;
     return sentence;
 }
 

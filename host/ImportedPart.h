@@ -66,7 +66,7 @@ Outcome Store(const ImportedPart& part, const CString& library, Existing existin
 /// True if the library has a part of this name.
 bool HasPart(const CString& library, const std::string& name);
 
-/// The faults of a part's file as one sentence.
-std::string FaultSentence(const ImportedPart& part);
+/// The faults of a file as one sentence.
+std::string FaultSentence(const std::vector<std::string>& faults);
 
 }  // namespace host

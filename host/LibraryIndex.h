@@ -63,6 +63,7 @@ struct FindingCounts {
 struct ListedPart {
     PartFacts facts;
     std::int64_t stored = 0;                ///< when the file was stored, in seconds since 1970
+    std::string origin;                     ///< as in `StoredPart`; forgotten when the index is made again
     std::optional<FindingCounts> findings;  ///< empty until the report of the file was asked for
 };
 

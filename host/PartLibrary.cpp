@@ -4,6 +4,8 @@
 #include <optional>
 #include <string_view>
 
+#include "host/StoredPart.h"
+
 namespace host {
 
 namespace {
@@ -273,6 +275,11 @@ void PartLibrary::Remove(const std::string& name) {
         throw;
     }
     library.Sync();
+}
+
+std::vector<std::string> PartLibrary::Trash() const {
+    const Directory library(m_directory);
+    return library.Has(kTrash) ? StoredNames(library.Open(kTrash)) : std::vector<std::string>();
 }
 
 std::string PartLibrary::Undo(std::string name) {

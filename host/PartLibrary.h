@@ -69,6 +69,9 @@ public:
     /// Moves a part to the trash of replaced parts, from where `Undo` puts the part back. Raises
     /// `StoreError`.
     void Remove(const std::string& name);
+    /// The names of the parts in the trash, sorted: of those that were removed, and of those that were
+    /// replaced. Raises `StoreError`.
+    std::vector<std::string> Trash() const;
     /// Exchanges a part with the one of that name that was replaced last; without a name, the part that was
     /// replaced last of all. Returns the name. Raises `NothingToUndo` and `StoreError`.
     std::string Undo(std::string name = "");

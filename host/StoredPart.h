@@ -15,6 +15,7 @@ namespace host {
 struct StoredPart {
     PartFacts facts;
     PartStamp stamp;
+    std::string origin = "";  ///< the path of the file that was imported; empty where that is not known
 };
 
 /// The names of the parts of a library, sorted. Names that begin with a point are none.

@@ -37,7 +37,7 @@ CREATE TABLE parts(
   functionalType TEXT NOT NULL COLLATE NOCASE, packageType TEXT NOT NULL COLLATE NOCASE,
   pins INTEGER NOT NULL, size INTEGER NOT NULL, hash INTEGER NOT NULL, stored INTEGER NOT NULL,
   directory INTEGER NOT NULL, modified INTEGER NOT NULL, inode INTEGER NOT NULL,
-  errors INTEGER, warnings INTEGER, notes INTEGER, problem TEXT);
+  errors INTEGER, warnings INTEGER, notes INTEGER, problem TEXT, origin TEXT NOT NULL);
 CREATE INDEX byNumber ON parts(number) WHERE problem IS NULL;
 CREATE INDEX byManufacturer ON parts(manufacturer);
 CREATE INDEX byPins ON parts(pins);
@@ -255,7 +255,7 @@ public:
             if (m_inMemory) throw IndexError(m_whyInMemory);
             Transaction transaction(*m_database);
             for (const StoredPart& part : parts)
-                if (!HasRow(part)) Insert(part.facts, part.stamp, nullptr);
+                if (!HasRow(part)) Insert(part.facts, part.stamp, nullptr, part.origin);
             transaction.Commit();
         };
         Guarded(put, false);
@@ -374,21 +374,22 @@ private:
     /// True if the index has this very part.
     bool HasRow(const StoredPart& part) {
         Statement& find =
-            m_database->Cached("SELECT directory, modified, inode, hash FROM parts WHERE name = ?");
+            m_database->Cached("SELECT directory, modified, inode, hash, origin FROM parts WHERE name = ?");
         find.Bind(part.facts.name);
         return find.Step() && find.Integer(0) == static_cast<std::int64_t>(part.stamp.directory) &&
                find.Integer(1) == part.stamp.file.modified &&
                find.Integer(2) == static_cast<std::int64_t>(part.stamp.file.inode) &&
-               find.Integer(3) == static_cast<std::int64_t>(part.facts.hash);
+               find.Integer(3) == static_cast<std::int64_t>(part.facts.hash) && find.Text(4) == part.origin;
     }
     /// Puts a part in the place of the one of its name. `problem` says why a part has no facts.
-    void Insert(const PartFacts& facts, const PartStamp& stamp, const std::string* problem) {
+    void Insert(const PartFacts& facts, const PartStamp& stamp, const std::string* problem,
+                const std::string& origin = "") {
         Remove(facts.name);
         Statement& insert = m_database->Cached(
             "INSERT INTO parts(name, fileName, number, manufacturer, description, functionalType, "
             "packageType, "
-            "pins, size, hash, stored, directory, modified, inode, problem) "
-            "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+            "pins, size, hash, stored, directory, modified, inode, problem, origin) "
+            "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
         insert.Bind(facts.name).Bind(stamp.fileName).Bind(facts.number).Bind(facts.manufacturer);
         insert.Bind(facts.description).Bind(facts.functionalType).Bind(facts.packageType).Bind(facts.pins);
         insert.Bind(static_cast<std::int64_t>(problem ? stamp.file.size : facts.size));
@@ -396,6 +397,7 @@ private:
         insert.Bind(static_cast<std::int64_t>(stamp.directory)).Bind(stamp.file.modified);
         insert.Bind(static_cast<std::int64_t>(stamp.file.inode));
         problem ? insert.Bind(*problem) : insert.BindNull();
+        insert.Bind(origin);
         insert.Run();
         if (problem) return;
         const std::int64_t id = m_database->LastRow();
@@ -613,7 +615,7 @@ private:
         Statement& row = m_database->Cached(
             "SELECT name, fileName, number, manufacturer, description, functionalType, packageType, pins, "
             "size, "
-            "hash, stored, errors, warnings, notes FROM parts WHERE id = ?");
+            "hash, stored, errors, warnings, notes, origin FROM parts WHERE id = ?");
         row.Bind(id);
         if (!row.Step()) return std::nullopt;
         ListedPart part;
@@ -626,6 +628,7 @@ private:
         facts.size = static_cast<std::uint64_t>(row.Integer(8));
         facts.hash = static_cast<std::uint64_t>(row.Integer(9));
         part.stored = row.Integer(10);
+        part.origin = row.Text(14);
         if (!row.IsNull(11)) part.findings = FindingCounts{row.Integer(11), row.Integer(12), row.Integer(13)};
         Statement& names =
             m_database->Cached("SELECT kind, name FROM names WHERE part = ? ORDER BY rowid").Bind(id);

@@ -5,14 +5,19 @@
 #include <QBoxLayout>
 #include <QDateTime>
 #include <QDesktopServices>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTableView>
+#include <QTreeWidget>
 #include <QUrl>
 
 #include "files/Paths.h"
 #include "host/Failure.h"
+#include "host/qt/Pickers.h"
 #include "qt/Text.h"
 #include "window/SBUtility.h"
 
@@ -163,9 +168,11 @@ LibraryView::LibraryView(ShowFile show) : m_show(std::move(show)) {
     };
     add("&Show Part", "libraryShow", [this] { ShowCurrent(); });
     add("Show &Folder", "libraryFolder", [this] { ShowFolder(); });
+    add("&Import Again", "libraryImportAgain", [this] { ImportAgain(); });
     add("&Remove Part", "libraryRemove", [this] { Remove(); });
     m_restore = add("Res&tore Removed Part", "libraryRestore", [this] { Restore(); });
     m_restore->setEnabled(false);
+    add("&Trash...", "libraryTrash", [this] { ShowTrash(); });
 }
 
 LibraryView::~LibraryView() {
@@ -226,9 +233,7 @@ void LibraryView::Remove() {
         PartLibrary(veka::ToPath(m_library)).Remove(name);
         m_removed = name;
         m_restore->setEnabled(true);
-        m_index->Refresh();
-        m_model->Renew();
-        m_state->setText(Text("\"" + name + "\" is in the trash of the library and can be restored"));
+        Renew("\"" + name + "\" is in the trash of the library and can be restored");
     });
 }
 
@@ -236,9 +241,102 @@ void LibraryView::Restore() {
     Guarded([this] {
         PartLibrary(veka::ToPath(m_library)).Undo(m_removed);
         m_restore->setEnabled(false);
-        m_index->Refresh();
-        m_model->Renew();
-        m_state->setText(Text("Restored \"" + std::exchange(m_removed, "") + "\""));
+        Renew("Restored \"" + std::exchange(m_removed, "") + "\"");
+    });
+}
+
+void LibraryView::Renew(const std::string& sentence) {
+    m_index->Refresh();
+    m_model->Renew();
+    m_state->setText(Text(sentence));
+}
+
+void LibraryView::ImportAgain() {
+    const ListedPart* const part = Current();
+    if (!part) return;
+    const std::string name = part->facts.name;
+    CString file(part->origin);
+    if (file.IsEmpty() || !SBUtility::GetInstance().DoesFileOrDirExist(file, __FILE__, __LINE__)) {
+        const std::vector<CString> files = PickPartFiles(file, this);
+        if (files.empty()) return;
+        file = files[0];
+    }
+    Guarded([&] {
+        CheckedFile checked = CheckFile(std::string(file.View()), {});
+        if (checked.failure) throw SourceError(checked.failure->sentence);
+        if (checked.facts.name != name)
+            throw SourceError('"' + checked.file + "\" holds the part \"" + checked.facts.name +
+                              "\", and not \"" + name + '"');
+        const GroupOutcome outcome =
+            PartLibrary(veka::ToPath(m_library))
+                .StoreGroup({{name, checked.facts.fileName, std::move(checked.content), Existing::Replace}})
+                .at(0);
+        if (!outcome.failure.empty()) throw StoreError(outcome.failure);
+        checked.facts.fileName = outcome.stamp.fileName;
+        try {
+            m_index->Put({{std::move(checked.facts), outcome.stamp, checked.file}});
+        } catch (const IndexError&) {
+            // In memory the index does not remember where parts came from.
+        }
+        std::string sentence = '"' + checked.file + "\" holds what is stored";
+        if (outcome.outcome != Outcome::Unchanged)
+            sentence = "Stored \"" + name + "\" from \"" + checked.file +
+                       "\"; the part that was there is in the trash of the library";
+        if (!checked.faults.empty()) sentence += ". The file is faulty: " + FaultSentence(checked.faults);
+        Renew(sentence);
+        m_show(veka::FromPath(veka::ToPath(m_library) / veka::ToPath(CString(name)) /
+                              veka::ToPath(CString(outcome.stamp.fileName))));
+    });
+}
+
+void LibraryView::ShowTrash() {
+    if (!m_index) return;
+    QDialog dialog(this);
+    dialog.setWindowTitle("Trash of the Library");
+    dialog.resize(520, 360);
+    auto* const list = new QTreeWidget;
+    list->setObjectName("trash");
+    list->setRootIsDecorated(false);
+    list->setUniformRowHeights(true);
+    list->setHeaderLabels({"Part", "What restoring does"});
+    list->header()->resizeSection(0, 240);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    QPushButton* const restore = buttons->addButton("&Restore", QDialogButtonBox::ActionRole);
+    restore->setObjectName("trashRestore");
+    restore->setEnabled(false);
+    auto* const layout = new QVBoxLayout(&dialog);
+    layout->addWidget(list);
+    layout->addWidget(buttons);
+    std::vector<std::string> names;
+    const auto fill = [&] {
+        list->clear();
+        names = PartLibrary(veka::ToPath(m_library)).Trash();
+        QList<QTreeWidgetItem*> items;
+        for (const std::string& name : names)
+            items.append(new QTreeWidgetItem(QStringList{
+                Text(name), HasPart(m_library, name) ? "exchanges the part with the one in the library"
+                                                     : "puts the part back"}));
+        list->addTopLevelItems(items);
+    };
+    const auto restoreCurrent = [&] {
+        const int row = list->indexOfTopLevelItem(list->currentItem());
+        if (row < 0) return;
+        Guarded([&] {
+            const std::string name =
+                PartLibrary(veka::ToPath(m_library)).Undo(names[static_cast<size_t>(row)]);
+            if (m_removed == name) m_restore->setEnabled(false);
+            Renew("Restored \"" + name + "\"");
+            fill();
+        });
+    };
+    connect(list, &QTreeWidget::currentItemChanged, &dialog,
+            [restore](const QTreeWidgetItem* item) { restore->setEnabled(item != nullptr); });
+    connect(list, &QTreeWidget::itemActivated, &dialog, restoreCurrent);
+    connect(restore, &QPushButton::clicked, &dialog, restoreCurrent);
+    connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    Guarded([&] {
+        fill();
+        dialog.exec();
     });
 }
 

@@ -45,7 +45,7 @@ private:
 };
 
 /// The parts of a library as a list that is filtered as one types. A part that is chosen is shown; it can be
-/// moved to the library's trash, and restored.
+/// imported again, moved to the library's trash, and restored.
 class LibraryView : public QWidget {
 public:
     /// Shows a file of the library.
@@ -68,6 +68,10 @@ private:
     void ShowFolder();
     void Remove();
     void Restore();
+    void ImportAgain();
+    void ShowTrash();
+    /// Shows what the library holds now, and a sentence about what was done.
+    void Renew(const std::string& sentence);
     /// Does something with the library; a failure is a sentence in the view.
     void Guarded(const std::function<void()>& deed);
     void ShowCount();

@@ -3,9 +3,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QBoxLayout>
+#include <QCloseEvent>
 #include <QDockWidget>
 #include <QDropEvent>
-#include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -30,10 +30,12 @@
 #include "host/qt/ExportMenu.h"
 #include "host/qt/FindBar.h"
 #include "host/qt/FindingsView.h"
+#include "host/qt/ImportQueue.h"
 #include "host/qt/LibraryView.h"
 #include "host/qt/PartPictures.h"
 #include "host/qt/Pickers.h"
 #include "host/qt/PinView.h"
+#include "host/qt/QueueView.h"
 #include "host/qt/RecordTree.h"
 #include "host/qt/SolidView.h"
 #include "qt/QtUserInterface.h"
@@ -94,99 +96,7 @@ QLabel* MakeLabel(const char* name) {
     return label;
 }
 
-CString Counted(size_t count, const char* what) {
-    return CString(std::to_string(count) + ' ' + what);
-}
-
 }  // namespace
-
-/// Imports several files, one after another, and asks each kind of question once for all where the user wants
-/// that.
-class MainWindow::Queue {
-public:
-    Queue(MainWindow& window, const std::vector<CString>& files, CString library)
-        : m_window(window),
-          m_files(files),
-          m_library(std::move(library)),
-          m_progress("Importing", "Cancel", 0, static_cast<int>(files.size()), &window) {
-        m_progress.setWindowModality(Qt::WindowModal);
-        m_progress.setMinimumDuration(500);
-    }
-
-    void Run() {
-        for (const CString& file : m_files) {
-            m_progress.setLabelText(veka::ToQString(file));
-            m_progress.setValue(static_cast<int>(m_done));
-            if (m_cancelled || m_progress.wasCanceled()) break;
-            const CString state = ImportOne(file);
-            if (m_cancelled) break;
-            m_window.List(file, state);
-            ++m_done;
-        }
-        m_progress.reset();
-        m_window.ShowState(Total());
-    }
-
-private:
-    enum class Answer { None, Yes, No };
-
-    /// Imports a file; returns what became of it.
-    CString ImportOne(const CString& file) {
-        try {
-            ImportedPart part = ReadPart(file, m_window.ReadingBox(file));
-            RequirePartNumber(part);
-            Outcome outcome = Store(part, m_library, Existing::Keep, m_window.WaitingBox(m_library));
-            m_window.Show(std::move(part));
-            m_window.AddRecent(kRecentFiles, file);
-            if (outcome == Outcome::Kept && MayReplace(*m_window.m_part))
-                outcome =
-                    Store(*m_window.m_part, m_library, Existing::Replace, m_window.WaitingBox(m_library));
-            if (outcome == Outcome::Kept) return ++m_kept, "left alone: the library has the part already";
-            return outcome == Outcome::New ? (++m_stored, "stored")
-                                           : (++m_replaced, "stored, and the part that was there is kept");
-        } catch (...) {
-            ++m_failed;
-            return CString(CurrentFailure(std::string(file.View())).sentence);
-        }
-    }
-    bool MayReplace(const ImportedPart& part) {
-        // An answer for all sound files is none for a faulty one.
-        Answer& forAll = m_forAll[part.faults.empty() ? 0 : 1];
-        if (forAll != Answer::None) return forAll == Answer::Yes;
-        QString text = veka::ToQString("\"" + CString(part.Name()) + "\" is in the library \"" + m_library +
-                                       "\" already. Replace it?");
-        if (!part.faults.empty())
-            text += "\n\n" + veka::ToQString("The file is faulty: " + CString(FaultSentence(part)));
-        QMessageBox box(QMessageBox::Question, QApplication::applicationDisplayName(), text,
-                        QMessageBox::NoButton, &m_window);
-        box.setTextFormat(Qt::PlainText);
-        box.setStandardButtons(QMessageBox::Yes | QMessageBox::YesToAll | QMessageBox::No |
-                               QMessageBox::NoToAll | QMessageBox::Cancel);
-        box.setDefaultButton(QMessageBox::No);
-        const int answer = box.exec();
-        if (answer == QMessageBox::YesToAll) forAll = Answer::Yes;
-        if (answer == QMessageBox::NoToAll) forAll = Answer::No;
-        m_cancelled = answer == QMessageBox::Cancel;
-        return answer == QMessageBox::Yes || answer == QMessageBox::YesToAll;
-    }
-    CString Total() const {
-        CString total = Counted(m_files.size(), "files: ") + Counted(m_stored, "stored");
-        if (m_replaced) total += CString(", ") + Counted(m_replaced, "replaced");
-        if (m_kept) total += CString(", ") + Counted(m_kept, "left alone");
-        if (m_failed) total += CString(", ") + Counted(m_failed, "failed");
-        if (m_done < m_files.size())
-            total += CString(", ") + Counted(m_files.size() - m_done, "not imported");
-        return total;
-    }
-
-    MainWindow& m_window;
-    const std::vector<CString>& m_files;
-    CString m_library;
-    QProgressDialog m_progress;
-    Answer m_forAll[2] = {Answer::None, Answer::None};
-    size_t m_done = 0, m_stored = 0, m_replaced = 0, m_kept = 0, m_failed = 0;
-    bool m_cancelled = false;
-};
 
 MainWindow::MainWindow(QSettings& settings) : m_settings(settings) {
     setWindowTitle("veka-host");
@@ -257,11 +167,8 @@ void MainWindow::MakeContent() {
 
     auto* dock = new QDockWidget("Files");
     dock->setObjectName("filesDock");
-    m_files = new QTreeWidget;
-    m_files->setObjectName("files");
-    m_files->setRootIsDecorated(false);
-    m_files->setHeaderLabels({"File", "State"});
-    m_files->header()->resizeSection(0, 420);
+    m_files = new QueueView;
+    m_files->onOpen = [this](const CString& path) { Open({path}); };
     dock->setWidget(m_files);
     addDockWidget(Qt::BottomDockWidgetArea, dock);
     dock->hide();
@@ -276,10 +183,6 @@ void MainWindow::MakeContent() {
     addDockWidget(Qt::LeftDockWidgetArea, libraryDock);
     libraryDock->hide();
     m_libraryDock = libraryDock;
-    connect(m_files, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
-        const auto found = m_listed.find(item->text(0));
-        if (found != m_listed.end()) Open({found->second});
-    });
 }
 
 /// What is selected in the records or the pins is highlighted in the pictures, and the other way round.
@@ -423,6 +326,14 @@ void MainWindow::WhenShown(std::function<void()> call) {
     if (windowHandle()) windowHandle()->installEventFilter(this);
 }
 
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!m_queue) return QMainWindow::closeEvent(event);
+    // The parts in hand are stored first.
+    m_queue->Cancel();
+    m_closes = true;
+    event->ignore();
+}
+
 bool MainWindow::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::Expose && m_whenShown && windowHandle()->isExposed())
         QTimer::singleShot(0, this, std::exchange(m_whenShown, nullptr));
@@ -448,26 +359,74 @@ void MainWindow::Open(const std::vector<CString>& files) {
 
 void MainWindow::ImportFiles(const std::vector<CString>& files) {
     if (files.empty()) return;
-    const bool folders = std::any_of(files.begin(), files.end(), [](const CString& file) {
-        return IsDirectoryOfFiles(std::string(file.View()));
-    });
-    if (folders) return ImportFolders(files);
-    if (files.size() == 1) return Open(files);
-    const CString library = LibraryOrAsk();
-    if (!library.IsEmpty()) Queue(*this, files, library).Run();
+    const bool oneFile = files.size() == 1 && !IsDirectoryOfFiles(std::string(files[0].View()));
+    oneFile ? Open(files) : ImportFolders(files);
 }
 
 void MainWindow::ImportFolders(const std::vector<CString>& folders) {
     Guarded("", [&] {
-        std::vector<std::string> names;
-        names.reserve(folders.size());
-        for (const CString& folder : folders) names.emplace_back(folder.View());
-        std::vector<CString> files;
-        for (const std::string& file : ExpandDirectories(names)) files.emplace_back(file);
+        if (m_queue) throw SourceError("files are imported already; nothing else was begun");
+        Batch batch;
+        for (const CString& folder : folders) batch.files.emplace_back(folder.View());
+        batch.files = ExpandDirectories(batch.files);
         const CString library = LibraryOrAsk();
-        if (!library.IsEmpty()) Queue(*this, files, library).Run();
-        m_libraryView->Refresh();
+        if (library.IsEmpty()) return;
+        batch.library = library.View();
+        batch.limits = m_limits;
+        batch.mayReplace = [this, forAll = std::map<bool, bool>()](const CheckedFile& file) mutable {
+            return MayReplaceInQueue(file, forAll);
+        };
+        m_filesDock->show();
+        Remember(kLastLibrary, library);
+        AddRecent(kRecentLibraries, library);
+        ImportQueue queue(*m_files, std::move(batch), [this, library] { return WaitingBox(library); });
+        m_queue = &queue;
+        BatchTotals totals;
+        try {
+            totals = queue.Run();
+        } catch (...) {
+            m_queue = nullptr;
+            throw;
+        }
+        m_queue = nullptr;
+        EndQueue(queue.LastFile(), CString(TotalsSentence(totals)));
     });
+}
+
+void MainWindow::EndQueue(const std::string& last, const CString& total) {
+    m_files->End(total);
+    m_libraryView->Refresh();
+    if (!last.empty()) {
+        const CString file(last);
+        Guarded(file, [&] { Show(ReadPart(file, ReadingBox(file))); });
+        AddRecent(kRecentFiles, file);
+    }
+    ShowState(total);
+    if (std::exchange(m_closes, false)) close();
+}
+
+bool MainWindow::MayReplaceInQueue(const CheckedFile& file, std::map<bool, bool>& forAll) {
+    // An answer for all sound files is none for a faulty one.
+    const bool faulty = !file.faults.empty();
+    const auto answered = forAll.find(faulty);
+    if (answered != forAll.end()) return answered->second;
+    Show(ReadPart(CString(file.file), file.content, {m_limits, nullptr, false}));
+    QString text =
+        veka::ToQString("\"" + CString(file.facts.name) + "\" is in the library already. Replace it by \"" +
+                        CString(file.file) + "\"?");
+    if (faulty)
+        text += "\n\n" + veka::ToQString("The file is faulty: " + CString(FaultSentence(file.faults)));
+    QMessageBox box(QMessageBox::Question, QApplication::applicationDisplayName(), text,
+                    QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::YesToAll | QMessageBox::No | QMessageBox::NoToAll |
+                           QMessageBox::Cancel);
+    box.setDefaultButton(QMessageBox::No);
+    const int answer = box.exec();
+    if (answer == QMessageBox::Cancel) m_queue->Cancel();
+    const bool yes = answer == QMessageBox::Yes || answer == QMessageBox::YesToAll;
+    if (answer == QMessageBox::YesToAll || answer == QMessageBox::NoToAll) forAll.emplace(faulty, yes);
+    return yes;
 }
 
 void MainWindow::ShowLibrary() {
@@ -560,7 +519,7 @@ void MainWindow::StoreIn(const CString& library, Existing existing, bool ask) {
 
 bool MainWindow::MayReplace(const ImportedPart& part) {
     CString text = "\"" + CString(part.Name()) + "\" is in the library already. Replace it?";
-    if (!part.faults.empty()) text += "\n\nThe file is faulty: " + CString(FaultSentence(part));
+    if (!part.faults.empty()) text += "\n\nThe file is faulty: " + CString(FaultSentence(part.faults));
     const CString findings = FindingsSentence();
     if (!findings.IsEmpty() && !std::exchange(m_toldFindings, true)) text += "\n\n" + findings;
     return AfxMessageBox(text, MB_YESNO) == IDYES;
@@ -626,7 +585,7 @@ void MainWindow::ShowPart(bool keep) {
     m_identity->setVisible(!identity.isEmpty());
     m_pinCount->setText(QString::number(general.GetNumberOfPins()) + " pins");
     m_file->setText(veka::ToQString(m_part->file));
-    m_faults->setText(Elided("Faulty: " + CString(FaultSentence(*m_part))));
+    m_faults->setText(Elided("Faulty: " + CString(FaultSentence(m_part->faults))));
     m_faults->setVisible(!m_part->faults.empty());
     m_store->setEnabled(true);
     if (!keep) {
@@ -651,12 +610,7 @@ void MainWindow::ShowNotStored() {
 }
 
 void MainWindow::List(const CString& file, const CString& state) {
-    const QString name = veka::ToQString(file);
-    m_listed[name] = file;
-    const QList<QTreeWidgetItem*> found = m_files->findItems(name, Qt::MatchExactly);
-    QTreeWidgetItem* item = found.isEmpty() ? new QTreeWidgetItem(m_files, {name}) : found[0];
-    item->setText(1, veka::ToQString(state));
-    item->setToolTip(1, item->text(1));
+    m_files->List(file, state);
     m_filesDock->show();
 }
 

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "host/ImportDialog.h"
+#include "host/ReadAhead.h"
 #include "report/RecordPlaces.h"
 
 class QAction;
@@ -15,15 +16,16 @@ class QMenu;
 class QPushButton;
 class QSettings;
 class QTabWidget;
-class QTreeWidget;
 
 namespace host {
 
 class FindBar;
 class LibraryView;
 class FindingsView;
+class ImportQueue;
 class PartPictures;
 class PinView;
+class QueueView;
 class RecordTree;
 class SolidView;
 
@@ -44,13 +46,12 @@ public:
     void Import();
     /// Reads files, shows the last one and stores nothing.
     void Open(const std::vector<CString>& files);
-    /// Imports several files into the last library; without one the user chooses a directory. A single file
-    /// is only shown.
+    /// Imports several files as `ImportFolders` does. A single file is only shown.
     void ImportFiles(const std::vector<CString>& files);
     /// Stores the part that is shown in the last library, or in one that the user chooses.
     void StorePart();
-    /// Imports files and all part data files below directories into the last library, or into one that the
-    /// user chooses.
+    /// Imports files and all part data files below directories as a batch into the last library, or into one
+    /// that the user chooses. Returns after the last file; meanwhile the window works.
     void ImportFolders(const std::vector<CString>& folders);
     /// Shows the parts of the last library, or of one that the user chooses.
     void ShowLibrary();
@@ -64,11 +65,10 @@ public:
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    class Queue;
-
     void MakeContent();
     void MakePictures();
     void MakeReport();
@@ -97,6 +97,11 @@ private:
     void ShowState(const CString& state);
     /// Says that the part is not stored, and offers to store it.
     void ShowNotStored();
+    /// Shows what became of a queue of files, and the last part.
+    void EndQueue(const std::string& last, const CString& total);
+    /// Asks whether a file of the queue may replace a part. `forAll` has the answers for all files, for
+    /// faulty ones and for others.
+    bool MayReplaceInQueue(const CheckedFile& file, std::map<bool, bool>& forAll);
     /// Adds a file to the list of files, or changes what the list says about it.
     void List(const CString& file, const CString& state);
     bool MayReplace(const ImportedPart& part);
@@ -132,10 +137,11 @@ private:
     QWidget* m_filesDock;
     QWidget* m_libraryDock;
     LibraryView* m_libraryView;
-    QTreeWidget* m_files;
+    QueueView* m_files;
+    ImportQueue* m_queue = nullptr;  // while files are imported
+    bool m_closes = false;           // when the queue ends
     QAction* m_showAll;
     QAction* m_store;
-    std::map<QString, CString> m_listed;  // files by the text that the list shows
 };
 
 }  // namespace host

@@ -62,6 +62,16 @@ TEST_F(Library, ReplacesAPartAsAWholeAndKeepsTheFormerOne) {
     EXPECT_EQ(Read(".veka-trash/A/old.veka"), "old content");
 }
 
+TEST_F(Library, TheTrashHasWhatWasRemovedAndWhatWasReplaced) {
+    EXPECT_THAT(PartLibrary(Root()).Trash(), ElementsAre());
+    for (const char* name : {"C", "A", "B"}) Store(name, kOld);
+    Store("C", kNew);
+    PartLibrary(Root()).Remove("A");
+    EXPECT_THAT(PartLibrary(Root()).Trash(), ElementsAre("A", "C"));
+    PartLibrary(Root()).Undo("A");
+    EXPECT_THAT(PartLibrary(Root()).Trash(), ElementsAre("C"));
+}
+
 TEST_F(Library, KeepsAPartThatIsThereUnlessItIsToBeReplaced) {
     Store("A", kOld);
     EXPECT_EQ(PartLibrary(Root()).Store("A", "new.veka", kNew, Existing::Keep), Outcome::Kept);

@@ -8,8 +8,11 @@
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
+#include <QTreeWidget>
 
+#include "host/BatchImport.h"
 #include "host/ImportedPart.h"
+#include "host/IndexWriter.h"
 #include "support/Files.h"
 #include "support/QtScript.h"
 
@@ -90,12 +93,86 @@ TEST_F(QtLibraryView, ARemovedPartIsInTheTrashAndCanBeRestored) {
     EXPECT_FALSE(test::QtScript::Child<QAction>(view, "libraryRestore")->isEnabled());
 }
 
+TEST_F(QtLibraryView, AnyPartOfTheTrashCanBeRestored) {
+    for (int i = 0; i < 2; ++i) {
+        Table()->selectRow(0);
+        Trigger("libraryRemove");
+    }
+    EXPECT_EQ(Numbers(), "TL072 ");
+    script.Then([](QWidget& trash) {
+        auto* const list = test::QtScript::Child<QTreeWidget>(trash, "trash");
+        ASSERT_EQ(list->topLevelItemCount(), 2);
+        EXPECT_EQ(list->topLevelItem(0)->text(0), "BME280");
+        EXPECT_EQ(list->topLevelItem(0)->text(1), "puts the part back");
+        list->setCurrentItem(list->topLevelItem(0));
+        test::QtScript::Click(trash, "trashRestore");
+        EXPECT_EQ(list->topLevelItemCount(), 1);
+        QTest::keyClick(&trash, Qt::Key_Escape);
+    });
+    Trigger("libraryTrash");
+    EXPECT_EQ(Numbers(), "BME280 TL072 ");
+    EXPECT_EQ(State(), "Restored \"BME280\"");
+}
+
+TEST_F(QtLibraryView, AReplacedPartIsExchangedWithTheOneInTheTrash) {
+    const CString file = directory.Write("part.veka", "(VEK (PARTGENERAL (MPN LM358) (PARTDESC other)))");
+    host::Store(host::ReadPart(file), directory / "lib", host::Existing::Replace);
+    view.Refresh();
+    script.Then([](QWidget& trash) {
+        auto* const list = test::QtScript::Child<QTreeWidget>(trash, "trash");
+        ASSERT_EQ(list->topLevelItemCount(), 1);
+        EXPECT_EQ(list->topLevelItem(0)->text(1), "exchanges the part with the one in the library");
+        list->setCurrentItem(list->topLevelItem(0));
+        emit list->itemActivated(list->topLevelItem(0), 0);
+        EXPECT_EQ(list->topLevelItemCount(), 1) << "the other one is there now";
+        QTest::keyClick(&trash, Qt::Key_Escape);
+    });
+    Trigger("libraryTrash");
+    EXPECT_EQ(Table()->model()->index(1, 4).data().toString(), "dual amplifier");
+}
+
+TEST_F(QtLibraryView, APartIsImportedAgainFromWhereItCame) {
+    host::Batch batch;
+    batch.library = (directory / "lib").GetString();
+    batch.files = {directory.Write("new.veka", "(VEK (PARTGENERAL (MPN NEW) (PARTDESC first)))").GetString()};
+    {
+        host::IndexWriter writer(directory.Path() / "lib");
+        batch.index = [&](std::vector<host::StoredPart> stored) { writer.Put(std::move(stored)); };
+        host::ImportBatch(batch);
+    }
+    view.Refresh();
+    Table()->selectRow(2);
+    Trigger("libraryImportAgain");
+    EXPECT_EQ(State(), '"' + batch.files[0] + "\" holds what is stored");
+    directory.Write("new.veka", "(VEK (PARTGENERAL (MPN NEW) (PARTDESC second)))");
+    Table()->selectRow(2);
+    Trigger("libraryImportAgain");
+    EXPECT_EQ(State(), "Stored \"NEW\" from \"" + batch.files[0] +
+                           "\"; the part that was there is in the trash of the library");
+    EXPECT_EQ(Table()->model()->index(2, 4).data().toString(), "second");
+    EXPECT_EQ(shown.back(), veka::FromPath(directory.Path() / "lib/NEW/new.veka").View());
+    directory.Write("new.veka", "(VEK (PARTGENERAL (MPN OTHER)))");
+    Table()->selectRow(2);
+    Trigger("libraryImportAgain");
+    EXPECT_EQ(State(), '"' + batch.files[0] + "\" holds the part \"OTHER\", and not \"NEW\"");
+    EXPECT_EQ(Table()->model()->index(2, 4).data().toString(), "second");
+}
+
+TEST_F(QtLibraryView, WhereAPartCameFromIsAskedForIfNobodyKnows) {
+    Table()->selectRow(1);
+    script.Then([](QWidget& picker) { QTest::keyClick(&picker, Qt::Key_Escape); });
+    Trigger("libraryImportAgain");
+    EXPECT_EQ(State(), "3 of 3 parts") << "without a file nothing is done";
+}
+
 TEST_F(QtLibraryView, ALibraryThatIsNotThereIsASentence) {
     view.Open(directory / "missing");
     EXPECT_EQ(Numbers(), "");
     EXPECT_THAT(State(), HasSubstr("cannot open the directory"));
     Trigger("libraryRemove");
     Trigger("libraryShow");
+    Trigger("libraryImportAgain");
+    Trigger("libraryTrash");
     view.Refresh();
     EXPECT_TRUE(shown.empty());
 }

@@ -220,7 +220,7 @@ TEST_F(QtMainWindow, ManyFilesAreImportedWithASummary) {
     std::vector<CString> files = WriteParts(directory, 5, "MM");
     files.push_back(directory.Write("none.veka", "(VEK)"));
     window.ImportFiles(files);
-    EXPECT_EQ(Text("state"), "6 files: 5 stored, 1 failed");
+    EXPECT_EQ(Text("state"), "6 files: 1 refused, 5 stored");
     EXPECT_EQ(State(files[2]), "stored");
     EXPECT_THAT(State(files[5]), testing::HasSubstr("holds no part with a part number"));
     EXPECT_EQ(Text("number"), "P4");
@@ -259,23 +259,53 @@ TEST_F(QtMainWindow, OneQuestionIsEnoughForAllFiles) {
     });
     script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::YesToAll); });
     window.ImportFiles(files);
-    EXPECT_EQ(Text("state"), "4 files: 0 stored, 3 replaced, 1 left alone");
-    EXPECT_EQ(State(files[0]), "left alone: the library has the part already");
+    EXPECT_EQ(Text("state"), "4 files: 1 refused, 3 replaced");
+    EXPECT_EQ(State(files[0]), "refused: \"P0\" is in the library already and was left alone");
     EXPECT_THAT(test::ReadFile(directory.Path() / "lib/P0/p0.veka"), testing::HasSubstr("MM"));
     EXPECT_THAT(test::ReadFile(directory.Path() / "lib/P3/p3.veka"), testing::HasSubstr("INCH"));
     script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::NoToAll); });
     window.ImportFiles(files);
-    EXPECT_EQ(Text("state"), "4 files: 0 stored, 4 left alone");
+    EXPECT_EQ(Text("state"), "4 files: 1 refused, 3 unchanged");
 }
 
-TEST_F(QtMainWindow, CancelEndsTheImportOfAllFiles) {
+TEST_F(QtMainWindow, CancelEndsTheImportOfAllFilesAfterThoseInHand) {
     window.Suggest("", library);
-    const std::vector<CString> files = WriteParts(directory, 4, "MM");
-    window.ImportFiles({files[0], files[1]});
+    std::vector<CString> files = WriteParts(directory, 2, "MM");
+    window.ImportFiles(files);
+    files = WriteParts(directory, 3, "INCH");
     script.Then([](QWidget& question) { test::QtScript::Answer(question, QMessageBox::Cancel); });
     window.ImportFiles(files);
-    EXPECT_EQ(Text("state"), "4 files: 0 stored, 1 left alone, 4 not imported");
-    EXPECT_FALSE(Stored("P2"));
+    EXPECT_EQ(Text("state"), "3 files: 2 refused, 1 stored");
+    EXPECT_TRUE(Stored("P2")) << "it needed no question";
+}
+
+TEST_F(QtMainWindow, ClosesAfterTheFilesInHand) {
+    window.Suggest("", library);
+    window.ImportFiles(WriteParts(directory, 2, "MM"));
+    script.Then([this](QWidget& question) {
+        window.close();
+        EXPECT_TRUE(window.isVisible());
+        test::QtScript::Answer(question, QMessageBox::No);
+    });
+    window.ImportFiles(WriteParts(directory, 2, "INCH"));
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_THAT(test::ReadFile(directory.Path() / "lib/P1/p1.veka"), testing::HasSubstr("MM"));
+}
+
+TEST_F(QtMainWindow, NoOtherImportBeginsWhileFilesAreImported) {
+    window.Suggest("", library);
+    window.ImportFiles(WriteParts(directory, 2, "MM"));
+    script.Then([this](QWidget& question) {
+        window.ImportFiles(WriteParts(directory, 2, "THIRD"));
+        test::QtScript::Answer(question, QMessageBox::NoToAll);
+    });
+    script.Then([](QWidget& message) {
+        EXPECT_THAT(qobject_cast<QMessageBox*>(&message)->text().toStdString(),
+                    testing::HasSubstr("files are imported already"));
+        test::QtScript::Answer(message, QMessageBox::Ok);
+    });
+    window.ImportFiles(WriteParts(directory, 2, "INCH"));
+    EXPECT_EQ(Text("state"), "2 files: 2 refused");
 }
 
 TEST_F(QtMainWindow, OpenShowsAPartAndStoresNothing) {
