@@ -15,23 +15,25 @@ import sys
 import tempfile
 
 BUILD = "build/mutants"
+# The page of keywords tells which value a row takes, and the report which values a row loses.
+PARSER = {"test_parser": "*", "test_tools": "Keywords*", "test_report": "ImportReport*"}
 # Each file with the programs and tests that are there for it.
 FILES = {
-    "src/leveltree/LevelReader.cpp": {"test_leveltree": "LevelReader*", "test_parser": "CVEK_AsciiParser*:CompleteFile.Gives*"},
-    "src/leveltree/CECadCls.cpp": {"test_leveltree": "CECadCls*", "test_parser": "CVEK_AsciiParser*:CompleteFile.Gives*"},
+    "src/leveltree/LevelReader.cpp": {"test_leveltree": "LevelReader*", "test_parser": "CVEK_AsciiParser*:CompleteFile.Gives*:Import.*"},
+    "src/leveltree/CECadCls.cpp": {"test_leveltree": "CECadCls*", "test_parser": "CVEK_AsciiParser*:CompleteFile.Gives*:Import.*"},
     "src/leveltree/QuoteLookAhead.cpp": {"test_leveltree": "QuoteLookAhead*:LevelReader*"},
     "src/platform/CStringArray.cpp": {"test_platform": "CStringArray*"},
     "src/dialog/CVEK_AsciiFile_Import_Dlg.cpp": {"test_dialog": "*"},
     "src/dialog/ImportDialogTemplate.cpp": {"test_dialog": "*"},
     "src/parser/CVEK_AsciiParser.cpp": {"test_parser": "*"},
-    "src/parser/part.cpp": {"test_parser": "*"},
-    "src/parser/electrical.cpp": {"test_parser": "*"},
-    "src/parser/package.cpp": {"test_parser": "*"},
-    "src/parser/mountdata.cpp": {"test_parser": "*"},
-    "src/parser/logic.cpp": {"test_parser": "*"},
-    "src/parser/library.cpp": {"test_parser": "*"},
-    "src/parser/objects.cpp": {"test_parser": "*"},
-    "src/parser/values.cpp": {"test_parser": "*"},
+    "src/parser/part.cpp": PARSER,
+    "src/parser/electrical.cpp": PARSER,
+    "src/parser/package.cpp": PARSER,
+    "src/parser/mountdata.cpp": PARSER,
+    "src/parser/logic.cpp": PARSER,
+    "src/parser/library.cpp": PARSER,
+    "src/parser/objects.cpp": PARSER,
+    "src/parser/values.cpp": PARSER,
     "solids/bridge/AddNewShape.cpp": {"test_solids": "AddNewShape*"},
 }
 # Each header with the sources of tests that are compiled with its changed copy.

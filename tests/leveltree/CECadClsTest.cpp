@@ -165,6 +165,11 @@ TEST_F(CECadClsTest, HandsTopLevelLevelsOverAndKeepsNone) {
     EXPECT_EQ(tree.m_nLineCount, 3);
 }
 
+TEST_F(CECadClsTest, HandsNothingOverOfAMissingFile) {
+    tree.m_strFilePath = directory / "nothing";
+    EXPECT_EQ(tree.ReadTopLevels(0, [](const CECadClsLvl*) { ADD_FAILURE(); }), 0);
+}
+
 TEST_F(CECadClsTest, AnExceptionOfWhoTakesTheLevelsEndsTheRead) {
     tree.m_strFilePath = directory.Write("part.veka", "\n(A)(B)\n");
     int taken = 0;

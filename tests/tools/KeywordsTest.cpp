@@ -5,6 +5,8 @@
 #include <set>
 #include <sstream>
 
+#include "support/Files.h"
+
 namespace {
 
 std::string Page() {
@@ -28,6 +30,11 @@ TEST(Keywords, ThePageSaysWhereAKeywordIsKnownAndWhatItMeans) {
         Count(Page(), "\n| `WIDTH` | `CUBOID` | last value | `CVEKA_3DOJ_CUBOID::WIDTH` | size along X |\n"),
         1u);
     EXPECT_EQ(Count(Page(), "\n| the level itself | `LOGICPIN` | by position |"), 1u);
+}
+
+TEST(Keywords, TheCommittedPageIsThatOfTheRows) {
+    EXPECT_EQ(Page(), test::ReadFile(test::ProjectFolder("docs/keywords.md")))
+        << "run scripts/renew, and look at what has changed in the page";
 }
 
 TEST(Keywords, ThePageShowsTheKeywordsOfABaseClassOnce) {
