@@ -5,6 +5,8 @@
 #include <sys/mman.h>
 #endif
 
+#include <time.h>
+
 #include <cstdint>
 #include <fstream>
 #include <limits>
@@ -54,6 +56,12 @@ double ResetPeak() {
 
 double Peak() {
     return Status("VmHWM:");
+}
+
+double ProcessorTime() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 void KeepMemory() {
