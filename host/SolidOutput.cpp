@@ -5,10 +5,11 @@
 namespace host {
 
 std::vector<std::string> WriteSolidOutput(const CVEKA_Manager& part, const std::string& partFile,
+                                          const std::vector<std::string>& stepFolders,
                                           SolidFile::Format format, const std::string& path) {
     OutputFile output(path);
     std::vector<SolidFile> files{{format, output.TemporaryPath(), false, {}}};
-    std::vector<std::string> remarks = WriteSolids(part, partFile, {}, files);
+    std::vector<std::string> remarks = WriteSolids(part, partFile, stepFolders, files);
     const std::vector<std::string>& failures = files[0].failures;
     if (!files[0].written)
         throw OutputError('"' + path +

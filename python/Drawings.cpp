@@ -6,23 +6,11 @@
 
 #include "drawing/Drawing.h"
 #include "model/CVEKA_Manager.h"
-#include "python/Classes.h"
-#include "python/Handle.h"
-#include "python/Values.h"
+#include "python/RecordOf.h"
 
 namespace veka::python {
 
 namespace {
-
-/// The record of an object of Python.
-template <class Record>
-const Record& RecordOf(const py::object& object) {
-    const Class& type = ClassOf(Describe(typeid(Record)));
-    const Handle* handle = AsHandle(object);
-    if (!handle || handle->type != &type)
-        throw py::type_error("a " + type.name + " is expected, not " + TypeNameOf(object));
-    return *static_cast<const Record*>(handle->record);
-}
 
 /// What a word means.
 template <class Meaning>

@@ -1,10 +1,12 @@
 #include <pybind11/pybind11.h>
 
+#include "model/CVEKA_Manager.h"
 #include "platform/Version.h"
 #include "python/Checking.h"
 #include "python/Classes.h"
 #include "python/Drawings.h"
 #include "python/Reading.h"
+#include "python/RecordOf.h"
 #include "python/TextListType.h"
 #include "python/Values.h"
 
@@ -40,6 +42,9 @@ PYBIND11_MODULE(_veka, module) {
                "reads(data) -> Manager\n\nReads a part from bytes, as read does from a file.");
     // veka/__init__.py and veka/drawing.py give these their names.
     module.def("_check", python::Check);
+    // The address of a part, for the module _host.
+    module.def("_address",
+               [](const py::object& part) { return py::capsule(&python::RecordOf<CVEKA_Manager>(part)); });
     module.def("_draw_footprint", python::DrawFootprint);
     module.def("_draw_symbol", python::DrawSymbol);
     module.def("_draw_package", python::DrawPackage);

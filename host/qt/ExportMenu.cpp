@@ -105,7 +105,7 @@ void ExportMenu::Write(
 void ExportMenu::WriteSolids(const char* title, const char* filter, const char* suffix,
                              SolidFile::Format format) {
     Write(title, filter, suffix, [format](const ImportedPart& part, const std::string& path) {
-        return WriteSolidOutput(part.Model(), std::string(part.file.View()), format, path);
+        return WriteSolidOutput(part.Model(), std::string(part.file.View()), {}, format, path);
     });
 }
 

@@ -1,7 +1,9 @@
+import builtins
+from datetime import datetime
 from collections.abc import Callable, Iterable, Iterator, MutableSequence
 from os import PathLike
 from types import MappingProxyType
-from typing import Any, ClassVar, Generic, NamedTuple, SupportsIndex, TypeVar, overload
+from typing import Any, ClassVar, Generic, Literal, NamedTuple, SupportsIndex, TypeVar, overload
 from typing_extensions import Self
 
 from . import drawing as drawing
@@ -25,6 +27,44 @@ class Finding(NamedTuple):
 
 def check(path: str | bytes | PathLike[str] | PathLike[bytes], /) -> list[Finding]: ...
 def checks(data: bytes | bytearray | memoryview, /) -> list[Finding]: ...
+
+_Path = str | bytes | PathLike[str] | PathLike[bytes]
+
+def to_step(part: Manager, path: _Path, *, folders: _Path | Iterable[_Path] = ...) -> list[str]: ...
+def to_gltf(part: Manager, path: _Path, *, folders: _Path | Iterable[_Path] = ...) -> list[str]: ...
+def to_kicad(parts: Manager | Iterable[Manager], place: _Path, *, models: bool = ...,
+             folders: _Path | Iterable[_Path] = ...) -> list[str]: ...
+
+class LibraryPart(NamedTuple):
+    name: str
+    number: str
+    manufacturer: str
+    description: str
+    type: str
+    package_type: str
+    pins: int
+    company_numbers: tuple[str, ...]
+    families: tuple[str, ...]
+    packages: tuple[str, ...]
+    footprints: tuple[str, ...]
+    symbols: tuple[str, ...]
+    file: str
+    size: int
+    stored: datetime
+    errors: int | None
+    warnings: int | None
+    notes: int | None
+
+_Order = Literal["number", "manufacturer", "description", "package_type", "pins", "size", "stored"]
+
+class Library:
+    path: str
+    def __init__(self, path: _Path, /) -> None: ...
+    def find(self, text: str = ..., *, where: str | Iterable[str] = ..., sort_by: _Order | None = ...,
+             descending: bool = ...) -> builtins.list[LibraryPart]: ...
+    def list(self, *, sort_by: _Order | None = ..., descending: bool = ...) -> builtins.list[LibraryPart]: ...
+    def __iter__(self) -> Iterator[LibraryPart]: ...
+    def __len__(self) -> int: ...
 
 class Record:
     __fields__: ClassVar[MappingProxyType[str, str]]

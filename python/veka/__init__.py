@@ -15,10 +15,11 @@ from collections.abc import MutableSequence as _MutableSequence
 from typing import NamedTuple as _NamedTuple
 
 from . import _veka, drawing
+from ._files import Library, LibraryPart, to_gltf, to_kicad, to_step
 from ._veka import *  # noqa: F401,F403: the classes are made from the records of the library
 from ._veka import __version__
 
-__all__ = ["Finding", "check", "checks", "drawing"]
+__all__ = ["Finding", "Library", "LibraryPart", "check", "checks", "drawing", "to_gltf", "to_kicad", "to_step"]
 __all__ += [_name for _name in vars(_veka) if not _name.startswith("_")]
 
 _MutableSequence.register(_veka.RecordArray)

@@ -16,7 +16,7 @@ TEST(SolidOutput, AProgramWithoutSolidsLeavesTheFileAsItIs) {
     const test::TemporaryDirectory directory;
     const CString path = directory.Write("x.step", "former");
     const auto parser = test::Import("(VEK (PARTGENERAL (MPN A)))");
-    EXPECT_THROW(host::WriteSolidOutput(*parser->GetCVEKA_Manager(), "x.veka", SolidFile::Format::Step,
+    EXPECT_THROW(host::WriteSolidOutput(*parser->GetCVEKA_Manager(), "x.veka", {}, SolidFile::Format::Step,
                                         std::string(path.View())),
                  host::SolidsError);
     EXPECT_EQ(test::ReadFile(directory.Path() / "x.step"), "former");
@@ -25,7 +25,7 @@ TEST(SolidOutput, AProgramWithoutSolidsLeavesTheFileAsItIs) {
 TEST(SolidOutput, AFileWithoutADirectoryIsRefused) {
     const test::TemporaryDirectory directory;
     const auto parser = test::Import("(VEK (PARTGENERAL (MPN A)))");
-    EXPECT_THROW(host::WriteSolidOutput(*parser->GetCVEKA_Manager(), "x.veka", SolidFile::Format::Step,
+    EXPECT_THROW(host::WriteSolidOutput(*parser->GetCVEKA_Manager(), "x.veka", {}, SolidFile::Format::Step,
                                         std::string((directory / "none/x.step").View())),
                  host::OutputError);
 }

@@ -1,6 +1,7 @@
 """What the tests of the module share. The build says where things are, by variables of the environment."""
 
 import os
+import subprocess
 from pathlib import Path
 
 import pytest
@@ -28,6 +29,16 @@ def host():
     if not os.path.exists(program):
         pytest.skip("the host program is not built")
     return program
+
+
+def without_sanitizer():
+    """The environment for a program that does not load the module: without the sanitizer's library of this process."""
+    return {name: value for name, value in os.environ.items() if name not in ("LD_PRELOAD", "PYTHONMALLOC")}
+
+
+def run_host(host, *arguments):
+    """Runs the host program; returns what it printed."""
+    return subprocess.run([host, *arguments], capture_output=True, check=True, env=without_sanitizer()).stdout
 
 
 @pytest.fixture

@@ -3,13 +3,11 @@
 import copy
 import json
 import math
-import os
 import pickle
-import subprocess
 
 import pytest
 import veka
-from conftest import PROJECT, array_classes, fill, record_classes
+from conftest import PROJECT, array_classes, fill, record_classes, run_host
 
 # The classes whose copies lose a field, and those that hold them.
 LOSSY = {"MountPin", "MountData", "Packing_ReelInfo", "Packing_Reel", "Packing", "Package", "Packages", "VEK", "Manager"}
@@ -74,10 +72,7 @@ def test_a_record_equals_its_copy_where_a_number_is_none():
 
 
 def printed(host, file):
-    # The sanitizer's library that this process was started with is not that of the host program.
-    environment = {name: value for name, value in os.environ.items() if name != "LD_PRELOAD"}
-    result = subprocess.run([host, file, "--print", "json"], capture_output=True, check=True, env=environment)
-    return json.loads(result.stdout)
+    return json.loads(run_host(host, file, "--print", "json"))
 
 
 def test_a_dictionary_agrees_with_what_the_host_program_prints(host, examples):
