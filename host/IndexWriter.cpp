@@ -1,6 +1,7 @@
 #include "host/IndexWriter.h"
 
 #include <iterator>
+#include <system_error>
 
 #include "host/LibraryIndex.h"
 
@@ -40,7 +41,12 @@ void IndexWriter::Put(std::vector<StoredPart> parts) {
     if (!m_failure.empty()) return;
     for (const StoredPart& part : parts) m_bytes += TextBytes(part.facts);
     std::move(parts.begin(), parts.end(), std::back_inserter(m_parts));
-    if (!m_thread.joinable()) m_thread = std::thread([this] { Work(); });
+    try {
+        if (!m_thread.joinable()) m_thread = std::thread([this] { Work(); });
+    } catch (const std::system_error& error) {
+        m_failure = error.what();
+        m_parts.clear();
+    }
     m_changed.notify_all();
 }
 

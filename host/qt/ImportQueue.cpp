@@ -22,8 +22,16 @@ ImportQueue::ImportQueue(QueueView& view, Batch batch, std::function<Waiting()> 
 
 bool ImportQueue::Ask(const std::function<bool()>& question) {
     bool answer = false;
-    QMetaObject::invokeMethod(
-        this, [&] { answer = question(); }, Qt::BlockingQueuedConnection);
+    std::exception_ptr failure;  // must not reach the event loop
+    const auto ask = [&] {
+        try {
+            answer = question();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+    };
+    QMetaObject::invokeMethod(this, ask, Qt::BlockingQueuedConnection);
+    if (failure) std::rethrow_exception(failure);
     return answer;
 }
 

@@ -128,6 +128,8 @@ LibraryView::LibraryView(ShowFile show) : m_show(std::move(show)) {
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setWordWrap(false);
     m_table->verticalHeader()->hide();
+    constexpr int kAround = 6;  // pixels above and below the text of a row, together
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + kAround);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setSortIndicatorClearable(true);
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -293,12 +295,12 @@ void LibraryView::ShowTrash() {
     if (!m_index) return;
     QDialog dialog(this);
     dialog.setWindowTitle("Trash of the Library");
-    dialog.resize(520, 360);
+    dialog.resize(560, 360);
     auto* const list = new QTreeWidget;
     list->setObjectName("trash");
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
-    list->setHeaderLabels({"Part", "What restoring does"});
+    list->setHeaderLabels({"Part", "If it is restored it"});
     list->header()->resizeSection(0, 240);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     QPushButton* const restore = buttons->addButton("&Restore", QDialogButtonBox::ActionRole);
@@ -313,9 +315,9 @@ void LibraryView::ShowTrash() {
         names = PartLibrary(veka::ToPath(m_library)).Trash();
         QList<QTreeWidgetItem*> items;
         for (const std::string& name : names)
-            items.append(new QTreeWidgetItem(QStringList{
-                Text(name), HasPart(m_library, name) ? "exchanges the part with the one in the library"
-                                                     : "puts the part back"}));
+            items.append(new QTreeWidgetItem(
+                QStringList{Text(name), HasPart(m_library, name) ? "changes places with the stored part"
+                                                                 : "comes back"}));
         list->addTopLevelItems(items);
     };
     const auto restoreCurrent = [&] {

@@ -377,6 +377,7 @@ void MainWindow::ImportFolders(const std::vector<CString>& folders) {
             return MayReplaceInQueue(file, forAll);
         };
         m_filesDock->show();
+        ShowState("Importing " + CString(std::to_string(batch.files.size())) + " files");
         Remember(kLastLibrary, library);
         AddRecent(kRecentLibraries, library);
         ImportQueue queue(*m_files, std::move(batch), [this, library] { return WaitingBox(library); });
@@ -386,6 +387,8 @@ void MainWindow::ImportFolders(const std::vector<CString>& folders) {
             totals = queue.Run();
         } catch (...) {
             m_queue = nullptr;
+            m_closes = false;
+            m_files->End("The import ended early");
             throw;
         }
         m_queue = nullptr;

@@ -81,6 +81,7 @@ void QueueView::Begin(const std::vector<std::string>& files) {
         m_paths.emplace(items.back(), path);
     }
     m_files->addTopLevelItems(items);
+    m_files->scrollToTop();
     m_bar->setRange(0, static_cast<int>(files.size()));
     m_bar->setValue(0);
     m_count->clear();

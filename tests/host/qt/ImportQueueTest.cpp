@@ -78,6 +78,17 @@ TEST_F(QtImportQueue, CancelAtAQuestionEndsTheQuestions) {
     EXPECT_EQ(asked, 1);
 }
 
+TEST_F(QtImportQueue, AQuestionThatFailsEndsTheImport) {
+    Add("A");
+    host::ImportQueue(view, batch, nullptr).Run();
+    batch.files.clear();
+    Add("A", "INCH");
+    batch.mayReplace = [](const host::CheckedFile&) -> bool { throw host::SourceError("no question"); };
+    host::ImportQueue queue(view, batch, nullptr);
+    EXPECT_THAT([&] { queue.Run(); }, testing::ThrowsMessage<host::SourceError>("no question"));
+    EXPECT_THAT(test::ReadFile(Root() / "A/A.veka"), testing::HasSubstr("MM"));
+}
+
 TEST_F(QtImportQueue, AMissingLibraryIsTheStateOfAFile) {
     Add("A");
     batch.library += "/missing";

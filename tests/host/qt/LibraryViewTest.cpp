@@ -103,7 +103,7 @@ TEST_F(QtLibraryView, AnyPartOfTheTrashCanBeRestored) {
         auto* const list = test::QtScript::Child<QTreeWidget>(trash, "trash");
         ASSERT_EQ(list->topLevelItemCount(), 2);
         EXPECT_EQ(list->topLevelItem(0)->text(0), "BME280");
-        EXPECT_EQ(list->topLevelItem(0)->text(1), "puts the part back");
+        EXPECT_EQ(list->topLevelItem(0)->text(1), "comes back");
         list->setCurrentItem(list->topLevelItem(0));
         test::QtScript::Click(trash, "trashRestore");
         EXPECT_EQ(list->topLevelItemCount(), 1);
@@ -121,7 +121,7 @@ TEST_F(QtLibraryView, AReplacedPartIsExchangedWithTheOneInTheTrash) {
     script.Then([](QWidget& trash) {
         auto* const list = test::QtScript::Child<QTreeWidget>(trash, "trash");
         ASSERT_EQ(list->topLevelItemCount(), 1);
-        EXPECT_EQ(list->topLevelItem(0)->text(1), "exchanges the part with the one in the library");
+        EXPECT_EQ(list->topLevelItem(0)->text(1), "changes places with the stored part");
         list->setCurrentItem(list->topLevelItem(0));
         emit list->itemActivated(list->topLevelItem(0), 0);
         EXPECT_EQ(list->topLevelItemCount(), 1) << "the other one is there now";
