@@ -8,6 +8,9 @@ target_include_directories(veka_roots INTERFACE ${PROJECT_SOURCE_DIR}/src ${PROJ
 
 # A compiler cache and a fast linker are used where they are installed. Neither is needed. What is shipped is linked by the
 # system's own linker.
+if(PROJECT_IS_TOP_LEVEL)
+    find_program(VEKA_LLD ld.lld)
+endif()
 if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CROSSCOMPILING)
     find_program(VEKA_CCACHE ccache)
     if(VEKA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
@@ -15,7 +18,6 @@ if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CROSSCOMPILING)
         set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
             CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${VEKA_CCACHE})
     endif()
-    find_program(VEKA_LLD ld.lld)
     if(VEKA_LLD AND NOT CMAKE_BUILD_TYPE STREQUAL Release)
         add_link_options(-fuse-ld=lld)
     endif()
@@ -85,6 +87,9 @@ function(veka_test_options target)
     endif()
     if(WIN32)
         target_link_options(${target} PUBLIC -static)
+    endif()
+    if(VEKA_LLD)
+        target_link_options(${target} PUBLIC -fuse-ld=lld)
     endif()
 endfunction()
 
