@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "files/Paths.h"
+#include "platform/Utf16.h"
 
 namespace host {
 
@@ -23,10 +24,16 @@ std::string ToText(const fs::path& path) {
 }
 
 /// The path without links, as far as it exists.
-fs::path Resolved(const fs::path& path) {
+fs::path Resolved(const std::string& text) {
+#ifdef _WIN32
+    const fs::path path(
+        veka::ToUtf16(text));  // the functions for paths do not know the prefix of a long path
+#else
+    const fs::path path = ToPath(text);
+#endif
     std::error_code error;
-    fs::path resolved = fs::weakly_canonical(fs::absolute(path, error), error);
-    return error ? path : resolved;
+    const fs::path resolved = fs::weakly_canonical(fs::absolute(path, error), error);
+    return ToPath(error ? text : ToText(resolved));
 }
 
 bool IsBelow(const fs::path& path, const fs::path& directory) {
@@ -40,7 +47,7 @@ OutputFile::OutputFile(const std::string& path) try {
     if (path.empty()) return;
     if (IsLinkOfAnotherUser(ToPath(path)))
         throw OutputError('"' + path + "\" is a link that another user made, and is not followed");
-    const fs::path place = Resolved(ToPath(path));
+    const fs::path place = Resolved(path);
     std::error_code error;
     const fs::file_status status = fs::status(place, error);
     if (fs::exists(status) && !fs::is_regular_file(status))
@@ -86,12 +93,12 @@ void WriteOutput(const std::string& path, std::string_view bytes) {
 void RequireOutsideOf(const std::string& output, const std::string& input, const std::string& library,
                       const std::string& partName) {
     if (output.empty()) return;
-    const fs::path path = Resolved(ToPath(output));
+    const fs::path path = Resolved(output);
     std::error_code error;
-    if (path == Resolved(ToPath(input)) || fs::equivalent(path, ToPath(input), error))
+    if (path == Resolved(input) || fs::equivalent(path, ToPath(input), error))
         throw RefusedOutput('"' + output + "\" is the file that is imported");
     if (library.empty()) return;
-    const fs::path root = Resolved(ToPath(library));
+    const fs::path root = Resolved(library);
     const fs::path entry = path.lexically_relative(root);
     const bool own = IsBelow(path, root) && entry.begin()->native().starts_with(ToPath(".veka-").native());
     if (own || (!partName.empty() && IsBelow(path, root / ToPath(partName))))

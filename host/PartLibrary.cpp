@@ -128,7 +128,10 @@ class Group {
 public:
     explicit Group(const Directory& library) : m_library(library) {}
     ~Group() {
-        if (m_new) m_library.RemoveAll(m_new->Name());
+        if (!m_new) return;
+        const std::string name = m_new->Name();
+        m_new.reset();  // on some systems a directory that is open cannot be removed
+        m_library.RemoveAll(name);
     }
     Group(const Group&) = delete;
     Group& operator=(const Group&) = delete;

@@ -50,7 +50,7 @@ TEST_F(PartFiles, OfADirectoryNamedLikeAFileAreNotTheDirectory) {
 
 TEST_F(PartFiles, ReplaceTheirDirectoryInAList) {
     const std::string one = Write("d/1.veka"), two = Write("d/2.veka");
-    EXPECT_THAT(host::ExpandDirectories({"missing.veka", Root() + "/d", "-"}),
+    EXPECT_THAT(host::ExpandDirectories({"missing.veka", std::string((directory / "d").View()), "-"}),
                 ElementsAre("missing.veka", one, two, "-"));
 }
 
