@@ -40,9 +40,9 @@ TEST_F(IndexWriter, PutsAllPartsIntoTheIndexHoweverManyThereAre) {
 
 TEST_F(IndexWriter, WaitsWhereTheTextsOfPartsTakeMuchMemory) {
     host::IndexWriter writer(Root());
-    for (int group = 0; group < 6; ++group) writer.Put(Parts(group * 100, 100, 100'000));
+    for (int group = 0; group < 3; ++group) writer.Put(Parts(group * 100, 100, 100'000));
     EXPECT_EQ(writer.End(), "");
-    EXPECT_EQ(Size(), 600u);
+    EXPECT_EQ(Size(), 300u);
 }
 
 TEST_F(IndexWriter, WithoutPartsMakesNoIndex) {
