@@ -185,8 +185,9 @@ private:
             const BatchResult& result = m_group[i].result;
             ++m_totals[result.state];
             if (result.reason.empty()) {
+                std::error_code error;  // the path is empty then, and nobody knows where the part came from
                 const std::filesystem::path origin =
-                    std::filesystem::absolute(veka::ToPath(CString(result.file)));
+                    std::filesystem::absolute(veka::ToPath(CString(result.file)), error);
                 there.push_back({std::move(m_group[i].file.facts), m_group[i].stamp,
                                  std::string(veka::FromPath(origin).View())});
                 there.back().facts.fileName = m_group[i].stamp.fileName;

@@ -26,8 +26,8 @@ std::string ToText(const fs::path& path) {
 /// The path without links, as far as it exists.
 fs::path Resolved(const std::string& text) {
 #ifdef _WIN32
-    const fs::path path(
-        veka::ToUtf16(text));  // the functions for paths do not know the prefix of a long path
+    // The functions for paths do not know the prefix of a long path.
+    const fs::path path(veka::ToUtf16(text));
 #else
     const fs::path path = ToPath(text);
 #endif

@@ -308,7 +308,8 @@ void MainWindow::MakeActions() {
 
 QMenu* MainWindow::MakeExportMenu() {
     return new ExportMenu(
-        {[this] { return m_part ? &*m_part : nullptr; }, [this] { return LibraryOrAsk(); },
+        // While files are imported, their questions show other parts behind the file picker.
+        {[this] { return m_part && !m_queue ? &*m_part : nullptr; }, [this] { return LibraryOrAsk(); },
          [this](const CString& file) { return ReadingBox(file); },
          [this](const CString& library) { return WaitingBox(library); },
          [this](const CString& state) { ShowState(state); },

@@ -268,6 +268,23 @@ TEST_F(QtMainWindow, OneQuestionIsEnoughForAllFiles) {
     EXPECT_EQ(Text("state"), "4 files: 1 refused, 3 unchanged");
 }
 
+TEST_F(QtMainWindow, ThePartOfAQuestionCannotBeExportedWhileFilesAreImported) {
+    auto* const menu = test::QtScript::Child<QMenu>(window, "export");
+    const auto canExport = [menu] {
+        emit menu->aboutToShow();
+        return test::QtScript::Child<QAction>(*menu, "exportKiCad")->isEnabled();
+    };
+    window.Suggest("", library);
+    window.ImportFiles(WriteParts(directory, 2, "MM"));
+    EXPECT_TRUE(canExport());
+    script.Then([&](QWidget& question) {
+        EXPECT_FALSE(canExport());
+        test::QtScript::Answer(question, QMessageBox::NoToAll);
+    });
+    window.ImportFiles(WriteParts(directory, 2, "INCH"));
+    EXPECT_TRUE(canExport());
+}
+
 TEST_F(QtMainWindow, CancelEndsTheImportOfAllFilesAfterThoseInHand) {
     window.Suggest("", library);
     std::vector<CString> files = WriteParts(directory, 2, "MM");
