@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
+#include <future>
+#include <memory>
 #include <thread>
 
 #include "files/Paths.h"
@@ -21,18 +23,18 @@ ImportQueue::ImportQueue(QueueView& view, Batch batch, std::function<Waiting()> 
     : m_view(view), m_batch(std::move(batch)), m_makeWaiting(std::move(waiting)) {}
 
 bool ImportQueue::Ask(const std::function<bool()>& question) {
-    bool answer = false;
-    std::exception_ptr failure;  // must not reach the event loop
-    const auto ask = [&] {
+    // The answer comes back by a promise, not by a connection that blocks: TSan sees what a promise orders.
+    // Both threads own the promise, because this one can go on before the other has left `set_value`.
+    const auto answer = std::make_shared<std::promise<bool>>();
+    const auto ask = [answer, &question] {
         try {
-            answer = question();
+            answer->set_value(question());
         } catch (...) {
-            failure = std::current_exception();
+            answer->set_exception(std::current_exception());  // must not reach the event loop
         }
     };
-    QMetaObject::invokeMethod(this, ask, Qt::BlockingQueuedConnection);
-    if (failure) std::rethrow_exception(failure);
-    return answer;
+    QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
+    return answer->get_future().get();
 }
 
 void ImportQueue::Import() try {
