@@ -2,14 +2,26 @@
 
 #include <sqlite3.h>
 
+#include <system_error>
+
 namespace host {
 
 namespace {
 
 constexpr int kBusyMilliseconds = 5000;
 
+/// Raises what failed last, with the reason that the system gave.
+[[noreturn]] void Raise(int result, sqlite3* database) {
+    const int code = result & 0xFF;
+    std::string sentence = sqlite3_errmsg(database);
+    if (code == SQLITE_FULL) sentence = "the disk is full";  // no index reaches SQLite's own limit
+    const int reason = sqlite3_system_errno(database);
+    if (code == SQLITE_IOERR && reason != 0) sentence += ": " + std::system_category().message(reason);
+    throw SqliteError(code, sentence);
+}
+
 void Check(int result, sqlite3* database) {
-    if (result != SQLITE_OK) throw SqliteError(result & 0xFF, sqlite3_errmsg(database));
+    if (result != SQLITE_OK) Raise(result, database);
 }
 
 }  // namespace
@@ -27,7 +39,7 @@ Statement::Statement(sqlite3* database, std::string_view sql) {
 
 void Statement::Fail() const {
     sqlite3* const database = sqlite3_db_handle(m_statement.get());
-    throw SqliteError(sqlite3_errcode(database) & 0xFF, sqlite3_errmsg(database));
+    Raise(sqlite3_errcode(database), database);
 }
 
 Statement& Statement::Bind(std::int64_t value) {

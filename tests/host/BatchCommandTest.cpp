@@ -12,6 +12,7 @@
 #include "host/Interrupt.h"
 #include "host/LibraryIndex.h"
 #include "inspect/Json.h"
+#include "support/Children.h"
 #include "support/Files.h"
 
 namespace {
@@ -40,7 +41,7 @@ protected:
         arguments.insert(arguments.end(), {"--library", library});
         return host::RunHost(arguments, {in, out, err, terminal, live});
     }
-    std::filesystem::path Root() const { return directory.Path() / "lib"; }
+    std::filesystem::path Root() const { return veka::ToPath(CString(library)); }
     std::string Write(const std::string& name, const std::string& text) {
         return directory.Write("in/" + name, text).GetString();
     }
@@ -243,6 +244,73 @@ TEST_F(BatchCommand, AnIndexThatAnotherProgramHoldsIsOneSentenceAndStopsNoStore)
     EXPECT_EQ(Run({"--list"}), 0);
     EXPECT_THAT(out.str(), EndsWith("2 parts\n"));
     EXPECT_EQ(err.str(), "") << "as soon as the index is free, all is well";
+}
+
+constexpr int kFew = 40;
+
+/// What becomes of an import on a disk that is full while the index is written.
+enum FullDisk { kAllWritten = 10, kIndexNotWritten, kWrong };
+
+TEST_F(BatchCommand, ADiskThatIsFullWhileTheIndexIsWrittenIsOneSentenceAndStopsNoStore) {
+    if (!host::HasIndex()) GTEST_SKIP() << "This program was built without SQLite.";
+    for (int i = 0; i < kFew; ++i)
+        Write("p" + std::to_string(i) + ".veka", PartText("P" + std::to_string(i)));
+    const std::filesystem::path disk = directory.Path() / "disk";
+    std::filesystem::create_directory(disk);
+    constexpr int kDisk = 1024;  // kB
+    const auto import = [&](int room) -> int {
+        if (!test::MountSmallDisk(disk, kDisk)) return test::kNotPossibleHere;
+        library = (directory / "disk/lib").GetString();
+        std::filesystem::create_directory(Root());
+        const std::filesystem::path filling = disk / "filling";
+        std::ofstream(filling) << std::string(static_cast<std::size_t>(kDisk - room) * 1024, 'x');
+        if (Run({folder}) != 0 || !out.str().ends_with("40 files: 40 stored\n")) return kWrong;
+        const std::string said = err.str();
+        const std::string sentence = "veka-host: the index of the library was not written: ";
+        if (!said.empty() && said != sentence + "the disk is full\n" &&
+            said != sentence + "disk I/O error: No space left on device\n")
+            return kWrong;
+        for (int i = 0; i < kFew; ++i) {
+            const std::string number = std::to_string(i);
+            if (test::ReadFile(Root() / ("P" + number) / ("p" + number + ".veka")) != PartText("P" + number))
+                return kWrong;
+        }
+        if (Run({"--list"}) != 0 || !out.str().ends_with("40 parts\n")) return kWrong;
+        std::filesystem::remove(filling);
+        for (const char* search : {"--list", "--verify"})
+            if (Run({search}) != 0 || out.str().find("40 parts") == std::string::npos || !err.str().empty())
+                return kWrong;
+        return said.empty() ? kAllWritten : kIndexNotWritten;
+    };
+    std::vector<int> codes;
+    for (int room = 4 * kFew + 20; room < 700; room += 20) {
+        codes.push_back(test::InChild([&] { return import(room); }));
+        if (codes.back() == test::kNotPossibleHere) GTEST_SKIP() << "No disk of one's own can be made here.";
+        ASSERT_THAT(codes.back(), testing::AnyOf(kAllWritten, kIndexNotWritten)) << room << " kB";
+    }
+    EXPECT_EQ(codes.front(), kIndexNotWritten);
+    EXPECT_EQ(codes.back(), kAllWritten);
+}
+
+TEST_F(BatchCommand, AnIndexThatCannotGrowIsOneSentenceAndStopsNoStore) {
+    if (!host::HasIndex()) GTEST_SKIP() << "This program was built without SQLite.";
+    for (int i = 0; i < kFew; ++i)
+        Write("p" + std::to_string(i) + ".veka", PartText("P" + std::to_string(i)));
+    const int code = test::InChild([&] {
+        if (!test::LimitFiles(40'000)) return test::kNotPossibleHere;
+        if (Run({folder}) != 0 || !out.str().ends_with("40 files: 40 stored\n")) return 1;
+        const std::string said = err.str();
+        return said.starts_with("veka-host: the index of the library was not written: disk I/O error") &&
+                       said.find('\n') + 1 == said.size()
+                   ? 0
+                   : 2;
+    });
+    if (code == test::kNotPossibleHere) GTEST_SKIP() << "The size of files cannot be limited here.";
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(Run({"--list"}), 0);
+    EXPECT_THAT(out.str(), EndsWith("40 parts\n"));
+    EXPECT_EQ(err.str(), "") << "the next command writes the index";
+    EXPECT_EQ(Run({"--verify"}), 0);
 }
 
 TEST_F(BatchCommand, ALibraryInUseEndsItWithOneSentence) {

@@ -47,8 +47,8 @@ private:
 
 /// Lets no file grow beyond a size.
 bool LimitFiles(unsigned long size);
-/// Gives this process a disk of its own with 64 kB at a directory.
-bool MountSmallDisk(const std::filesystem::path& where);
+/// Gives this process a disk of its own, with some kilobytes, at a directory.
+bool MountSmallDisk(const std::filesystem::path& where, int kilobytes = 64);
 /// Gives up the rights of the superuser.
 bool BecomeNobody();
 

@@ -73,14 +73,15 @@ bool LimitFiles(unsigned long size) {
     return setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }
 
-bool MountSmallDisk(const std::filesystem::path& where) {
+bool MountSmallDisk(const std::filesystem::path& where, int kilobytes) {
     const std::string user = "0 " + std::to_string(getuid()) + " 1";
     const std::string group = "0 " + std::to_string(getgid()) + " 1";
     if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
     std::ofstream("/proc/self/uid_map") << user;
     std::ofstream("/proc/self/setgroups") << "deny";
     std::ofstream("/proc/self/gid_map") << group;
-    return mount("disk", where.c_str(), "tmpfs", 0, "size=64k") == 0;
+    const std::string size = "size=" + std::to_string(kilobytes) + 'k';
+    return mount("disk", where.c_str(), "tmpfs", 0, size.c_str()) == 0;
 }
 
 bool BecomeNobody() {

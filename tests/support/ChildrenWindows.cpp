@@ -62,7 +62,7 @@ bool LimitFiles(unsigned long) {
     return false;
 }
 
-bool MountSmallDisk(const std::filesystem::path&) {
+bool MountSmallDisk(const std::filesystem::path&, int) {
     return false;
 }
 
