@@ -6,6 +6,7 @@
 
 #include "files/Paths.h"
 #include "host/BatchImport.h"
+#include "host/FindingSums.h"
 #include "host/IndexWriter.h"
 #include "host/Interrupt.h"
 #include "host/Messages.h"
@@ -45,6 +46,8 @@ public:
         batch.onResult = [this](const BatchResult& result, const BatchTotals& totals) {
             Report(result, totals);
         };
+        if (m_line.findingsSummary)
+            batch.onReport = [this](const veka::ImportReport& report) { m_findings.Add(report); };
         batch.goOn = [] { return !Interrupt::Happened(); };
         IndexWriter index(veka::ToPath(CString(m_line.library)));
         batch.index = [&index](std::vector<StoredPart> stored) { index.Put(std::move(stored)); };
@@ -56,7 +59,7 @@ public:
             m_messages.Say("the index of the library was not written: " + indexFailure);
         if (m_line.jsonSummary)
             WriteJsonTotals(totals);
-        else if (m_line.print == Print::Summary)
+        else
             WriteTotals(totals);
         if (totals.Left() > 0)
             m_messages.Say(Count(totals.Left()) + (totals.Left() == 1 ? " file is" : " files are") +
@@ -109,9 +112,17 @@ private:
         m_streams.out << "\n]";
         for (size_t i = 0; i < totals.counts.size(); ++i)
             m_streams.out << ",\"" << StateWord(static_cast<State>(i)) << "\":" << totals.counts[i];
-        m_streams.out << ",\"left\":" << totals.Left() << "}\n";
+        m_streams.out << ",\"left\":" << totals.Left();
+        if (m_line.findingsSummary) WriteJsonMembers(m_streams.out, m_findings);
+        m_streams.out << "}\n";
     }
     void WriteTotals(const BatchTotals& totals) {
+        const bool summary = m_line.print == Print::Summary;
+        if (summary) WriteReasons(totals);
+        if (m_line.findingsSummary) WriteTable(m_streams.out, m_findings);
+        if (summary) m_streams.out << TotalsSentence(totals) << '\n';
+    }
+    void WriteReasons(const BatchTotals& totals) {
         if (totals.files > kOnScreen)
             for (const std::string& reason : m_reasons) m_streams.out << veka::Printable(reason) << '\n';
         const size_t reasons = totals.counts[static_cast<size_t>(State::Refused)] +
@@ -119,7 +130,6 @@ private:
         if (totals.files > kOnScreen && reasons > m_reasons.size())
             m_streams.out << "and " << reasons - m_reasons.size()
                           << " more reasons; --summary json prints all\n";
-        m_streams.out << TotalsSentence(totals) << '\n';
     }
 
     /// Asks at the terminal whether a part may be replaced; "all" and "none" answer for those that follow.
@@ -146,6 +156,7 @@ private:
     Messages m_messages;
     ProgressLine m_progress;
     std::vector<std::string> m_reasons;  // the first ones
+    FindingSums m_findings;
     size_t m_written = 0;
     char m_forAll = ' ';
     int m_code = kImported;
@@ -155,7 +166,7 @@ private:
 
 bool IsBatch(const CommandLine& line) {
     if (line.library.empty() || line.Shown() || line.files.empty()) return false;
-    if (line.files.size() > 1 || line.jsonSummary) return true;
+    if (line.files.size() > 1 || line.Summarised()) return true;
     return IsDirectoryOfFiles(line.files[0]);
 }
 

@@ -35,7 +35,7 @@ public:
     explicit Run(const Batch& batch)
         : m_batch(batch),
           m_library(veka::ToPath(CString(batch.library)), batch.waiting),
-          m_reader(m_batch.files, {batch.limits, nullptr, false}, batch.jobs) {
+          m_reader(m_batch.files, {batch.limits, nullptr, false, batch.onReport != nullptr}, batch.jobs) {
         m_totals.files = batch.files.size();
     }
 
@@ -184,6 +184,7 @@ private:
         for (size_t i = 0; i < count; ++i) {
             const BatchResult& result = m_group[i].result;
             ++m_totals[result.state];
+            if (m_group[i].file.report) m_batch.onReport(*m_group[i].file.report);
             if (result.reason.empty()) {
                 std::error_code error;  // the path is empty then, and nobody knows where the part came from
                 const std::filesystem::path origin =

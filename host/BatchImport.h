@@ -53,6 +53,9 @@ struct Batch {
     std::function<bool(const CheckedFile& file)> mayReplace = nullptr;
     /// Told what became of each file, in the order of the files.
     std::function<void(const BatchResult& result, const BatchTotals& totals)> onResult = nullptr;
+    /// Given the report of each file that could be read, before `onResult`; null makes no reports. A report
+    /// counts its findings and keeps none.
+    std::function<void(const veka::ImportReport& report)> onReport = nullptr;
     /// Asked now and then; false ends the batch after the files that are in hand.
     std::function<bool()> goOn = nullptr;
     /// Given the parts that a group has stored, or of which the library has the very content.

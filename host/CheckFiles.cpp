@@ -110,8 +110,9 @@ int CheckFiles(const CommandLine& line, const Streams& streams) {
     return Checker(line, streams).Run();
 }
 
-veka::ImportReport ReportOn(const std::string& file, std::string_view bytes) {
+veka::ImportReport ReportOn(const std::string& file, std::string_view bytes, std::size_t most) {
     veka::ReportOptions options;
+    options.most = most;
     if (file != kStandardInput) {
         const std::filesystem::path path = veka::ToPath(CString(file));
         options.folder =

@@ -14,9 +14,10 @@ namespace host {
 /// note, 1 with warnings, 3 with errors or with a file that cannot be read.
 int CheckFiles(const CommandLine& line, const Streams& streams);
 
-/// Reports on the bytes of a file. The files that the part names are looked for beside the file; `-` is
-/// beside nothing.
-veka::ImportReport ReportOn(const std::string& file, std::string_view bytes);
+/// Reports on the bytes of a file, and keeps so many findings of each code. The files that the part names are
+/// looked for beside the file; `-` is beside nothing.
+veka::ImportReport ReportOn(const std::string& file, std::string_view bytes,
+                            std::size_t most = veka::ReportOptions().most);
 
 /// How many errors and warnings a report has, as "1 error and 3 warnings"; empty where there is none.
 std::string CountOfFindings(const veka::ImportReport& report);

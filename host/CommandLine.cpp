@@ -9,7 +9,7 @@ namespace host {
 
 const char* const kUsage =
     "usage: veka-host [FILE...] [--library DIR] [--overwrite yes|no|ask] [--print [json]] [--pins [csv]]\n"
-    "                 [--jobs NUMBER] [--summary json]\n"
+    "                 [--jobs NUMBER] [--summary json|findings]\n"
     "                 [--step FILE] [--gltf FILE] [--step-folder DIR...]\n"
     "                 [--picture FILE [--of WHAT] [--side top|bottom]] [--kicad DIR/NAME [--models yes|no]]\n"
     "                 [--quiet] [--ui qt|win32|console]\n"
@@ -28,6 +28,8 @@ const char* const kUsage =
     "  --overwrite HOW     what to do with a part that the library already has (ask)\n"
     "  --jobs NUMBER       how many files are read side by side (one for each processor)\n"
     "  --summary json      print what became of each file as JSON\n"
+    "  --summary findings  print how often the reports of all files have each finding. It can be given "
+    "with json\n"
     "  --print             print every record as an outline\n"
     "  --print json        print every record as JSON, one line for each file\n"
     "  --pins              print the pins as a table\n"
@@ -157,7 +159,7 @@ void Require(const CommandLine& line) {
     }
     if (line.search != LibrarySearch::No) {
         if (line.library.empty()) throw UsageError("--find, --where, --list and --verify need --library DIR");
-        if (!line.files.empty() || line.Shown() || line.undo || line.open || line.jsonSummary)
+        if (!line.files.empty() || line.Shown() || line.undo || line.open || line.Summarised())
             throw UsageError(
                 "--find, --where, --list and --verify take no file and no option that prints or imports");
         return;
@@ -173,9 +175,9 @@ void Require(const CommandLine& line) {
     if (line.Attended() && standardInput) throw UsageError("a window cannot read standard input");
     if (line.Attended() && line.files.size() > 1 && (line.Shown() || line.windows == Windows::Console))
         throw UsageError("only one file can be imported here");
-    if (line.jsonSummary && (line.library.empty() || line.files.empty() || line.Attended() || line.Shown()))
+    if (line.Summarised() && (line.library.empty() || line.files.empty() || line.Attended() || line.Shown()))
         throw UsageError("--summary needs a file and --library DIR, and prints nothing else");
-    if (line.jsonSummary && standardInput) throw UsageError("--summary needs a file or a directory");
+    if (line.Summarised() && standardInput) throw UsageError("--summary needs a file or a directory");
     if (line.open && line.Shown()) throw UsageError("--open only shows files in the window");
     if (line.files.size() > 1 && standardInput)
         throw UsageError("standard input can only be imported by itself");
@@ -262,8 +264,9 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
         } else if (option == "--jobs") {
             line.jobs = Number(option, next.Value(), "threads");
         } else if (option == "--summary") {
-            OneOf<int>(option, next.Value(), {{"json", 0}});
-            line.jsonSummary = true;
+            line.*OneOf<bool CommandLine::*>(option, next.Value(),
+                                             {{"json", &CommandLine::jsonSummary},
+                                              {"findings", &CommandLine::findingsSummary}}) = true;
         } else if (option == "--kicad") {
             line.kicad = next.Path();
         } else if (option == "--models") {

@@ -49,6 +49,7 @@ struct CommandLine {
     std::vector<std::string> files;  ///< empty: the user names a file in the dialog
     unsigned jobs = 0;               ///< how many files are read side by side; 0: one for each processor
     bool jsonSummary = false;        ///< print what became of each file as JSON
+    bool findingsSummary = false;    ///< print what the reports of all files say in sum
     std::string library;             ///< directory that parts are stored in; empty: nothing is stored
     Overwrite overwrite = Overwrite::Ask;
     Print print = Print::Summary;
@@ -74,6 +75,8 @@ struct CommandLine {
         return !undo && !WholeLibrary() && search == LibrarySearch::No &&
                (files.empty() || open || windows != Windows::Automatic);
     }
+    /// True if a summary of an import is asked for.
+    bool Summarised() const { return jsonSummary || findingsSummary; }
     /// True if something is to be printed or written besides the library.
     bool Shown() const {
         return (print != Print::Summary && print != Print::Nothing) || !step.empty() || !gltf.empty() ||

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <system_error>
 
+#include "host/CheckFiles.h"
+
 namespace host {
 
 namespace {
@@ -14,12 +16,14 @@ constexpr size_t kSpare = 4096;  // bytes of memory that a file may have too man
 
 /// Checks the part that a function reads.
 template <class Read>
-CheckedFile Check(const std::string& file, Read read) {
+CheckedFile Checked(const std::string& file, const Reading& reading, Read read) {
     CheckedFile checked;
     checked.file = file;
     try {
         ImportedPart part = read();
         checked.faults = part.faults;
+        // In this thread, beside the others.
+        if (reading.report) checked.report = ReportOn(file, part.content.bytes, 0);
         RequireSections(part);
         RequirePartNumber(part);
         checked.facts = FactsOf(part);
@@ -36,11 +40,11 @@ CheckedFile Check(const std::string& file, Read read) {
 }  // namespace
 
 CheckedFile CheckContent(const std::string& file, FileContent content, const Reading& reading) {
-    return Check(file, [&] { return ReadPart(CString(file), std::move(content), reading); });
+    return Checked(file, reading, [&] { return ReadPart(CString(file), std::move(content), reading); });
 }
 
 CheckedFile CheckFile(const std::string& file, const Reading& reading) {
-    return Check(file, [&] { return ReadPart(CString(file), reading); });
+    return Checked(file, reading, [&] { return ReadPart(CString(file), reading); });
 }
 
 ReadAhead::ReadAhead(std::size_t count, std::function<CheckedFile(std::size_t place)> read, unsigned jobs)

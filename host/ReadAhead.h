@@ -12,6 +12,7 @@
 #include "host/Failure.h"
 #include "host/ImportedPart.h"
 #include "host/PartFacts.h"
+#include "report/ImportReport.h"
 
 namespace host {
 
@@ -23,6 +24,8 @@ struct CheckedFile {
     std::vector<std::string> faults;  ///< a sentence for each thing that is wrong with the file as a whole
     /// Why the file holds no part that can be stored; the rest is then empty.
     std::optional<Failure> failure;
+    /// How many findings of each code the file has, where a report was asked for and the file could be read.
+    std::optional<veka::ImportReport> report;
 };
 
 /// Imports the content of one file that was read. What fails is in the result.

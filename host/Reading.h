@@ -22,6 +22,8 @@ struct Reading {
     std::function<bool(const veka::ImportProgress&)> goOn = nullptr;
     /// Ctrl-C ends the import, and not the program.
     bool interruptible = false;
+    /// A report of the file is made, too. The report takes about as long as the import.
+    bool report = false;
 };
 
 }  // namespace host

@@ -142,6 +142,36 @@ TEST_F(BatchCommand, TheSummaryIsJsonWhereThatIsAskedFor) {
     EXPECT_EQ(Run({a, "--summary", "json", "--pins"}), 2);
 }
 
+TEST_F(BatchCommand, TheFindingsOfAllFilesAreSummedUpWhereThatIsAskedFor) {
+    Write("a.veka", "(VEK (PARTGENERAL (MPN A B) (MANUFACTURER M N)))");
+    Write("b.veka", "(VEK (PARTGENERAL (MPN B B)))");
+    Write("none.veka", "(VEK (PARTGENERAL (MANUFACTURER M) (BOM)))");
+    const std::string rows =
+        "findings in 3 files:\n"
+        "  findings     files  code       severity  kind          name\n"
+        "         3         2  VEKA-W005  warning   not-read      surplus-value\n"
+        "         1         1  VEKA-W007  note      not-read      gives-nothing\n";
+    EXPECT_EQ(Run({folder, "--summary", "findings"}), 1);
+    EXPECT_THAT(out.str(), EndsWith("in " + library + '\n' + rows + "3 files: 1 refused, 2 stored\n"));
+    EXPECT_EQ(Run({folder, "--summary", "findings", "-q", "--jobs", "3"}), 1);
+    EXPECT_EQ(out.str(), rows) << "parts that are unchanged are counted, too";
+    EXPECT_EQ(Run({folder, "--summary", "findings", "--summary", "json"}), 1);
+    EXPECT_THAT(out.str(), AllOf(testing::StartsWith("{\"files\":[\n"),
+                                 HasSubstr(",\"left\":0,\"reports\":3,\"findings\":[\n{\"code\":"
+                                           "\"VEKA-W005\",\"name\":\"surplus-value\","),
+                                 EndsWith("\"files\":1,\"count\":1}\n]}\n")));
+    EXPECT_EQ(Run({folder}), 1);
+    EXPECT_THAT(out.str(), Not(HasSubstr("findings")));
+    EXPECT_EQ(Run({folder + "/a.veka", "--summary", "findings", "-q"}), 0) << "one file, too";
+    EXPECT_THAT(out.str(), HasSubstr("         2         1  VEKA-W005"));
+}
+
+TEST_F(BatchCommand, AFileThatCannotBeReadHasNoReport) {
+    Write("a.veka", PartText("A"));
+    EXPECT_EQ(Run({folder, folder + "/missing.veka", "--summary", "findings", "-q"}), 1);
+    EXPECT_EQ(out.str(), "findings in 1 file: none\n");
+}
+
 #ifndef _WIN32
 TEST_F(BatchCommand, ANameThatIsNoUtf8IsReadableJson) {
     Write("none \xFF.veka", "(VEK)");

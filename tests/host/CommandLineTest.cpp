@@ -56,6 +56,24 @@ TEST(CommandLine, AUserInterfaceThatIsNamedAsksWithAFileToo) {
     EXPECT_EQ(ParseCommandLine({"--ui", "console"}).windows, host::Windows::Console);
 }
 
+TEST(CommandLine, TakesEachSummaryAndBothTogether) {
+    const auto parse = [](std::vector<std::string> words) {
+        std::vector<std::string> arguments{"f", "--library", "l"};
+        for (const std::string& word : words) arguments.insert(arguments.end(), {"--summary", word});
+        return ParseCommandLine(arguments);
+    };
+    EXPECT_FALSE(parse({}).Summarised());
+    EXPECT_TRUE(parse({"json"}).jsonSummary);
+    EXPECT_FALSE(parse({"json"}).findingsSummary);
+    EXPECT_TRUE(parse({"findings"}).findingsSummary);
+    EXPECT_FALSE(parse({"findings"}).jsonSummary);
+    const host::CommandLine both = parse({"findings", "json"});
+    EXPECT_TRUE(both.jsonSummary && both.findingsSummary);
+    EXPECT_THROW(ParseCommandLine({"f", "--summary", "findings"}), UsageError) << "nothing is imported";
+    EXPECT_THROW(ParseCommandLine({"-", "--library", "l", "--summary", "findings"}), UsageError);
+    EXPECT_THROW(ParseCommandLine({"--library", "l", "--list", "--summary", "findings"}), UsageError);
+}
+
 TEST(CommandLine, AWrongWordIsAnsweredWithTheRightOnes) {
     const auto sentence = [](std::vector<std::string> arguments) -> std::string {
         try {

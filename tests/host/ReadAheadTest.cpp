@@ -57,6 +57,23 @@ TEST_F(ReadAheadTest, AFileThatFailsSaysWhyAndStopsNoOther) {
     EXPECT_THAT(file.faults, testing::ElementsAre(HasSubstr("ends inside the level \"PADS\"")));
 }
 
+TEST_F(ReadAheadTest, ReportsOnFilesWhereThatIsAskedForAlsoOnThoseWithoutAPart) {
+    files = {(directory / "missing").GetString(),
+             directory.Write("none.veka", "(VEK (PARTGENERAL (MANUFACTURER M N)))").GetString(),
+             directory.Write("a.veka", "(VEK (PARTGENERAL (MPN A B)))").GetString()};
+    for (const bool report : {false, true}) {
+        ReadAhead reader(files, {{}, nullptr, false, report}, 2);
+        for (const bool readable : {false, true, true}) {
+            CheckedFile file;
+            ASSERT_EQ(reader.Next(file, kLong), ReadAhead::Answer::File);
+            ASSERT_EQ(file.report.has_value(), report && readable) << file.file;
+            if (!file.report) continue;
+            EXPECT_EQ(file.report->Dropped(), 1u) << "findings are counted";
+            EXPECT_TRUE(file.report->Findings().empty()) << "and not kept";
+        }
+    }
+}
+
 TEST_F(ReadAheadTest, StopHandsOverWhatIsInHandAndNoMore) {
     WriteParts(3000);
     ReadAhead reader(files, {}, 2);

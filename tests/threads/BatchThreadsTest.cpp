@@ -108,7 +108,13 @@ protected:
 
 TEST_F(BatchThreads, ReadStoreAndIndexSideBySide) {
     const std::vector<std::string> files = WriteParts(0, 800);
-    EXPECT_EQ(ImportWithIndex(Of(files))[State::Stored], 800u);
+    Batch reported = Of(files);
+    std::size_t unknown = 0;
+    reported.onReport = [&](const veka::ImportReport& report) {
+        unknown += report.Count(veka::Code::UnknownLevel);
+    };
+    EXPECT_EQ(ImportWithIndex(reported)[State::Stored], 800u);
+    EXPECT_EQ(unknown, 800u) << "each file has one unknown level";
     EXPECT_EQ(ImportWithIndex(Of(files))[State::Unchanged], 800u);
     ExpectAllFound(800);
 }
