@@ -3,6 +3,7 @@
 //   veka_batch make LIBRARY COUNT  makes a library of small parts
 //   veka_batch find LIBRARY        prints how long opening the library and finding parts takes, in
 //   milliseconds
+//   veka_batch all LIBRARY         asks for each part by its number, and fails where one is not found
 
 #include <algorithm>
 #include <chrono>
@@ -16,6 +17,7 @@
 #include "host/LibraryIndex.h"
 #include "host/PartFiles.h"
 #include "host/ReadAhead.h"
+#include "host/StoredPart.h"
 
 namespace {
 
@@ -97,6 +99,35 @@ int Find(const std::string& library) {
     return 0;
 }
 
+/// True if the index finds a part under its number. The part is one of the first that it finds.
+bool FindsItself(host::LibraryIndex& index, const host::PartFacts& facts) {
+    const std::vector<std::int64_t> found = index.Find({facts.number, {}});
+    return std::any_of(found.begin(), found.end(), [&](std::int64_t id) {
+        const std::optional<host::ListedPart> part = index.Part(id);
+        return part && part->facts.name == facts.name && part->facts.number == facts.number;
+    });
+}
+
+/// Reads the numbers from the files of the parts, and not from the index.
+int FindAll(const std::string& library) {
+    const host::Directory directory(library);
+    const std::vector<std::string> names = host::StoredNames(directory);
+    const auto index = host::OpenIndex(library);
+    index->Refresh();
+    for (const std::string& remark : index->Remarks()) std::cerr << remark << '\n';
+    host::ReadAhead reader(
+        names.size(), [&](std::size_t place) { return host::ReadStored(directory, names[place]).file; }, 0);
+    std::size_t missing = 0;
+    for (host::CheckedFile file;
+         reader.Next(file, std::chrono::minutes(10)) == host::ReadAhead::Answer::File;) {
+        if (!file.failure && FindsItself(*index, file.facts)) continue;
+        ++missing;
+        std::cerr << (file.failure ? file.failure->sentence : "not found: " + file.facts.name) << '\n';
+    }
+    std::cout << names.size() - missing << " of " << names.size() << " parts are found under their numbers\n";
+    return missing == 0 && !names.empty() ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -105,10 +136,11 @@ int main(int argc, char** argv) {
         if (what == "read" && argc == 4) return Read(argv[2], static_cast<unsigned>(std::stoul(argv[3])));
         if (what == "make" && argc == 4) return Make(argv[2], std::stoul(argv[3]));
         if (what == "find" && argc == 3) return Find(argv[2]);
+        if (what == "all" && argc == 3) return FindAll(argv[2]);
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;
     }
-    std::cerr << "veka_batch read FOLDER JOBS | make LIBRARY COUNT | find LIBRARY\n";
+    std::cerr << "veka_batch read FOLDER JOBS | make LIBRARY COUNT | find LIBRARY | all LIBRARY\n";
     return 2;
 }

@@ -541,11 +541,10 @@ private:
         if (Characters(term) >= 3)
             ids = Both(ids, IdsOf("SELECT rowid FROM pieces WHERE pieces MATCH ?", Phrase(term)));
         const bool word = std::any_of(term.begin(), term.end(), [](char c) {
-            return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                   (c & 0x80) != 0;
+            return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
         });
-        // Marks are no words, and a search for words does not find them.
-        if (!word)
+        // Marks and signs are no words, and a search for words does not find them.
+        if (!word && ids.empty())
             ids = Both(ids, IdsOf(R"(SELECT id FROM parts WHERE number LIKE ? ESCAPE '\' ORDER BY id)",
                                   '%' + Pattern(term, false) + '%'));
         return ids;

@@ -97,6 +97,40 @@ TEST_F(Index, AnyTextOfTheUserIsValid) {
     EXPECT_THAT(Find("%"), IsEmpty()) << "and no mark has a meaning";
 }
 
+TEST_F(Index, FindsEachPartUnderItsNumberWhateverTheNumberIs) {
+    const std::vector<std::string> numbers = {"A",        "a b",     "a  b",      "1",
+                                              "12",       "1.2-3/4", "---",       "*",
+                                              "%_\\",     "(A) OR",  "NEAR",      "NOT a* AND b",
+                                              "\xC3\xA9", "\xFF",    "M\xC2\xB5", "\xF0\x9F\x98\x80",
+                                              "x'y",      "A-1;--",  "A,B",       "a#b",
+                                              "[1:2]",    "^A$",     "=1",        "\t.",
+                                              "- -"};
+    for (const std::string& number : numbers) Store({number});
+    for (const std::string& number : numbers) {
+        const std::vector<std::string> found = Find(number);
+        ASSERT_THAT(found, testing::Contains(number));
+        EXPECT_EQ(found[0].size(), number.size()) << number << " comes first";
+    }
+}
+
+TEST_F(Index, FindsEachRealPartUnderItsNumber) {
+    VEKA_NEEDS_CORPUS();
+    host::Batch batch;
+    batch.library = (directory / "lib").GetString();
+    for (const std::filesystem::path& file : test::CorpusFiles())
+        batch.files.push_back(veka::FromPath(file).GetString());
+    const host::BatchTotals totals = host::ImportBatch(batch);
+    EXPECT_EQ(totals.Left(), 0u);
+    const auto index = Open();
+    const host::Directory library(Root());
+    const std::vector<std::string> names = host::StoredNames(library);
+    EXPECT_GT(names.size(), 40u);
+    for (const std::string& name : names) {
+        const std::string number = host::ReadStored(library, name).file.facts.number;
+        ASSERT_THAT(Numbers(*index, {number, {}}), testing::Contains(number));
+    }
+}
+
 TEST_F(Index, FindsTheLongestWordThatItKeepsAndNoLongerOne) {
     const std::string longest(host::PartFacts::kLongest, 'x');
     Store({longest + "yz", "(PARTDESC short)"});
