@@ -1,10 +1,13 @@
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QPixmap>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include "host/BatchImport.h"
+#include "host/PartFiles.h"
 #include "host/qt/MainWindow.h"
 #include "qt/QtUserInterface.h"
 #include "window/AfxMessageBox.h"
@@ -23,6 +26,15 @@ void PhotographAndPress(const QString& picture, int button) {
     });
 }
 
+/// Imports all examples but the one that the dialog imports, so that the library has something to list.
+void FillLibrary(const QString& examples) {
+    host::Batch batch;
+    batch.library = "library";
+    for (const std::string& file : host::PartFilesBelow(examples.toStdString()))
+        if (!file.ends_with("op-amp.veka")) batch.files.push_back(file);
+    host::ImportBatch(batch);
+}
+
 }  // namespace
 
 /// Takes the pictures of the windows for the documents: PROGRAM FILE DIRECTORY, with a part data file and
@@ -37,6 +49,7 @@ int main(int argc, char** argv) {
     QDir::setCurrent(scratch.path());
     QDir().mkdir("library");
     QFile::copy(example, "op-amp.veka");
+    FillLibrary(QFileInfo(example).path());
     QSettings settings(scratch.filePath("settings.ini"), QSettings::IniFormat);
     host::MainWindow window(settings);
     window.show();
@@ -46,6 +59,7 @@ int main(int argc, char** argv) {
     window.Import();
     PhotographAndPress("", IDOK);
     window.Import();
+    window.ShowLibrary();
     QTimer::singleShot(kDrawn, &window, [&] {
         window.grab().save(folder + "/host-window.png");
         QApplication::quit();
