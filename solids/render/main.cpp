@@ -1,4 +1,5 @@
-// Draws a STEP file as a picture: veka-render IN.step OUT.png. Needs a display, xvfb-run's for example.
+// Draws a STEP file as a picture: veka-render IN.step OUT.png. Needs a display, that of scripts/screen for
+// example.
 
 #include <AIS_InteractiveContext.hxx>
 #include <Aspect_DisplayConnection.hxx>

@@ -32,10 +32,7 @@ class KiCadLibraryTest : public testing::Test {
 protected:
     std::string Place(const std::string& name) const { return (directory / name.c_str()).GetString(); }
     fs::path At(const std::string& name) const { return veka::ToPath(CString(Place(name))); }
-    std::string Read(const std::string& name) const {
-        std::ifstream in(At(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string Read(const std::string& name) const { return test::ReadFile(At(name)); }
     std::string Write(const char* name, const std::string& text) {
         return directory.Write(name, text).GetString();
     }

@@ -9,6 +9,7 @@
 #include "platform/Exceptions.h"
 #include "support/Files.h"
 #include "support/LibraryReader.h"
+#include "support/RealParts.h"
 #include "support/ReferenceReader.h"
 #include "support/ScriptedUserInterface.h"
 
@@ -146,11 +147,11 @@ TEST_F(CECadClsTest, AReadErrorPassesThrough) {
 
 TEST_F(CECadClsTest, ReadsEveryRealPartAsTheProcedureSays) {
     VEKA_NEEDS_CORPUS();
-    for (const auto& path : test::CorpusFiles()) {
+    for (const test::RealPart& part : test::RealParts()) {
         CECadCls one;
-        one.m_strFilePath = veka::FromPath(path);
-        EXPECT_EQ(one.ReadLevelTree(0), 0) << path;
-        EXPECT_TRUE(Roots(one) == test::ReadByReference(test::ReadFile(path)).roots) << path;
+        one.m_strFilePath = veka::FromPath(part.path);
+        EXPECT_EQ(one.ReadLevelTree(0), 0) << part.path;
+        EXPECT_TRUE(Roots(one) == part.read.roots) << part.path;
     }
 }
 

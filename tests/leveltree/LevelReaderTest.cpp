@@ -9,6 +9,7 @@
 #include "files/MemoryLines.h"
 #include "support/Files.h"
 #include "support/LibraryReader.h"
+#include "support/RealParts.h"
 #include "support/ReferenceReader.h"
 
 namespace {
@@ -333,11 +334,10 @@ TEST(LevelReader, ReadsEveryTextAsTheProcedureSays) {
 
 TEST(LevelReader, ReadsEveryRealPartAsTheProcedureSays) {
     VEKA_NEEDS_CORPUS();
-    for (const auto& path : test::CorpusFiles()) {
-        const std::string text = test::ReadFile(path);
-        const ReadResult read = Read(text);
-        EXPECT_EQ(read.result, 0) << path;
-        EXPECT_TRUE(read == test::ReadByReference(text)) << path;
+    for (const test::RealPart& part : test::RealParts()) {
+        const ReadResult read = Read(part.text);
+        EXPECT_EQ(read.result, 0) << part.path;
+        EXPECT_TRUE(read == part.read) << part.path;
     }
 }
 

@@ -3,8 +3,8 @@
 
 #include "model/CVEKA_Manager.h"
 #include "support/Parsing.h"
+#include "support/RealModels.h"
 #include "support/Records.h"
-#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -327,11 +327,10 @@ TEST(CVEKA_ElectricalPin, GivesItsDriversAsCopies) {
 TEST(ELECTRICALParser, GivesThePinsRailsAndGroupsOfEveryRealPart) {
     VEKA_NEEDS_CORPUS();
     size_t count = 0;
-    for (const auto& path : test::CorpusFiles()) {
-        const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadByReference(text).roots;
-        const auto parser = test::Import(text);
-        const CVEKA_Electrical& electrical = *parser->GetCVEKA_Manager()->GetVEK()->GetElectrical();
+    for (const test::RealModel& part : test::RealModels()) {
+        const auto& path = part.file.path;
+        const auto& roots = part.file.read.roots;
+        const CVEKA_Electrical& electrical = *part.Model().GetVEK()->GetElectrical();
         std::vector<std::string> pins, rails, groups;
         for (const auto* pin : *electrical.GetElectricalPins()) pins.emplace_back(pin->GetName().View());
         for (const auto* rail : *electrical.GetPowerRails())

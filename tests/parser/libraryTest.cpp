@@ -4,8 +4,8 @@
 #include "model/CVEKA_Manager.h"
 #include "model/objects/Objects.h"
 #include "support/Parsing.h"
+#include "support/RealModels.h"
 #include "support/Records.h"
-#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -489,11 +489,10 @@ TEST(PARTITIONPIN, HasTwoFormsThatDifferInEachOfThesePoints) {
 TEST(Parser, GivesTheLibraryOfEveryRealPart) {
     VEKA_NEEDS_CORPUS();
     size_t count = 0;
-    for (const auto& path : test::CorpusFiles()) {
-        const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadByReference(text).roots;
-        const auto parser = Import(text);
-        const CVEKA_Manager& model = *parser->GetCVEKA_Manager();
+    for (const test::RealModel& part : test::RealModels()) {
+        const auto& path = part.file.path;
+        const auto& roots = part.file.read.roots;
+        const CVEKA_Manager& model = part.Model();
         std::vector<std::string> fonts, pads, stacks, footprints, pins, layers, shapes, partitions, gates;
         size_t camObjects = 0;
         for (const auto* font : *model.GetLibFonts()) fonts.emplace_back(std::to_string(font->GetFontID()));

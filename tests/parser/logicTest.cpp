@@ -5,8 +5,8 @@
 #include "model/objects/Objects.h"
 #include "parser/CInvalidAccessException.h"
 #include "support/Parsing.h"
+#include "support/RealModels.h"
 #include "support/Records.h"
-#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -213,11 +213,10 @@ TEST(PROPERTYLABELS, AreReadAlikeUnderTheirThreeNames) {
 TEST(LOGICSYMBOLSGParser, GivesTheSymbolsPinsAndPartitionsOfEveryRealPart) {
     VEKA_NEEDS_CORPUS();
     size_t count = 0;
-    for (const auto& path : test::CorpusFiles()) {
-        const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadByReference(text).roots;
-        const auto parser = test::Import(text);
-        const CVEKA_LogicSymbols& logic = *parser->GetCVEKA_Manager()->GetVEK()->GetLogicSymbols();
+    for (const test::RealModel& part : test::RealModels()) {
+        const auto& path = part.file.path;
+        const auto& roots = part.file.read.roots;
+        const CVEKA_LogicSymbols& logic = *part.Model().GetVEK()->GetLogicSymbols();
         std::vector<std::string> pins, symbols, partitions, partitionPins;
         size_t labels = 0;
         for (const auto* pin : *logic.GetLogicPinLibs()) pins.emplace_back(pin->GetLogicPinName().View());

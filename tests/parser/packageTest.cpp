@@ -7,8 +7,8 @@
 #include "model/objects/Objects.h"
 #include "parser/CInvalidAccessException.h"
 #include "support/Parsing.h"
+#include "support/RealModels.h"
 #include "support/Records.h"
-#include "support/ReferenceReader.h"
 
 namespace {
 
@@ -366,13 +366,11 @@ TEST(FOOTPRINTSParser, TheLaterOfItsTwoWordsStands) {
 TEST(PACKAGESParser, GivesThePackagesPinsAndFootprintsOfEveryRealPart) {
     VEKA_NEEDS_CORPUS();
     size_t pinCount = 0;
-    for (const auto& path : test::CorpusFiles()) {
-        const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadByReference(text).roots;
-        const auto parser = test::Import(text);
+    for (const test::RealModel& part : test::RealModels()) {
+        const auto& path = part.file.path;
+        const auto& roots = part.file.read.roots;
         std::vector<std::string> names, pins, footprints, mechanical;
-        for (const CVEKA_Package* package :
-             *parser->GetCVEKA_Manager()->GetVEK()->GetPackages()->GetPackageArr()) {
+        for (const CVEKA_Package* package : *part.Model().GetVEK()->GetPackages()->GetPackageArr()) {
             names.emplace_back(package->GetName().View());
             for (const auto* pin : *package->GetPKGPins()) pins.emplace_back(pin->GetPKGPinName().View());
             for (const auto* pin : *package->GetMechanicalPins())

@@ -3,7 +3,7 @@
 
 #include "model/CVEKA_Manager.h"
 #include "support/Parsing.h"
-#include "support/ReferenceReader.h"
+#include "support/RealModels.h"
 
 namespace {
 
@@ -265,11 +265,10 @@ TEST(MANUFACTURINGParser, ALevelWithoutValuesLeavesTheFieldEmpty) {
 
 TEST(VEKParser, GivesTheLayersAndReferencesOfEveryRealPart) {
     VEKA_NEEDS_CORPUS();
-    for (const auto& path : test::CorpusFiles()) {
-        const std::string text = test::ReadFile(path);
-        const auto roots = test::ReadByReference(text).roots;
-        const auto parser = test::Import(text);
-        const CVEKA_VEK& vek = *parser->GetCVEKA_Manager()->GetVEK();
+    for (const test::RealModel& part : test::RealModels()) {
+        const auto& path = part.file.path;
+        const auto& roots = part.file.read.roots;
+        const CVEKA_VEK& vek = *part.Model().GetVEK();
         std::vector<std::string> layers, titles;
         for (const auto* layer : *vek.GetLayers()->GetLayerArr())
             layers.emplace_back(layer->GetName().View());
