@@ -3,6 +3,7 @@
 #include <sched.h>
 #include <signal.h>
 #include <sys/mount.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -12,6 +13,21 @@
 #include <thread>
 
 #include "support/Children.h"
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define TEST_WITH_ASAN
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define TEST_WITH_ASAN
+#endif
+#ifdef TEST_WITH_ASAN
+// A child copies the tables of all memory of its parent. ASan keeps up to 256 MB of freed memory unless told
+// otherwise.
+extern "C" const char* __asan_default_options() {
+    return "quarantine_size_mb=16";
+}
+#endif
 
 namespace test {
 
@@ -46,6 +62,8 @@ int InChild(const std::function<int()>& run) {
 
 ChildBeside::ChildBeside(const std::function<void()>& deed) : m_child(fork()) {
     if (m_child != 0) return;
+    // A test that crashes leaves no child that runs for ever.
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
     try {
         deed();
     } catch (...) {

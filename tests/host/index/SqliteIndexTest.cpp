@@ -47,7 +47,12 @@ protected:
     }
     static std::vector<std::string> Numbers(LibraryIndex& index, const PartQuery& query) {
         std::vector<std::string> numbers;
-        for (const std::int64_t id : index.Find(query)) numbers.push_back(index.Part(id)->facts.number);
+        for (const std::int64_t id : index.Find(query)) {
+            const auto part = index.Part(id);
+            // Another program has replaced the part since it was found.
+            if (!part) return Numbers(index, query);
+            numbers.push_back(part->facts.number);
+        }
         return numbers;
     }
     std::vector<std::string> Find(const std::string& text, const std::vector<std::string>& where = {}) {
