@@ -56,7 +56,7 @@ def main():
         if target.endswith("_importing"):
             continue
         path = pathlib.Path(entry["file"])
-        if any((project / folder) in path.parents for folder in folders):
+        if path.suffix == ".cpp" and any((project / folder) in path.parents for folder in folders):
             targets.setdefault(target, {}).setdefault(str(path), entry)
     output.mkdir(parents=True, exist_ok=True)
     commands = []
