@@ -18,7 +18,7 @@ void Require(bool condition, const char* sentence) {
 }
 
 void Compare(const veka::PositionedLevel& level, const test::LevelData& reference) {
-    bool same = level.m_strName == reference.name.c_str() && level.m_nDepth == reference.depth &&
+    bool same = level.m_strName.View() == reference.name && level.m_nDepth == reference.depth &&
                 static_cast<std::size_t>(level.m_aValues.GetSize()) == reference.values.size() &&
                 static_cast<std::size_t>(level.m_pChildren->GetSize()) == reference.children.size();
     for (std::size_t i = 0; same && i < reference.values.size(); ++i)

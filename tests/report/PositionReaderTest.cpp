@@ -56,7 +56,7 @@ void ExpectTheSame(const std::string& text) {
     }
     ASSERT_EQ(read.open.size(), reference.open.size()) << text;
     for (std::size_t i = 0; i < read.open.size(); ++i) {
-        EXPECT_EQ(read.open[i]->m_strName, reference.open[i].name.c_str()) << text;
+        EXPECT_EQ(read.open[i]->m_strName.View(), reference.open[i].name) << text;
         EXPECT_EQ(read.open[i]->region.begin.line, reference.open[i].line) << text;
     }
     const Bytes bytes(text);
@@ -134,6 +134,7 @@ TEST(PositionReader, ReadsOddTextsAsThePlainReaderDoes) {
                              "(A \"\\\\\" b)",
                              "\xEF\xBB\xBF(A b)"})
         ExpectTheSame(text);
+    ExpectTheSame({"(A\0B (C\0 1\0002) (D\0E", 18});
     ExpectTheSame(std::string(20, '(') + std::string(20, ')'));
     ExpectTheSame(std::string(21, '(') + std::string(21, ')'));
 }
