@@ -23,8 +23,8 @@
 #endif
 #ifdef TEST_WITH_ASAN
 // A child copies the tables of all memory of its parent. ASan keeps up to 256 MB of freed memory unless told
-// otherwise.
-extern "C" const char* __asan_default_options() {
+// otherwise. The library of g++'s ASan finds only a function that is visible.
+extern "C" [[gnu::visibility("default")]] const char* __asan_default_options() {
     return "quarantine_size_mb=16";
 }
 #endif
