@@ -55,8 +55,7 @@ public:
         const BatchTotals totals = ImportBatch(batch);
         const std::string indexFailure = index.End();
         m_progress.Clear();
-        if (!indexFailure.empty())
-            m_messages.Say("the index of the library was not written: " + indexFailure);
+        if (!indexFailure.empty()) m_messages.Say(indexFailure);
         if (m_line.jsonSummary)
             WriteJsonTotals(totals);
         else

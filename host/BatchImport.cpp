@@ -1,7 +1,10 @@
 #include "host/BatchImport.h"
 
 #include <algorithm>
+#include <future>
 #include <map>
+#include <memory>
+#include <optional>
 #include <thread>
 #include <unordered_map>
 #include <unordered_set>
@@ -21,6 +24,8 @@ constexpr size_t kMostBytes = 32 << 20;
 constexpr auto kLongest = milliseconds(1000);  // that a part waits for its group
 
 constexpr auto kAsk = milliseconds(50);  // between two questions whether to go on
+// To wait for each file by itself would change threads for each.
+constexpr auto kGather = milliseconds(2);
 // Another program that waits for the library looks this often at least.
 constexpr auto kBreak = milliseconds(60);
 constexpr auto kBetweenBreaks = milliseconds(2000);
@@ -41,118 +46,194 @@ public:
 
     BatchTotals All() {
         for (CheckedFile file; !m_ended;) {
-            const ReadAhead::Answer answer = m_reader.Next(file, kAsk);
+            const ReadAhead::Answer answer = Next(file);
             if (m_batch.goOn && !m_batch.goOn()) m_reader.Stop();
             if (answer == ReadAhead::Answer::File) Add(std::move(file));
             if (answer == ReadAhead::Answer::End) break;
-            if (IsFull()) Store();
+            if (IsPublished()) Finish();
+            if (IsFull()) Publish();
+            GiveWay(answer == ReadAhead::Answer::NotYet);
         }
-        Store();
+        Publish();
+        Finish();
         return m_totals;
     }
 
 private:
-    /// A file of the group that is to be stored next.
+    /// A file of a group.
     struct Pending {
         CheckedFile file;
         BatchResult result;
-        bool decided = false;  // before the store
         PartStamp stamp = {};
     };
+    /// Files whose parts are stored together.
+    struct Group {
+        std::vector<Pending> files;
+        std::vector<size_t> places;  // of the files that `parts` was given, in that order
+        std::unordered_set<std::string> names;
+        size_t bytes = 0;
+        Clock::time_point since = {};
+        std::unique_ptr<PartGroup> parts = nullptr;  // from the first file that is to be stored on
+    };
 
+    ReadAhead::Answer Next(CheckedFile& file) {
+        const ReadAhead::Answer answer = m_reader.Next(file, milliseconds(0));
+        if (answer != ReadAhead::Answer::NotYet) return answer;
+        std::this_thread::sleep_for(kGather);
+        return m_reader.Next(file, kAsk);
+    }
     void Add(CheckedFile file) {
         BatchResult result{file.file, file.facts.name, {}, "", file.faults};
-        if (file.failure) {
-            Decide(std::move(file), std::move(result));
+        if (!file.failure) {
+            const auto [first, fresh] = m_first.emplace(file.facts.name, m_place);
+            if (!fresh && m_batch.existing == Existing::Keep)
+                file.failure =
+                    Failure{kRefused, Quoted(file.file) + " has the part number of " +
+                                          Quoted(m_batch.files[first->second]) +
+                                          ", which came before; --overwrite yes takes the last of them"};
+        }
+        ++m_place;
+        if (!file.failure) {
+            Write({std::move(file), std::move(result)});
             return;
         }
-        const auto [first, fresh] = m_first.emplace(file.facts.name, m_place);
-        if (!fresh && m_batch.existing == Existing::Keep) {
-            file.failure =
-                Failure{kRefused, Quoted(file.file) + " has the part number of " +
-                                      Quoted(m_batch.files[first->second]) +
-                                      ", which came before; --overwrite yes takes the last of them"};
-            Decide(std::move(file), std::move(result));
-            return;
-        }
-        // Two parts of one name cannot be in one group.
-        if (!m_names.insert(file.facts.name).second) {
-            Store();
-            m_names.insert(file.facts.name);
-        }
-        Push({std::move(file), std::move(result)});
-    }
-    /// Takes a file that is refused or failed into the group, for the order of the results.
-    void Decide(CheckedFile file, BatchResult result) {
         result.state =
             file.failure->code == kRefused ? BatchResult::State::Refused : BatchResult::State::Failed;
         result.reason = file.failure->sentence;
         file.content = {};
-        Push({std::move(file), std::move(result), true});
+        // In the group for the order of the results.
+        Push({std::move(file), std::move(result)});
     }
     void Push(Pending pending) {
-        if (m_group.empty()) m_since = Clock::now();
-        m_bytes += pending.file.content.bytes.size();
-        m_group.push_back(std::move(pending));
-        ++m_place;
+        if (m_group.files.empty()) m_group.since = Clock::now();
+        m_group.files.push_back(std::move(pending));
     }
-    bool IsFull() const {
-        return m_group.size() >= kMostParts || m_bytes >= kMostBytes ||
-               (!m_group.empty() && Clock::now() - m_since >= kLongest);
-    }
-
-    /// Stores the group and tells what became of it.
-    void Store() {
+    /// Writes the part of a file into the group.
+    void Write(Pending pending) {
+        // Two parts of one name cannot be in one group, nor in two that are stored at one time.
+        const std::string name = pending.file.facts.name;
+        if (m_group.names.count(name) > 0) Publish();
+        if (m_publishing && m_publishing->names.count(name) > 0) Finish();
         if (m_ended) return;
-        std::vector<size_t> places;
-        for (size_t i = 0; i < m_group.size(); ++i)
-            if (!m_group[i].decided) places.push_back(i);
-        size_t decided = m_group.size();
+        NewPart part{name, pending.file.facts.fileName, std::move(pending.file.content), m_batch.existing};
+        bool full = false;
         try {
-            decided = StoreAt(places, m_batch.existing);
-            const std::vector<size_t> agreed = AskAbout(places);
-            if (!agreed.empty()) decided = StoreAt(agreed, Existing::Replace);
+            if (!m_group.parts) m_group.parts = std::make_unique<PartGroup>(Locked());
+            full = !m_group.parts->Write(part);
         } catch (const StoreError& error) {
             // The library as a whole: every other part would fail, too.
-            SetFailure(m_group[places[0]].result, error.what());
-            decided = places[0] + 1;
+            SetFailure(pending.result, error.what());
+            Push(std::move(pending));
             End();
+            return;
         }
-        Report(decided);
-        m_group.clear();
-        m_names.clear();
-        m_bytes = 0;
-        GiveWay();
+        m_group.places.push_back(m_group.files.size());
+        m_group.names.insert(name);
+        m_group.bytes += part.content.bytes.size();
+        const GroupOutcome& outcome = m_group.parts->Outcomes().back();
+        // The part may be asked about.
+        if (m_batch.mayReplace && outcome.outcome == Outcome::Kept && outcome.failure.empty())
+            pending.file.content = std::move(part.content);
+        Push(std::move(pending));
+        if (full) End();
     }
-    /// Stores files of the group; returns how many files of the group are decided.
-    size_t StoreAt(const std::vector<size_t>& places, Existing existing) {
-        if (places.empty()) return m_group.size();
-        std::vector<NewPart> parts;
-        for (const size_t place : places) {
-            CheckedFile& file = m_group[place].file;
-            parts.push_back({file.facts.name, file.facts.fileName, std::move(file.content), existing});
+    const LockedLibrary& Locked() {
+        if (!m_locked) {
+            m_locked = m_library.Lock();
+            m_lockedSince = Clock::now();
         }
-        const std::vector<GroupOutcome> outcomes = m_library.StoreGroup(parts);
-        for (size_t i = 0; i < outcomes.size(); ++i) {
-            SetOutcome(m_group[places[i]].result, outcomes[i]);
-            m_group[places[i]].stamp = outcomes[i].stamp;
-        }
-        for (size_t i = 0; i < parts.size(); ++i)
-            m_group[places[i]].file.content = std::move(parts[i].content);
-        if (outcomes.size() == parts.size()) return m_group.size();
-        End();  // the disk is full
-        return places[outcomes.size() - 1] + 1;
+        return *m_locked;
     }
-    /// The files of the group that may replace the part that the library has.
-    std::vector<size_t> AskAbout(const std::vector<size_t>& places) const {
+    bool IsFull() const {
+        return m_group.files.size() >= kMostParts || m_group.bytes >= kMostBytes ||
+               (!m_group.files.empty() && Clock::now() - m_group.since >= kLongest);
+    }
+
+    /// Begins to publish the group, while the next one is read and written.
+    void Publish() {
+        Finish();
+        if (m_group.files.empty()) return;
+        m_publishing = std::exchange(m_group, {});
+        // Where no thread can be had the group is published by `Finish`.
+        if (PartGroup* const parts = m_publishing->parts.get())
+            m_published =
+                std::async(std::launch::async | std::launch::deferred, [parts] { parts->Publish(); });
+    }
+    bool IsPublished() const {
+        return m_publishing &&
+               (!m_published.valid() || m_published.wait_for(milliseconds(0)) != std::future_status::timeout);
+    }
+    /// Waits until the group is published, and tells what became of it.
+    void Finish() {
+        if (!m_publishing) return;
+        size_t decided = Conclude(*m_publishing);
+        Group done = *std::exchange(m_publishing, std::nullopt);
+        if (m_ended || !IsToAsk(done)) {
+            Report(done, decided);
+            return;
+        }
+        // Nobody waits for the library while a user thinks.
+        Group next = std::exchange(m_group, {});
+        if (next.parts) m_published = std::async(std::launch::deferred, [&next] { next.parts->Publish(); });
+        const size_t nextDecided = Conclude(next);
+        m_locked.reset();
+        if (!m_ended) decided = AskAbout(done);
+        Report(done, decided);
+        Report(next, m_ended ? nextDecided : AskAbout(next));
+    }
+    /// Waits until a group is published, and sets what became of its files; returns how many are decided.
+    size_t Conclude(Group& group) {
+        try {
+            if (m_published.valid()) m_published.get();
+        } catch (const StoreError& error) {
+            // The library as a whole, and the next group with it.
+            SetFailure(group.files[group.places[0]].result, error.what());
+            group.parts.reset();
+            m_group = {};
+            End();
+            return group.places[0] + 1;
+        }
+        if (group.parts) SetOutcomes(group, group.places, group.parts->Outcomes());
+        group.parts.reset();
+        return group.files.size();
+    }
+    bool IsToAsk(const Group& group) const {
+        return m_batch.mayReplace && std::any_of(group.places.begin(), group.places.end(), [&](size_t place) {
+                   return group.files[place].result.state == BatchResult::State::Refused;
+               });
+    }
+    /// Asks about the parts that the library has with another content, and stores those that may replace
+    /// them; returns how many files of the group are decided.
+    size_t AskAbout(Group& group) {
         std::vector<size_t> agreed;
-        if (!m_batch.mayReplace || m_ended) return agreed;
-        for (const size_t place : places) {
-            const Pending& pending = m_group[place];
-            if (pending.result.state == BatchResult::State::Refused && m_batch.mayReplace(pending.file))
-                agreed.push_back(place);
+        std::vector<NewPart> parts;
+        for (const size_t place : group.places) {
+            Pending& pending = group.files[place];
+            if (pending.result.state != BatchResult::State::Refused || !m_batch.mayReplace(pending.file))
+                continue;
+            agreed.push_back(place);
+            parts.push_back({pending.file.facts.name, pending.file.facts.fileName,
+                             std::move(pending.file.content), Existing::Replace});
         }
-        return agreed;
+        if (agreed.empty()) return group.files.size();
+        try {
+            const std::vector<GroupOutcome> outcomes = m_library.StoreGroup(parts);
+            SetOutcomes(group, agreed, outcomes);
+            if (outcomes.size() == parts.size()) return group.files.size();
+            End();  // the disk is full
+            return agreed[outcomes.size() - 1] + 1;
+        } catch (const StoreError& error) {
+            SetFailure(group.files[agreed[0]].result, error.what());
+            End();
+            return agreed[0] + 1;
+        }
+    }
+    static void SetOutcomes(Group& group, const std::vector<size_t>& places,
+                            const std::vector<GroupOutcome>& outcomes) {
+        for (size_t i = 0; i < outcomes.size(); ++i) {
+            SetOutcome(group.files[places[i]].result, outcomes[i]);
+            group.files[places[i]].stamp = outcomes[i].stamp;
+        }
     }
     static void SetOutcome(BatchResult& result, const GroupOutcome& outcome) {
         using State = BatchResult::State;
@@ -178,20 +259,21 @@ private:
         result.state = BatchResult::State::Failed;
         result.reason = Quoted(result.file) + " could not be stored: " + failure;
     }
-    /// Tells what became of the first files of the group.
-    void Report(size_t count) {
+    /// Tells what became of the first files of a group.
+    void Report(Group& group, size_t count) {
         std::vector<StoredPart> there;
         for (size_t i = 0; i < count; ++i) {
-            const BatchResult& result = m_group[i].result;
+            Pending& pending = group.files[i];
+            const BatchResult& result = pending.result;
             ++m_totals[result.state];
-            if (m_group[i].file.report) m_batch.onReport(*m_group[i].file.report);
+            if (pending.file.report) m_batch.onReport(*pending.file.report);
             if (result.reason.empty()) {
                 std::error_code error;  // the path is empty then, and nobody knows where the part came from
                 const std::filesystem::path origin =
                     std::filesystem::absolute(veka::ToPath(CString(result.file)), error);
-                there.push_back({std::move(m_group[i].file.facts), m_group[i].stamp,
+                there.push_back({std::move(pending.file.facts), pending.stamp,
                                  std::string(veka::FromPath(origin).View())});
-                there.back().facts.fileName = m_group[i].stamp.fileName;
+                there.back().facts.fileName = pending.stamp.fileName;
             }
             if (m_batch.onResult) m_batch.onResult(result, m_totals);
         }
@@ -202,22 +284,27 @@ private:
         m_reader.Stop();
     }
     /// Lets another program that waits have the library.
-    void GiveWay() {
-        if (m_ended || Clock::now() - m_lastBreak < kBetweenBreaks) return;
+    void GiveWay(bool idle) {
+        if (!m_locked || m_ended) return;
+        if (idle && !m_publishing && m_group.files.empty()) m_locked.reset();
+        if (!m_locked || Clock::now() - m_lockedSince < kBetweenBreaks) return;
+        Publish();
+        Finish();
+        m_locked.reset();
         std::this_thread::sleep_for(kBreak);
-        m_lastBreak = Clock::now();
     }
 
     const Batch& m_batch;
     PartLibrary m_library;
     BatchTotals m_totals;
-    std::vector<Pending> m_group;
-    std::unordered_set<std::string> m_names;          // of the parts of the group
     std::unordered_map<std::string, size_t> m_first;  // the first file of each part
     size_t m_place = 0;                               // of the next file
-    size_t m_bytes = 0;                               // of the contents of the group
-    Clock::time_point m_since, m_lastBreak = Clock::now();
     bool m_ended = false;
+    std::unique_ptr<LockedLibrary> m_locked;  // while there are groups
+    Clock::time_point m_lockedSince;
+    Group m_group;                      // that is being written
+    std::optional<Group> m_publishing;  // before it
+    std::future<void> m_published;      // after what it publishes: its end waits for its thread
     ReadAhead m_reader;
 };
 

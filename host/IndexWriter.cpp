@@ -57,7 +57,7 @@ std::string IndexWriter::End() {
         m_changed.notify_all();
     }
     if (m_thread.joinable()) m_thread.join();
-    return m_failure;
+    return m_failure.empty() ? "" : "the index of the library was not written: " + m_failure;
 }
 
 void IndexWriter::Work() {

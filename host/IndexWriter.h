@@ -24,7 +24,8 @@ public:
 
     /// Takes parts over. Waits while many others are still to be written.
     void Put(std::vector<StoredPart> parts);
-    /// Waits until all parts are in the index. Returns why the index was not written; empty where it was.
+    /// Waits until all parts are in the index. Returns a sentence where the index was not written, without a
+    /// point; empty where it was.
     std::string End();
 
 private:

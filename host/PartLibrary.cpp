@@ -42,19 +42,23 @@ void MoveToTrash(const Directory& library, const Directory& trash, const std::st
     if (durable == Durable::AtOnce) trash.Sync();
 }
 
-/// Ends what an interrupted store began: puts a part back that was taken away, and removes a new part that
-/// was not finished, except `except`.
-void CleanUp(const Directory& library, const std::string& except = "") {
+/// Puts a part back that an interrupted store took away, from its entry `Old(name)`.
+void PutBack(const Directory& library, const std::string& entry) {
+    const std::string name = entry.substr(kOld.size());
+    try {
+        if (library.MoveToFree(entry, library, name)) return;
+        MoveToTrash(library, PrepareTrash(library, name), name);
+    } catch (const StoreError&) {
+        // Perhaps the one copy of a part. The next store tries again.
+    }
+}
+
+/// Ends what an interrupted store began: puts parts back that were taken away, and removes new parts that
+/// were not finished.
+void CleanUp(const Directory& library) {
     for (const std::string& entry : library.Names()) {
-        if (entry.starts_with(kNew) && entry != except) library.RemoveAll(entry);
-        if (!entry.starts_with(kOld)) continue;
-        const std::string name = entry.substr(kOld.size());
-        try {
-            if (library.MoveToFree(entry, library, name)) continue;
-            MoveToTrash(library, PrepareTrash(library, name), name);
-        } catch (const StoreError&) {
-            // Perhaps the one copy of a part. The next store tries again.
-        }
+        if (entry.starts_with(kNew)) library.RemoveAll(entry);
+        if (entry.starts_with(kOld)) PutBack(library, entry);
     }
 }
 
@@ -123,65 +127,83 @@ std::optional<PartStamp> StampOfSame(const Directory& library, const NewPart& pa
     }
 }
 
-/// The parts of a group on their way: written into one new directory of the library, and then published.
-class Group {
-public:
-    explicit Group(const Directory& library) : m_library(library) {}
-    ~Group() {
-        if (!m_new) return;
-        const std::string name = m_new->Name();
-        m_new.reset();  // on some systems a directory that is open cannot be removed
-        m_library.RemoveAll(name);
-    }
-    Group(const Group&) = delete;
-    Group& operator=(const Group&) = delete;
-
-    /// Writes a part, which nobody sees yet; returns its stamp.
-    PartStamp Write(const NewPart& part) {
-        if (!m_new) m_new.emplace(m_library.MakeUnique(kNew));
-        const Directory directory = m_new->Make(part.name, m_library);
-        try {
-            const EntryStatus file = directory.Write(part.fileName, part.content, Durable::WithSyncAll);
-            return {directory.Status(".").inode, part.fileName, file};
-        } catch (...) {
-            m_new->RemoveAll(part.name);
-            throw;
-        }
-    }
-    /// Waits until what was written is on the disk.
-    void Sync() const {
-        if (m_new) m_library.SyncAll();
-    }
-    /// Puts a part that was written into its place.
-    Outcome Publish(const NewPart& part) {
-        if (m_new->MoveToFree(part.name, m_library, part.name)) return Outcome::New;
-        if (part.existing == Existing::Keep) return Outcome::Kept;
-        m_library.RequireMovable(part.name);
-        if (m_library.Has(Old(part.name))) CleanUp(m_library, m_new->Name());
-        if (!m_trash) {
-            m_trash.emplace(m_library.OpenOrMake(kTrash));
-            // Until the group is stored it is not known which of its parts will be the last.
-            m_trash->RemoveAll(kLast);
-        }
-        Replace(m_library, *m_trash, *m_new, part.name, part.name, Durable::WithSyncAll);
-        m_last = part.name;
-        return Outcome::Replaced;
-    }
-    /// Waits until all places are on the disk.
-    void End() {
-        if (!m_new) return;
-        if (!m_last.empty()) m_trash->Write(kLast, {m_last, 0666});
-        if (m_trash) m_trash->Sync();
-        m_library.Sync();
-    }
-
-private:
-    const Directory& m_library;
-    std::optional<Directory> m_new, m_trash;
-    std::string m_last;
-};
-
 }  // namespace
+
+LockedLibrary::LockedLibrary(const std::filesystem::path& directory, const Waiting& waiting)
+    : m_directory(directory), m_lock(m_directory, kLock, waiting) {}
+
+PartGroup::PartGroup(const LockedLibrary& library) : m_library(library.Entries()) {}
+
+PartGroup::~PartGroup() {
+    if (!m_new) return;
+    const std::string name = m_new->Name();
+    m_new.reset();  // on some systems a directory that is open cannot be removed
+    m_library.RemoveAll(name);
+}
+
+bool PartGroup::Write(const NewPart& part) {
+    m_outcomes.emplace_back();
+    GroupOutcome& outcome = m_outcomes.back();
+    try {
+        RequireNames(part.name, part.fileName);
+        if (m_library.Has(part.name)) {
+            const std::optional<PartStamp> same = StampOfSame(m_library, part);
+            outcome.outcome = same ? Outcome::Unchanged : Outcome::Kept;
+            if (same) outcome.stamp = *same;
+            if (same || part.existing == Existing::Keep) return true;
+        }
+        outcome.stamp = WriteNew(part);
+        m_written.push_back({m_outcomes.size() - 1, part.name, part.existing});
+    } catch (const DiskFull& error) {
+        outcome.failure = error.what();
+        return false;
+    } catch (const StoreError& error) {
+        outcome.failure = error.what();
+    }
+    return true;
+}
+
+PartStamp PartGroup::WriteNew(const NewPart& part) {
+    if (!m_new) m_new.emplace(m_library.MakeUnique(kNew));
+    const EntryStatus directory = m_new->Make(part.name, m_library);
+    try {
+        // Only this user can enter the new directory, so the part's own need not be opened.
+        const EntryStatus file =
+            m_new->Write(part.name + '/' + part.fileName, part.content, Durable::WithSyncAll);
+        return {directory.inode, part.fileName, file};
+    } catch (...) {
+        m_new->RemoveAll(part.name);
+        throw;
+    }
+}
+
+void PartGroup::Publish() {
+    if (!m_new) return;
+    m_library.SyncAll();
+    for (const Written& part : m_written) try {
+            m_outcomes[part.place].outcome = PutInPlace(part);
+        } catch (const StoreError& error) {
+            m_outcomes[part.place].failure = error.what();
+        }
+    if (!m_last.empty()) m_trash->Write(kLast, {m_last, 0666});
+    if (m_trash) m_trash->Sync();
+    m_library.Sync();
+}
+
+Outcome PartGroup::PutInPlace(const Written& part) {
+    if (m_new->MoveToFree(part.name, m_library, part.name)) return Outcome::New;
+    if (part.existing == Existing::Keep) return Outcome::Kept;
+    m_library.RequireMovable(part.name);
+    if (m_library.Has(Old(part.name))) PutBack(m_library, Old(part.name));
+    if (!m_trash) {
+        m_trash.emplace(m_library.OpenOrMake(kTrash));
+        // Until the group is stored it is not known which of its parts will be the last.
+        m_trash->RemoveAll(kLast);
+    }
+    Replace(m_library, *m_trash, *m_new, part.name, part.name, Durable::WithSyncAll);
+    m_last = part.name;
+    return Outcome::Replaced;
+}
 
 PartLibrary::PartLibrary(std::filesystem::path directory, Waiting waiting)
     : m_directory(std::move(directory)), m_waiting(std::move(waiting)) {}
@@ -222,43 +244,20 @@ Outcome PartLibrary::Store(const std::string& name, const std::string& fileName,
 }
 
 std::vector<GroupOutcome> PartLibrary::StoreGroup(const std::vector<NewPart>& parts) {
-    const Directory library(m_directory);
-    const FileLock lock(library, kLock, m_waiting);
-    // The entries of a large library are looked at once, and not again for each group.
-    if (!m_cleaned) CleanUp(library);
-    m_cleaned = true;
+    const std::unique_ptr<LockedLibrary> library = Lock();
+    PartGroup group(*library);
+    for (const NewPart& part : parts)
+        if (!group.Write(part)) break;
+    group.Publish();
+    return group.Outcomes();
+}
 
-    Group group(library);
-    std::vector<GroupOutcome> outcomes;
-    std::vector<size_t> written;
-    for (const NewPart& part : parts) {
-        outcomes.emplace_back();
-        GroupOutcome& outcome = outcomes.back();
-        try {
-            RequireNames(part.name, part.fileName);
-            if (library.Has(part.name)) {
-                const std::optional<PartStamp> same = StampOfSame(library, part);
-                outcome.outcome = same ? Outcome::Unchanged : Outcome::Kept;
-                if (same) outcome.stamp = *same;
-                if (same || part.existing == Existing::Keep) continue;
-            }
-            outcome.stamp = group.Write(part);
-            written.push_back(outcomes.size() - 1);
-        } catch (const DiskFull& error) {
-            outcome.failure = error.what();
-            break;
-        } catch (const StoreError& error) {
-            outcome.failure = error.what();
-        }
-    }
-    group.Sync();
-    for (const size_t place : written) try {
-            outcomes[place].outcome = group.Publish(parts[place]);
-        } catch (const StoreError& error) {
-            outcomes[place].failure = error.what();
-        }
-    group.End();
-    return outcomes;
+std::unique_ptr<LockedLibrary> PartLibrary::Lock() {
+    auto library = std::make_unique<LockedLibrary>(m_directory, m_waiting);
+    // The entries of a large library are looked at once, and not again for each lock.
+    if (!m_cleaned) CleanUp(library->Entries());
+    m_cleaned = true;
+    return library;
 }
 
 void PartLibrary::Remove(const std::string& name) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,6 +48,58 @@ struct NothingToUndo : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
+/// A library that nobody else writes as long as this is there.
+class LockedLibrary {
+public:
+    /// Waits for others who write the library, as `FileLock` does. Raises `StoreError`.
+    explicit LockedLibrary(const std::filesystem::path& directory, const Waiting& waiting);
+
+    const Directory& Entries() const { return m_directory; }
+
+private:
+    const Directory m_directory;
+    const FileLock m_lock;
+};
+
+/// Parts of different names that share their syncs: all are written, one sync follows, and only then each
+/// takes its place at one instant. One group can be written while another one of the same library is
+/// published in another thread.
+class PartGroup {
+public:
+    /// The library outlives the group.
+    explicit PartGroup(const LockedLibrary& library);
+    /// Removes what was written and not published.
+    ~PartGroup();
+    PartGroup(const PartGroup&) = delete;
+    PartGroup& operator=(const PartGroup&) = delete;
+
+    /// Writes a part, which nobody sees yet, unless the library has this very content or may not replace the
+    /// part. A part that fails does not stop the others. False where the disk is full.
+    bool Write(const NewPart& part);
+    /// Puts all parts that were written into their places, and waits until they are on the disk. Raises
+    /// `StoreError` where the library as a whole cannot be written.
+    void Publish();
+    /// An outcome for each call of `Write`. Before `Publish` only those of parts that were not written are
+    /// known.
+    const std::vector<GroupOutcome>& Outcomes() const { return m_outcomes; }
+
+private:
+    struct Written {
+        std::size_t place;  // of the outcome
+        std::string name;
+        Existing existing;
+    };
+
+    PartStamp WriteNew(const NewPart& part);
+    Outcome PutInPlace(const Written& part);
+
+    const Directory& m_library;
+    std::optional<Directory> m_new, m_trash;
+    std::vector<GroupOutcome> m_outcomes;
+    std::vector<Written> m_written;
+    std::string m_last;  // part that was replaced
+};
+
 /// A directory with one directory for each part, which holds the part's source file.
 ///
 /// A crash at any instant leaves either the old part or the new one, whole. Where a system cannot exchange
@@ -61,11 +115,13 @@ public:
     /// begin with a point. Whether the library has the part is looked at under the lock. Raises `StoreError`.
     Outcome Store(const std::string& name, const std::string& fileName, const FileContent& content,
                   Existing existing);
-    /// Stores parts of different names, which share their syncs: all are written, one sync follows, and only
-    /// then each takes its place at one instant. A part that fails does not stop the others. There are fewer
-    /// outcomes than parts where the disk is full: the last outcome says so, and no part after it was tried.
-    /// Raises `StoreError` where the library as a whole cannot be written.
+    /// Stores parts as one `PartGroup`. There are fewer outcomes than parts where the disk is full: the last
+    /// outcome says so, and no part after it was tried. Raises `StoreError` where the library as a whole
+    /// cannot be written.
     std::vector<GroupOutcome> StoreGroup(const std::vector<NewPart>& parts);
+    /// Locks the library for groups of parts. The first time it ends what an interrupted store began. Raises
+    /// `StoreError`.
+    std::unique_ptr<LockedLibrary> Lock();
     /// Moves a part to the trash of replaced parts, from where `Undo` puts the part back. Raises
     /// `StoreError`.
     void Remove(const std::string& name);
@@ -79,7 +135,7 @@ public:
 private:
     std::filesystem::path m_directory;
     Waiting m_waiting;
-    bool m_cleaned = false;  // by a group before
+    bool m_cleaned = false;  // by a lock before
 };
 
 /// The name of the file of a part in the part's directory: the one that ends in ".veka", or else the only

@@ -9,8 +9,9 @@ namespace host {
 
 namespace {
 
-// A window this large keeps all threads busy while a group of parts is stored.
-constexpr size_t kMostFiles = 1024;
+// A window this large keeps all threads busy while nobody takes files for some milliseconds. In a small one
+// the contents stay in the caches of the processor until they are written.
+constexpr size_t kMostFiles = 256;
 constexpr size_t kMostBytes = 32 << 20;
 constexpr size_t kSpare = 4096;  // bytes of memory that a file may have too many
 
@@ -106,7 +107,9 @@ ReadAhead::Answer ReadAhead::Next(CheckedFile& file, std::chrono::milliseconds a
     m_window.pop_front();
     ++m_front;
     m_bytes -= file.content.bytes.size();
-    m_handedOver.notify_all();
+    // Where the window is full a thread that wakes for the place of one file would wait again at once.
+    if (m_window.empty() || (m_window.size() <= kMostFiles / 2 && m_bytes <= kMostBytes / 2))
+        m_handedOver.notify_all();
     return Answer::File;
 }
 

@@ -83,8 +83,9 @@ public:
     Directory Open(const std::string& name) const;
     /// Opens an entry that is a directory, which is made where there is none.
     Directory OpenOrMake(const std::string& name) const;
-    /// Makes a directory for the users of the directory `around`. An entry of that name is an error.
-    Directory Make(const std::string& name, const Directory& around) const;
+    /// Makes a directory for the users of the directory `around`, and returns what it is. An entry of that
+    /// name is an error.
+    EntryStatus Make(const std::string& name, const Directory& around) const;
     /// Makes a directory that only this user can enter; its name begins with `front`.
     Directory MakeUnique(std::string_view front) const;
     /// Opens the directory to the users of the one around it.

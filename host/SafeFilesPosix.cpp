@@ -221,13 +221,6 @@ Directory Directory::OpenOrMake(const std::string& name) const {
     return directory;
 }
 
-Directory Directory::Make(const std::string& name, const Directory& around) const {
-    if (mkdirat(At(m_handle), name.c_str(), 0700) != 0) FailToWrite(m_path / name);
-    Directory directory = Open(name);
-    directory.ShareLike(around);
-    return directory;
-}
-
 Directory Directory::MakeUnique(std::string_view front) const {
     std::random_device random;
     for (;;) {
@@ -246,17 +239,6 @@ Directory Directory::MakeUnique(std::string_view front) const {
     }
 }
 
-void Directory::ShareLike(const Directory& around) const {
-    struct stat outer {
-    }, own{};
-    if (fstat(At(around.m_handle), &outer) != 0 || fstat(At(m_handle), &own) != 0)
-        Fail("cannot write", m_path);
-    mode_t mode = (outer.st_mode & 0777) | (own.st_mode & S_ISGID);
-    // Where only the owner may replace an entry, nobody else may change it.
-    if (outer.st_mode & S_ISVTX) mode &= ~mode_t{022};
-    if (fchmod(At(m_handle), mode) != 0) Fail("cannot write", m_path);
-}
-
 bool Directory::Has(const std::string& name) const {
     struct stat status {};
     return fstatat(At(m_handle), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
@@ -273,7 +255,42 @@ EntryStatus ToEntryStatus(const struct stat& status) {
             status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec, status.st_ino};
 }
 
+struct stat StatusOf(int file, const fs::path& path) {
+    struct stat status {};
+    if (fstat(file, &status) != 0) Fail("cannot write", path);
+    return status;
+}
+
+/// The rights of a directory for the users of the directory around it.
+mode_t SharedMode(const struct stat& around, const struct stat& own) {
+    const mode_t mode = (around.st_mode & 0777) | (own.st_mode & S_ISGID);
+    // Where only the owner may replace an entry, nobody else may change it.
+    return around.st_mode & S_ISVTX ? mode & ~mode_t{022} : mode;
+}
+
 }  // namespace
+
+EntryStatus Directory::Make(const std::string& name, const Directory& around) const {
+    const fs::path path = m_path / name;
+    const struct stat outer = StatusOf(At(around.m_handle), around.m_path);
+    struct stat own {};
+    if (mkdirat(At(m_handle), name.c_str(), SharedMode(outer, own)) != 0 ||
+        fstatat(At(m_handle), name.c_str(), &own, AT_SYMLINK_NOFOLLOW) != 0)
+        FailToWrite(path);
+    if (!S_ISDIR(own.st_mode)) throw StoreError(Quoted(path) + " was replaced while it was made");
+    // The user's mask may have taken rights away.
+    if (const mode_t mode = SharedMode(outer, own); (own.st_mode & 0777) != (mode & 0777)) {
+        const Descriptor made(OpenDirectoryAt(At(m_handle), name.c_str(), O_NOFOLLOW));
+        if (!made || fchmod(made.Get(), mode) != 0) FailToWrite(path);
+    }
+    return ToEntryStatus(own);
+}
+
+void Directory::ShareLike(const Directory& around) const {
+    const struct stat outer = StatusOf(At(around.m_handle), around.m_path);
+    const struct stat own = StatusOf(At(m_handle), m_path);
+    if (fchmod(At(m_handle), SharedMode(outer, own)) != 0) Fail("cannot write", m_path);
+}
 
 EntryStatus Directory::Status(const std::string& name) const {
     struct stat status {};

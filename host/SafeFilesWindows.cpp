@@ -211,12 +211,10 @@ Directory Directory::OpenOrMake(const std::string& name) const {
     return Open(name);
 }
 
-Directory Directory::Make(const std::string& name, const Directory& around) const {
+EntryStatus Directory::Make(const std::string& name, const Directory&) const {
     const fs::path path = Below(m_path, name);
     if (!CreateDirectoryW(path.c_str(), nullptr)) Fail("cannot write", path);
-    Directory directory = Open(name);
-    directory.ShareLike(around);
-    return directory;
+    return Status(name);
 }
 
 Directory Directory::MakeUnique(std::string_view front) const {

@@ -10,13 +10,26 @@ namespace {
 
 constexpr int kBusyMilliseconds = 5000;
 
+/// The system's reason for the last failure; 0 where none is known.
+int SystemReason(sqlite3* database) {
+    int reason = sqlite3_system_errno(database);
+    if (reason != 0) return reason;
+    // What fails inside of COMMIT is known by the file alone.
+    sqlite3_file* log = nullptr;
+    if (sqlite3_file_control(database, nullptr, SQLITE_FCNTL_JOURNAL_POINTER, &log) == SQLITE_OK && log &&
+        log->pMethods)
+        log->pMethods->xFileControl(log, SQLITE_FCNTL_LAST_ERRNO, &reason);
+    if (reason == 0) sqlite3_file_control(database, nullptr, SQLITE_FCNTL_LAST_ERRNO, &reason);
+    return reason;
+}
+
 /// Raises what failed last, with the reason that the system gave.
 [[noreturn]] void Raise(int result, sqlite3* database) {
     const int code = result & 0xFF;
     std::string sentence = sqlite3_errmsg(database);
     if (code == SQLITE_FULL) sentence = "the disk is full";  // no index reaches SQLite's own limit
-    const int reason = sqlite3_system_errno(database);
-    if (code == SQLITE_IOERR && reason != 0) sentence += ": " + std::system_category().message(reason);
+    const int reason = code == SQLITE_IOERR ? SystemReason(database) : 0;
+    if (reason != 0) sentence += ": " + std::system_category().message(reason);
     throw SqliteError(code, sentence);
 }
 

@@ -56,6 +56,7 @@ void ImportQueue::Import() try {
         return !m_cancelled && Ask([&] { return m_batch.mayReplace(file); });
     };
     m_totals = ImportBatch(batch);
+    m_indexFailure = index.End();
 } catch (...) {
     m_failure = std::current_exception();
 }

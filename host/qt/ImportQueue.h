@@ -27,6 +27,8 @@ public:
     /// Ends the import after the files that are in hand.
     void Cancel() { m_cancelled = true; }
     bool IsCancelled() const { return m_cancelled; }
+    /// A sentence where the index of the library was not written, without a point; empty where it was.
+    const std::string& IndexFailure() const { return m_indexFailure; }
     /// The last file whose part the library has; empty where there is none.
     const std::string& LastFile() const { return m_lastFile; }
 
@@ -45,7 +47,7 @@ private:
     std::atomic<bool> m_cancelled = false;
     BatchTotals m_totals;
     std::exception_ptr m_failure;
-    std::string m_lastFile;
+    std::string m_lastFile, m_indexFailure;
 };
 
 }  // namespace host

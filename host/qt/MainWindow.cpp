@@ -393,7 +393,8 @@ void MainWindow::ImportFolders(const std::vector<CString>& folders) {
             throw;
         }
         m_queue = nullptr;
-        EndQueue(queue.LastFile(), CString(TotalsSentence(totals)));
+        const std::string& failure = queue.IndexFailure();
+        EndQueue(queue.LastFile(), CString(TotalsSentence(totals) + (failure.empty() ? "" : "; " + failure)));
     });
 }
 

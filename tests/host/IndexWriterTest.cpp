@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "host/LibraryIndex.h"
+#include "support/Children.h"
 #include "support/Files.h"
 
 namespace {
@@ -59,11 +60,27 @@ TEST_F(IndexWriter, ItsEndWritesWhatIsLeft) {
     EXPECT_EQ(Size(), 7u);
 }
 
+TEST_F(IndexWriter, AFileThatMayNotGrowIsTheReasonAlsoWhereOnlyTheEndOfAChangeFails) {
+    for (const unsigned long limit : {100'000ul, 500'000ul, 1'500'000ul}) {
+        const int code = test::InChild([&]() -> int {
+            if (!test::LimitFiles(limit)) return test::kNotPossibleHere;
+            host::IndexWriter writer(Root());
+            for (int group = 0; group < 16; ++group) writer.Put(Parts(group * 500, 500));
+            return writer.End() == "the index of the library was not written: disk I/O error: File too large"
+                       ? 0
+                       : 1;
+        });
+        if (code == test::kNotPossibleHere) GTEST_SKIP() << "Files have no limit of their own here.";
+        EXPECT_EQ(code, 0) << limit;
+    }
+}
+
 TEST_F(IndexWriter, TellsOnceWhyTheIndexWasNotWrittenAndNeverWaitsAfterwards) {
     std::ofstream(Root() / ".veka-index") << "a file in the place of the directory";
     host::IndexWriter writer(Root());
     for (int group = 0; group < 30; ++group) writer.Put(Parts(group * 500, 500));
-    EXPECT_THAT(writer.End(), testing::HasSubstr("cannot open the directory"));
+    EXPECT_THAT(writer.End(),
+                testing::StartsWith("the index of the library was not written: cannot open the directory"));
 }
 
 }  // namespace

@@ -75,14 +75,14 @@ TEST_F(ReadAheadTest, ReportsOnFilesWhereThatIsAskedForAlsoOnThoseWithoutAPart) 
 }
 
 TEST_F(ReadAheadTest, StopHandsOverWhatIsInHandAndNoMore) {
-    WriteParts(3000);
+    WriteParts(1500);
     ReadAhead reader(files, {}, 2);
     CheckedFile file;
     ASSERT_EQ(reader.Next(file, kLong), ReadAhead::Answer::File);
     reader.Stop();
     size_t taken = 1;
     while (reader.Next(file, kLong) == ReadAhead::Answer::File) EXPECT_EQ(file.file, files[taken++]);
-    EXPECT_LT(taken, 1100u) << "no more than the window held";
+    EXPECT_LT(taken, 300u) << "no more than the window held";
 }
 
 TEST_F(ReadAheadTest, EndsWithFilesThatNobodyTakes) {

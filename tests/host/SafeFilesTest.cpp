@@ -239,7 +239,8 @@ TEST_F(SafeFiles, AWrittenFileIsWhatItsStatusSaysAfterwards) {
 }
 
 TEST_F(SafeFiles, ADirectoryIsNotMadeTwice) {
-    open.Make("inner", open).Write("file", {"text", 0666});
+    EXPECT_EQ(open.Make("inner", open).kind, host::EntryStatus::Kind::Directory);
+    open.Open("inner").Write("file", {"text", 0666});
     EXPECT_THROW(open.Make("inner", open), host::StoreError);
     EXPECT_EQ(test::ReadFile(Path("inner/file")), "text");
 }
@@ -253,7 +254,9 @@ TEST_F(SafeFiles, ANewDirectoryIsOpenToTheUsersOfTheOneAroundIt) {
     EXPECT_EQ(fs::status(made.Path()).permissions(), fs::perms(0700));
     made.ShareLike(open);
     EXPECT_EQ(fs::status(made.Path()).permissions(), fs::perms(0775));
-    EXPECT_EQ(fs::status(made.Make("inner", open).Path()).permissions(), fs::perms(0775));
+    const host::EntryStatus inner = made.Make("inner", open);
+    EXPECT_EQ(inner.inode, made.Open("inner").Status(".").inode);
+    EXPECT_EQ(fs::status(made.Path() / "inner").permissions(), fs::perms(0775));
     fs::permissions(directory.Path(), fs::perms(01777));
     made.ShareLike(open);
     EXPECT_EQ(fs::status(made.Path()).permissions(), fs::perms(0755))

@@ -40,6 +40,7 @@ TEST_F(QtImportQueue, StoresAllPartsAndPutsThemIntoTheIndex) {
     host::ImportQueue queue(view, batch, nullptr);
     EXPECT_EQ(host::TotalsSentence(queue.Run()), "4 files: 1 refused, 3 stored");
     EXPECT_EQ(queue.LastFile(), batch.files[2]);
+    EXPECT_EQ(queue.IndexFailure(), "");
     EXPECT_EQ(State(2), "stored");
     EXPECT_THAT(State(3), testing::HasSubstr("there is no file"));
     if (host::HasIndex()) {
@@ -87,6 +88,16 @@ TEST_F(QtImportQueue, AQuestionThatFailsEndsTheImport) {
     host::ImportQueue queue(view, batch, nullptr);
     EXPECT_THAT([&] { queue.Run(); }, testing::ThrowsMessage<host::SourceError>("no question"));
     EXPECT_THAT(test::ReadFile(Root() / "A/A.veka"), testing::HasSubstr("MM"));
+}
+
+TEST_F(QtImportQueue, SaysThatTheIndexWasNotWrittenAndStoresAllParts) {
+    if (!host::HasIndex()) GTEST_SKIP() << "This program was built without SQLite.";
+    directory.Write("lib/.veka-index", "a file in the place of the directory");
+    for (const char* number : {"A", "B"}) Add(number);
+    host::ImportQueue queue(view, batch, nullptr);
+    EXPECT_EQ(host::TotalsSentence(queue.Run()), "2 files: 2 stored");
+    EXPECT_THAT(queue.IndexFailure(),
+                testing::StartsWith("the index of the library was not written: cannot open the directory"));
 }
 
 TEST_F(QtImportQueue, AMissingLibraryIsTheStateOfAFile) {
