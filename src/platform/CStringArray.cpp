@@ -57,16 +57,13 @@ void CStringArray::Reserve(INT_PTR capacity) {
     if (capacity > kLargestSize) throw std::length_error("an array of more than 2^31 - 1 texts");
     auto* strings = static_cast<CString*>(::operator new(static_cast<size_t>(capacity) * sizeof(CString)));
     std::uninitialized_move(m_strings, m_strings + m_size, strings);  // moving a string does not throw
-    const std::uint32_t size = m_size;
     Free();
     m_strings = strings;
-    m_size = size;
     m_capacity = static_cast<std::uint32_t>(capacity);
 }
 
+/// Ends the strings and frees their memory. The members stay as they are.
 void CStringArray::Free() noexcept {
     std::destroy(m_strings, m_strings + m_size);
     if (m_capacity > 0) ::operator delete(m_strings);
-    m_strings = nullptr;
-    m_size = m_capacity = 0;
 }

@@ -41,6 +41,19 @@ TEST(CArray, GrowsByItsOwnStepWhereOneIsSet) {
     EXPECT_EQ(array.Capacity(), 10);
     array.SetSize(11);
     EXPECT_EQ(array.Capacity(), 20);
+    array.SetSize(21, 0);
+    EXPECT_EQ(array.Capacity(), 24) << "a step of 0 is none";
+}
+
+TEST(CArray, CanGrowByOneElementAtATime) {
+    Opened array;
+    array.SetSize(0, 1);
+    for (int i = 0; i < 10; ++i) {
+        array.Add(i);
+        EXPECT_EQ(array.Capacity(), i + 1);
+        array.AssertValid();
+    }
+    EXPECT_EQ(array[9], 9);
 }
 
 TEST(CArray, KeepsItsElementsThroughAllItsSizes) {
@@ -140,6 +153,20 @@ TEST(CArray, ExchangesItsStorage) {
     EXPECT_EQ(b[0], 1);
 }
 
+TEST(CArray, ExchangesItsGrowStep) {
+    Opened a, b;
+    a.SetSize(0, 100);
+    a.Swap(b);
+    a.Add(1);
+    b.Add(1);
+    EXPECT_EQ(a.Capacity(), 4);
+    EXPECT_EQ(b.Capacity(), 100);
+}
+
+TEST(CArray, IsConsistentWhileItHasNoStorage) {
+    EXPECT_NO_THROW(CArrayN().AssertValid());
+}
+
 TEST(CArray, TellsAboutItself) {
     CArrayN array;
     array.Add(1);
@@ -193,6 +220,8 @@ TEST(CArray, MovesBorrowedElementsToMemoryOfItsOwnWhenItGrows) {
 TEST(CArray, ShortensBorrowedElementsInPlaceAndGrowsAgain) {
     int elements[] = {1, 2, 3};
     Borrowing array(elements);
+    array.SetSize(3);
+    EXPECT_EQ(array.GetData(), elements) << "its own size is no growth";
     array.RemoveAt(0);
     EXPECT_TRUE(Holds(array, {2, 3}));
     array.SetSize(1);
@@ -255,6 +284,17 @@ TEST(CArray, RemovesNoNegativeRange) {
     array.SetSize(3);
     EXPECT_THROW(array.RemoveAt(-1), CInvalidArgException);
     EXPECT_THROW(array.RemoveAt(0, -1), CInvalidArgException);
+    EXPECT_EQ(array.GetSize(), 3);
+}
+
+TEST(CArray, RemovesNoRangeThatBeginsInsideAndEndsOutside) {
+    CArrayN array;
+    array.SetSize(3);
+    EXPECT_THROW(array.RemoveAt(2, 2), CInvalidArgException);
+    EXPECT_THROW(array.RemoveAt(3, 1), CInvalidArgException);
+    EXPECT_THROW(array.RemoveAt(4, 0), CInvalidArgException);
+    array.RemoveAt(3, 0);
+    array.RemoveAt(0, 0);
     EXPECT_EQ(array.GetSize(), 3);
 }
 

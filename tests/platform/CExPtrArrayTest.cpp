@@ -241,6 +241,21 @@ TEST_F(ExPtrArray, SubtractsTheElementsOfAnother) {
     EXPECT_TRUE(same.IsEmpty());
 }
 
+TEST_F(ExPtrArray, LooksAtNoElementBehindTheLast) {
+    // Without room behind the last element the sanitizers see it.
+    Array array, other, one;
+    for (Array* exact : {&array, &other, &one}) exact->SetSize(0, 1);
+    const auto t = Fill(array, 4);
+    one.Add(t[0]);
+    array.Subtract(one);
+    EXPECT_TRUE(array.MoveElementTo(other, 0, 1));
+    EXPECT_TRUE(array.MoveElementTo(array, 0, 0));
+    EXPECT_EQ(Content(array), (std::vector{t[3]}));
+    EXPECT_EQ(Content(other), (std::vector{t[1], t[2]}));
+    EXPECT_EQ(one.RemoveLastElement(), t[0]);
+    delete t[0];
+}
+
 TEST_F(ExPtrArray, Reverses) {
     Array array;
     const auto t = Fill(array, 3);

@@ -28,9 +28,11 @@ TEST(CStringArray, GrowsByEmptyStrings) {
     EXPECT_EQ(array, Make({"", "", "x"}));
     array.SetAtGrow(0, "y");
     EXPECT_EQ(array[0], "y");
-    EXPECT_EQ(array.GetUpperBound(), 2);
-    array.SetSize(4);
-    EXPECT_EQ(array.GetCount(), 4);
+    array.SetAtGrow(3, "z");
+    EXPECT_EQ(array, Make({"y", "", "x", "z"}));
+    EXPECT_EQ(array.GetUpperBound(), 3);
+    array.SetSize(5);
+    EXPECT_EQ(array.GetCount(), 5);
     array.SetSize(0);
     EXPECT_TRUE(array.IsEmpty());
 }
@@ -188,6 +190,8 @@ TEST(CStringArray, MovesStringsToMemoryOfItsOwnWhenItGrows) {
 TEST(CStringArray, ShortensStringsInOtherMemoryInPlaceAndGrowsAgain) {
     Place place{"a", kLong, "c"};
     CStringArray& array = place.array;
+    array.SetSize(3);
+    EXPECT_EQ(&array[0], place.begin()) << "its own size is no growth";
     array[1] += "!";
     array.RemoveAt(0);
     EXPECT_EQ(array, Make({"a text that needs memory of its own!", "c"}));
@@ -242,6 +246,13 @@ TEST(CStringArray, RemovesNoNegativeRange) {
     EXPECT_THROW(array.RemoveAt(-1), CInvalidArgException);
     EXPECT_THROW(array.RemoveAt(0, -1), CInvalidArgException);
     EXPECT_EQ(array.GetSize(), 3);
+}
+
+TEST(CStringArray, RemovesNoRangeThatBeginsInsideAndEndsOutside) {
+    CStringArray array = Make({"a", "b", "c"});
+    EXPECT_THROW(array.RemoveAt(2, 2), CInvalidArgException);
+    EXPECT_THROW(array.RemoveAt(3, 1), CInvalidArgException);
+    EXPECT_EQ(array, Make({"a", "b", "c"}));
 }
 
 TEST(CStringArray, DiffersInItsSizeOrInAString) {
