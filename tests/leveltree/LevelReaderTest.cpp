@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <random>
 
@@ -526,6 +528,37 @@ TEST(LevelReader, TicksOftenWithinOneLine) {
         EXPECT_THROW(reader.Read(lines), int) << piece;
         EXPECT_LE(reader.BytesRead(), 3 * veka::LevelReader::kTickBytes) << piece;
     }
+}
+
+TEST(LevelReader, KnowsAtEachTickHowFarItIsWithinOneLine) {
+    const std::string line = "(A" + std::string(1'000'000, ' ');
+    const auto bytesReadAfter = [&](int ticks) {
+        veka::Pages pages;
+        veka::MemoryLines lines(line);
+        veka::LevelReader reader(pages, [](CECadClsLvl*, int) {}, {.watched = true});
+        EndAt watch(ticks);
+        const veka::Watch::Scope scope(&watch);
+        EXPECT_THROW(reader.Read(lines), int);
+        return reader.BytesRead();
+    };
+    EXPECT_EQ(bytesReadAfter(9) - bytesReadAfter(5), 4 * veka::LevelReader::kTickBytes);
+}
+
+/// The most memory that reading a number of levels takes if their pages are used again.
+std::int64_t MemoryOfLevels(int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += "(A (B 1) (C 2) (D 3))\n";
+    EndAt watch(std::numeric_limits<int>::max());
+    const veka::Watch::Scope scope(&watch);
+    veka::Pages pages;
+    veka::MemoryLines lines(text);
+    veka::LevelReader(pages, [&](CECadClsLvl*, int) { pages.Reset(); }, {.watched = true}).Read(lines);
+    return watch.MostTaken();
+}
+
+TEST(LevelReader, KeepsNothingOfALevelThatWasTaken) {
+    EXPECT_GT(MemoryOfLevels(1), 0);
+    EXPECT_LT(MemoryOfLevels(10'000), MemoryOfLevels(1) + 1000);
 }
 
 TEST(LevelReader, CountsTheLinesAlsoWhereAnExceptionEndsIt) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <random>
 #include <string>
 #include <vector>
@@ -307,6 +308,50 @@ private:
     int m_last;
 };
 
+/// What a watch sees while a string of each line is tested at its quotes that may be escaped.
+struct Seen {
+    int ticks;
+    std::int64_t memory;
+};
+Seen TestAtQuotes(const std::vector<std::string>& lines, size_t begin, size_t limit) {
+    CountTicks watch;
+    const veka::Watch::Scope scope(&watch);
+    veka::QuoteLookAhead lookAhead;
+    for (const std::string& line : lines) {
+        lookAhead.StartLine(line, limit);
+        lookAhead.StartString(begin);
+        for (size_t at = line.find("\\\"", begin); at != line.npos; at = line.find("\\\"", at + 1))
+            lookAhead.EndsAt(at + 1);
+    }
+    return {watch.ticks, watch.MostTaken()};
+}
+
+/// A line in which the search for the string at its end costs some dozens of steps for each byte.
+std::string LineToSearch(size_t length) {
+    return std::string(length, 'a') + '"' + std::string(30, 'a') + "b\\\"";
+}
+
+TEST(QuoteLookAhead, SearchesNoFurtherThanItsLimit) {
+    const std::vector<std::string> lines{LineToSearch(300'000)};
+    const int ticksOfIndex = TestAtQuotes(lines, 300'001, kIndexAtOnce).ticks;
+    EXPECT_EQ(TestAtQuotes(lines, 300'001, 1000).ticks, ticksOfIndex);
+    EXPECT_GT(TestAtQuotes(lines, 300'001, 20'000'000).ticks, 5);
+}
+
+TEST(QuoteLookAhead, CountsTheStepsOfEachLineAnew) {
+    const std::vector<std::string> lines(20, LineToSearch(1000));
+    constexpr size_t kEnoughForOne = 100'000;
+    EXPECT_EQ(TestAtQuotes(lines, 1001, kEnoughForOne).memory, 0) << "no line needs an index";
+    EXPECT_GT(TestAtQuotes(lines, 1001, 1000).memory, 0);
+}
+
+TEST(QuoteLookAhead, CountsTheRepeatsOfAChunkAsSteps) {
+    std::string line;
+    for (int i = 0; i < 500; ++i) line += "a\\\"";
+    EXPECT_GT(TestAtQuotes({line}, 0, 1000).memory, 0);
+    EXPECT_EQ(TestAtQuotes({line}, 0, 1'000'000).memory, 0);
+}
+
 /// A search that ticks often, and that any of its ticks can end.
 void TicksAndEnds(const std::string& line, const std::vector<size_t>& strings, size_t limit) {
     const auto askAll = [&] {
@@ -341,8 +386,7 @@ TEST(QuoteLookAhead, TicksWhileItMakesAnIndex) {
 }
 
 TEST(QuoteLookAhead, TicksWhileItSearches) {
-    const std::string line = std::string(300'000, 'a') + '"' + std::string(30, 'a') + "b\\\"";
-    TicksAndEnds(line, {300'001}, kNoIndex);
+    TicksAndEnds(LineToSearch(300'000), {300'001}, kNoIndex);
 }
 
 }  // namespace
