@@ -146,6 +146,12 @@ TEST(ImportReport, Q4_AMinorNumberThatIsNotBehindThePointIsTold) {
                             "it is read from the end, with as many digits as the major number has"));
 }
 
+TEST(ImportReport, Q4_AVersionThatBeginsWithItsPointLosesItsMinorNumber) {
+    EXPECT_THAT(Said("(VEK (PARTGENERAL (HISTORY (VERSION .5))))"),
+                ElementsAre("VEKA-W037 37-39 warning: the minor number of the version \".5\" becomes 0: "
+                            "it is read from the end, with as many digits as the major number has"));
+}
+
 TEST(ImportReport, AVersionWithoutAPointHasNoNumbers) {
     EXPECT_THAT(
         Said("(VEK (PARTGENERAL (HISTORY (VERSION 12))))"),
@@ -222,6 +228,22 @@ TEST(ImportReport, AnUnknownTargetOfAPowerRailIsTold) {
         ElementsAre(
             "VEKA-W050 49-52 warning: there is no signal \"VCC\"",
             "VEKA-W036 53-56 warning: \"RCL\" in SIGNALNAME is neither RLC nor RL and counts as no target"));
+}
+
+TEST(ImportReport, AWordThatTheFormatKnowsIsNotTold) {
+    const auto expectSilence = [](std::string_view before, std::initializer_list<const char*> words,
+                                  std::string_view after) {
+        for (const std::string word : words) {
+            EXPECT_THAT(Said(std::string(before) + word + std::string(after)), IsEmpty()) << word;
+        }
+    };
+    expectSilence("(VEK (ELECTRICAL (ELECTRICALPINS (EPIN (SNAME V))) (POWERRAILS (PRAIL (SIGNALNAME V ",
+                  {"RLC", "RL", "\"\""}, ")))))");
+    expectSilence("(VEK (PACKAGES (PACKAGE (MOUNTDATA (BODYHEIGHT 2 ", {"\x01", "FALSE", "0", "\"\""},
+                  ")))))");
+    expectSilence("(VEK (PACKAGES (PACKAGE (PKGPINS (PKGPIN 1 (LEAD (BAR (CLINCH ", {"0", "1", "01", "\"\""},
+                  "))))))))");
+    expectSilence("(NSHAPE N (PINBODYSHAPE (PTEXT (VISIBLE ", {"TRUE", "FALSE", "\"\""}, "))))");
 }
 
 TEST(ImportReport, Q12_TheFileNameOfAPackagePinIsNotRead) {

@@ -250,6 +250,13 @@ TEST(MakeDrawObjArray, AnAngleIsNeverNegative) {
     EXPECT_DOUBLE_EQ(arc.GetRadius(), std::sqrt(2.0)) << "every Z is ignored";
 }
 
+TEST(MakeDrawObjArray, AnAngleJustBelow0Is360) {
+    const auto outline = Outline("(ARC (PT 1 -1e-300) (PT 1 0) (PT 0 0))");
+    const auto& arc = dynamic_cast<const CPCArc&>((*outline)[0]);
+    EXPECT_EQ(arc.GetStartAngle(), 360);
+    EXPECT_EQ(arc.GetEndAngle(), 0);
+}
+
 TEST(MakeDrawObjArray, ALineIsItsTwoPoints) {
     const auto outline = Outline("(LINE (PT 1 2 3) (PT 4 5 6) (LW 7)) (RECTANGLE) (3DLINE)");
     ASSERT_EQ(outline->GetSize(), 1u);
