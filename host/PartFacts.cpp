@@ -1,5 +1,9 @@
 #include "host/PartFacts.h"
 
+#include <bit>
+#include <cstring>
+#include <iterator>
+
 namespace host {
 
 namespace {
@@ -59,21 +63,29 @@ PartFacts FactsOf(const ImportedPart& part) {
 
 std::uint64_t ContentHash(std::string_view content) noexcept {
     constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15u;
-    std::uint64_t hash = kFactor ^ content.size();
-    const auto mix = [&hash](std::uint64_t word) {
+    const auto mix = [](std::uint64_t& hash, std::uint64_t word) {
         hash = (hash ^ word) * kFactor;
         hash ^= hash >> 32;
     };
-    const auto word = [](std::string_view bytes) {
+    const auto word = [](const char* bytes, std::size_t count = sizeof(std::uint64_t)) {
         std::uint64_t value = 0;
-        for (std::size_t i = bytes.size(); i-- > 0;)
-            value = value << 8 | static_cast<unsigned char>(bytes[i]);
+        if constexpr (std::endian::native == std::endian::little)
+            std::memcpy(&value, bytes, count);
+        else
+            for (std::size_t i = count; i-- > 0;) value = value << 8 | static_cast<unsigned char>(bytes[i]);
         return value;
     };
-    constexpr std::size_t kWord = sizeof hash;
-    for (; content.size() >= kWord; content.remove_prefix(kWord)) mix(word(content.substr(0, kWord)));
-    mix(word(content));
-    mix(0);
+    constexpr std::size_t kWord = sizeof(std::uint64_t);
+    // The processor works on several words at once where none waits for the one before.
+    std::uint64_t lanes[] = {kFactor ^ content.size(), 1, 2, 3};
+    constexpr std::size_t kBlock = sizeof lanes;
+    for (; content.size() >= kBlock; content.remove_prefix(kBlock))
+        for (std::size_t i = 0; i < std::size(lanes); ++i) mix(lanes[i], word(content.data() + i * kWord));
+    std::uint64_t& hash = lanes[0];
+    for (std::size_t i = 1; i < std::size(lanes); ++i) mix(hash, lanes[i]);
+    for (; content.size() >= kWord; content.remove_prefix(kWord)) mix(hash, word(content.data()));
+    if (!content.empty()) mix(hash, word(content.data(), content.size()));
+    mix(hash, 0);
     return hash;
 }
 

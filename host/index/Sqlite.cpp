@@ -118,7 +118,8 @@ Database::Database(const std::string& path) {
     if (!database) throw std::bad_alloc();
     Check(result, database);
     sqlite3_busy_timeout(database, kBusyMilliseconds);
-    Run("PRAGMA cache_size = -16384");  // KB; less makes an import read pages of the index again and again
+    Run("PRAGMA cache_size = -32768");  // KB; less makes an import read pages of the index again and again
+    Run("PRAGMA wal_autocheckpoint = 8192");  // pages; less makes an import write pages several times
     // What a damaged file says must not make SQLite do more than read it.
     sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);

@@ -57,7 +57,7 @@ public:
 
     void Run(const char* sql);
     Statement Prepare(std::string_view sql) { return Statement(m_database.get(), sql); }
-    /// A statement that is prepared once, ready for values. `sql` is a literal.
+    /// A statement that is prepared once, ready for values. `sql` is a literal, known by its address.
     Statement& Cached(const char* sql);
     std::int64_t Integer(const char* sql);
     std::int64_t LastRow() const;
@@ -67,7 +67,7 @@ private:
         void operator()(sqlite3* database) const noexcept;
     };
     std::unique_ptr<sqlite3, Close> m_database;
-    std::unordered_map<std::string_view, Statement> m_statements;  // the last member: they use the database
+    std::unordered_map<const char*, Statement> m_statements;  // the last member: they use the database
 };
 
 /// Changes a database at once or, where it is left before `Commit`, not at all.

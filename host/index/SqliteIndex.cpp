@@ -5,6 +5,8 @@
 #include <chrono>
 #include <iterator>
 #include <optional>
+#include <set>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -23,7 +25,7 @@ namespace {
 constexpr const char* kFolder = ".veka-index";
 constexpr const char* kFile = "parts.sqlite";
 
-constexpr std::int64_t kVersion = 2;
+constexpr std::int64_t kVersion = 3;
 constexpr std::int64_t kApplication = 0x56454B49;  // what marks the file as one of ours
 constexpr std::size_t kAtOnce = 512;               // parts that one transaction takes
 constexpr std::size_t kMostTerms = 64;
@@ -37,16 +39,17 @@ CREATE TABLE parts(
   functionalType TEXT NOT NULL COLLATE NOCASE, packageType TEXT NOT NULL COLLATE NOCASE,
   pins INTEGER NOT NULL, size INTEGER NOT NULL, hash INTEGER NOT NULL, stored INTEGER NOT NULL,
   directory INTEGER NOT NULL, modified INTEGER NOT NULL, inode INTEGER NOT NULL,
-  errors INTEGER, warnings INTEGER, notes INTEGER, problem TEXT, origin TEXT NOT NULL);
+  errors INTEGER, warnings INTEGER, notes INTEGER, problem TEXT, origin TEXT NOT NULL, lists TEXT NOT NULL);
 CREATE INDEX byNumber ON parts(number) WHERE problem IS NULL;
 CREATE INDEX byManufacturer ON parts(manufacturer);
 CREATE INDEX byPins ON parts(pins);
-CREATE TABLE names(part INTEGER NOT NULL, kind TEXT NOT NULL, name TEXT NOT NULL COLLATE NOCASE);
-CREATE INDEX ofPart ON names(part);
-CREATE INDEX byName ON names(kind, name);
+CREATE TABLE names(kind INTEGER NOT NULL, name TEXT NOT NULL COLLATE NOCASE, part INTEGER NOT NULL,
+  PRIMARY KEY(kind, name, part)) WITHOUT ROWID;
 CREATE TABLE state(key TEXT PRIMARY KEY, value INTEGER NOT NULL);
 CREATE VIRTUAL TABLE words USING fts5(text, tokenize="unicode61 remove_diacritics 2", prefix="1 2 3");
 CREATE VIRTUAL TABLE pieces USING fts5(text, tokenize="trigram");
+INSERT INTO words(words, rank) VALUES('hashsize', 8388608), ('automerge', 8);
+INSERT INTO pieces(pieces, rank) VALUES('hashsize', 8388608), ('automerge', 8);
 )";
 
 enum class Kind { Text, Number, List };
@@ -55,7 +58,7 @@ enum class Kind { Text, Number, List };
 struct Field {
     const char* name;
     Kind kind;
-    const char* column;  ///< or the kind of a name
+    const char* column;  ///< of the parts, or the kind of a name
 };
 
 constexpr Field kFields[] = {
@@ -64,11 +67,11 @@ constexpr Field kFields[] = {
     {"description", Kind::Text, "description"},
     {"type", Kind::Text, "functionalType"},
     {"package-type", Kind::Text, "packageType"},
-    {"package", Kind::List, "package"},
-    {"footprint", Kind::List, "footprint"},
-    {"symbol", Kind::List, "symbol"},
-    {"family", Kind::List, "family"},
-    {"company-number", Kind::List, "company-number"},
+    {"package", Kind::List, "0"},
+    {"footprint", Kind::List, "1"},
+    {"symbol", Kind::List, "2"},
+    {"family", Kind::List, "3"},
+    {"company-number", Kind::List, "4"},
     {"pins", Kind::Number, "pins"},
     {"size", Kind::Number, "size"},
     {"errors", Kind::Number, "errors"},
@@ -102,17 +105,34 @@ const char* ColumnOf(SortBy sortBy) {
     return "number";
 }
 
-/// The lists of a part by the kinds of their names.
-struct NameList {
-    const char* kind;
-    std::vector<std::string> PartFacts::*names;
-};
+/// The lists of a part. The kind of their names is their place here.
+constexpr std::vector<std::string> PartFacts::*kLists[] = {&PartFacts::packages, &PartFacts::footprints,
+                                                           &PartFacts::symbols, &PartFacts::families,
+                                                           &PartFacts::companyNumbers};
 
-constexpr NameList kLists[] = {{"package", &PartFacts::packages},
-                               {"footprint", &PartFacts::footprints},
-                               {"symbol", &PartFacts::symbols},
-                               {"family", &PartFacts::families},
-                               {"company-number", &PartFacts::companyNumbers}};
+/// The lists of a part as one text: for each name its kind, its length, a colon and the name itself.
+std::string JoinLists(const PartFacts& facts) {
+    std::string lists;
+    for (std::size_t kind = 0; kind < std::size(kLists); ++kind)
+        for (const std::string& name : facts.*kLists[kind])
+            lists += static_cast<char>('0' + kind) + std::to_string(name.size()) + ':' + name;
+    return lists;
+}
+
+/// Takes `JoinLists` apart. What follows a fault in a damaged text is left out.
+void SplitLists(std::string_view lists, PartFacts& facts) {
+    while (!lists.empty()) {
+        const std::size_t kind = static_cast<std::size_t>(lists[0] - '0');
+        std::size_t size = 0;
+        const char* const end = lists.data() + lists.size();
+        const auto [colon, error] = std::from_chars(lists.data() + 1, end, size);
+        if (kind >= std::size(kLists) || error != std::errc() || colon == end || *colon != ':') return;
+        lists.remove_prefix(static_cast<std::size_t>(colon + 1 - lists.data()));
+        if (size > lists.size()) return;
+        (facts.*kLists[kind]).emplace_back(lists.substr(0, size));
+        lists.remove_prefix(size);
+    }
+}
 
 /// A text that the search reads: valid UTF-8 without a zero byte.
 std::string Searchable(std::string_view text) {
@@ -217,9 +237,10 @@ private:
         const std::string column = field->kind == Kind::List ? "name" : field->column;
         const std::string comparison = wild ? column + R"( LIKE ? ESCAPE '\')" : column + " = ?";
         m_sql += condition.comparison == Condition::Comparison::NotEqual ? " AND NOT " : " AND ";
-        m_sql += field->kind == Kind::List ? "id IN (SELECT part FROM names WHERE kind = '" +
-                                                 std::string(field->column) + "' AND " + comparison + ')'
-                                           : '(' + comparison + ')';
+        m_sql += field->kind == Kind::List
+                     ? "id IN (SELECT part FROM names WHERE kind = " + std::string(field->column) + " AND " +
+                           comparison + ')'
+                     : '(' + comparison + ')';
         AddText(wild ? Pattern(condition.value, true) : condition.value);
     }
 
@@ -253,10 +274,10 @@ public:
         const auto put = [&] {
             // The next program that uses the index notices the parts by itself.
             if (m_inMemory) throw IndexError(m_whyInMemory);
-            Transaction transaction(*m_database);
+            Change change(*this);
             for (const StoredPart& part : parts)
                 if (!HasRow(part)) Insert(part.facts, part.stamp, nullptr, part.origin);
-            transaction.Commit();
+            change.Commit();
         };
         Guarded(put, false);
     }
@@ -283,6 +304,30 @@ private:
         PartStamp stamp;
         std::int64_t hash;
         bool hasFindings;
+    };
+
+    /// A name that has to go into the table of names.
+    struct NewName {
+        int kind;
+        std::string name;
+        std::int64_t part;
+    };
+
+    /// A transaction that inserts parts. Their names are inserted at its end, sorted: then neighbours are on
+    /// one page of the table.
+    class Change {
+    public:
+        explicit Change(SqliteIndex& index) : m_index(index), m_transaction(*index.m_database) {
+            m_index.m_newNames.clear();
+        }
+        void Commit() {
+            m_index.InsertNames();
+            m_transaction.Commit();
+        }
+
+    private:
+        SqliteIndex& m_index;
+        Transaction m_transaction;
     };
 
     std::string FilePath() const {
@@ -388,8 +433,8 @@ private:
         Statement& insert = m_database->Cached(
             "INSERT INTO parts(name, fileName, number, manufacturer, description, functionalType, "
             "packageType, "
-            "pins, size, hash, stored, directory, modified, inode, problem, origin) "
-            "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+            "pins, size, hash, stored, directory, modified, inode, problem, origin, lists) "
+            "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
         insert.Bind(facts.name).Bind(stamp.fileName).Bind(facts.number).Bind(facts.manufacturer);
         insert.Bind(facts.description).Bind(facts.functionalType).Bind(facts.packageType).Bind(facts.pins);
         insert.Bind(static_cast<std::int64_t>(problem ? stamp.file.size : facts.size));
@@ -397,23 +442,27 @@ private:
         insert.Bind(static_cast<std::int64_t>(stamp.directory)).Bind(stamp.file.modified);
         insert.Bind(static_cast<std::int64_t>(stamp.file.inode));
         problem ? insert.Bind(*problem) : insert.BindNull();
-        insert.Bind(origin);
+        insert.Bind(origin).Bind(JoinLists(facts));
         insert.Run();
         if (problem) return;
         const std::int64_t id = m_database->LastRow();
         std::string words = facts.number + ' ' + facts.manufacturer + ' ' + facts.description + ' ' +
                             facts.functionalType + ' ' + facts.packageType;
-        std::string pieces = facts.number;
-        for (const NameList& list : kLists)
-            for (const std::string& name : facts.*list.names) {
-                m_database->Cached("INSERT INTO names VALUES(?, ?, ?)")
-                    .Bind(id)
-                    .Bind(list.kind)
-                    .Bind(name)
-                    .Run();
-                words += ' ' + name;
+        // Many names of a part are its number, or each other.
+        std::set<std::string_view> there = {facts.number, facts.functionalType, facts.packageType};
+        for (std::size_t kind = 0; kind < std::size(kLists); ++kind)
+            for (const std::string& name : facts.*kLists[kind]) {
+                m_newNames.push_back({static_cast<int>(kind), name, id});
+                if (there.insert(name).second) words += ' ' + name;
             }
-        for (const std::string& number : facts.companyNumbers) pieces += ' ' + number;
+        std::string pieces = facts.number;
+        std::string_view last = facts.number;
+        // The next number often begins with the one before.
+        for (auto name = facts.companyNumbers.rbegin(); name != facts.companyNumbers.rend(); ++name) {
+            if (last.starts_with(*name)) continue;
+            pieces += ' ' + *name;
+            last = *name;
+        }
         m_database->Cached("INSERT INTO words(rowid, text) VALUES(?, ?)")
             .Bind(id)
             .Bind(Searchable(words))
@@ -424,13 +473,38 @@ private:
             .Run();
     }
     void Remove(const std::string& name) {
-        Statement& find = m_database->Cached("SELECT id FROM parts WHERE name = ?").Bind(name);
+        Statement& find = m_database->Cached("SELECT id, lists FROM parts WHERE name = ?").Bind(name);
         if (!find.Step()) return;
         const std::int64_t id = find.Integer(0);
+        PartFacts lists;
+        SplitLists(find.Text(1), lists);
         find.Reset();
+        InsertNames();  // perhaps those of this part
+        for (std::size_t kind = 0; kind < std::size(kLists); ++kind)
+            for (const std::string& one : lists.*kLists[kind])
+                m_database->Cached("DELETE FROM names WHERE kind = ? AND name = ? AND part = ?")
+                    .Bind(static_cast<int>(kind))
+                    .Bind(one)
+                    .Bind(id)
+                    .Run();
         for (const char* sql : {"DELETE FROM words WHERE rowid = ?", "DELETE FROM pieces WHERE rowid = ?",
-                                "DELETE FROM names WHERE part = ?", "DELETE FROM parts WHERE id = ?"})
+                                "DELETE FROM parts WHERE id = ?"})
             m_database->Cached(sql).Bind(id).Run();
+    }
+    void InsertNames() {
+        std::sort(m_newNames.begin(), m_newNames.end(), [](const NewName& one, const NewName& other) {
+            if (one.kind != other.kind) return one.kind < other.kind;
+            const int order = sqlite3_stricmp(one.name.c_str(), other.name.c_str());
+            return order != 0 ? order < 0 : one.part < other.part;
+        });
+        for (const NewName& name : m_newNames)
+            // A part can have a name twice.
+            m_database->Cached("INSERT OR IGNORE INTO names VALUES(?, ?, ?)")
+                .Bind(name.kind)
+                .Bind(name.name)
+                .Bind(name.part)
+                .Run();
+        m_newNames.clear();
     }
 
     std::unordered_map<std::string, Known> KnownParts() {
@@ -471,7 +545,7 @@ private:
             known.erase(found);
         }
         const bool whole = Read(library, fresh, progress);
-        Transaction transaction(*m_database);
+        Change change(*this);
         for (const auto& [name, part] : known) Remove(name);
         // A part that is stored in the same tick of the clock would not be noticed by the time.
         using namespace std::chrono;
@@ -479,7 +553,7 @@ private:
         const bool settled = whole && now - self.modified > 2'000'000'000;
         SetState("modified", settled ? self.modified : -2);
         SetState("inode", static_cast<std::int64_t>(self.inode));
-        transaction.Commit();
+        change.Commit();
     }
     /// Reads parts and takes them over; false where `progress` ended that.
     bool Read(const Directory& library, const std::vector<std::string>& names,
@@ -505,7 +579,7 @@ private:
     bool TakeOver(ReadAhead& reader, std::size_t count, const IndexProgress& progress, Deed deed) {
         std::size_t done = 0;
         for (bool ended = false; !ended;) {
-            Transaction transaction(*m_database);
+            Change change(*this);
             for (const std::size_t end = done + kAtOnce; done < end && !ended;) {
                 CheckedFile file;
                 const ReadAhead::Answer answer = reader.Next(file, kAsk);
@@ -513,7 +587,7 @@ private:
                 ended = answer == ReadAhead::Answer::End;
                 if (answer == ReadAhead::Answer::File) deed(done++, file);
             }
-            transaction.Commit();
+            change.Commit();
         }
         return done == count;
     }
@@ -614,7 +688,7 @@ private:
         Statement& row = m_database->Cached(
             "SELECT name, fileName, number, manufacturer, description, functionalType, packageType, pins, "
             "size, "
-            "hash, stored, errors, warnings, notes, origin FROM parts WHERE id = ?");
+            "hash, stored, errors, warnings, notes, origin, lists FROM parts WHERE id = ?");
         row.Bind(id);
         if (!row.Step()) return std::nullopt;
         ListedPart part;
@@ -629,11 +703,7 @@ private:
         part.stored = row.Integer(10);
         part.origin = row.Text(14);
         if (!row.IsNull(11)) part.findings = FindingCounts{row.Integer(11), row.Integer(12), row.Integer(13)};
-        Statement& names =
-            m_database->Cached("SELECT kind, name FROM names WHERE part = ? ORDER BY rowid").Bind(id);
-        while (names.Step())
-            for (const NameList& list : kLists)
-                if (names.Text(0) == list.kind) (facts.*list.names).emplace_back(names.Text(1));
+        SplitLists(row.Text(15), facts);
         return part;
     }
 
@@ -732,7 +802,15 @@ private:
             listed.number == facts.number && listed.manufacturer == facts.manufacturer &&
             listed.description == facts.description && listed.functionalType == facts.functionalType &&
             listed.packageType == facts.packageType && listed.pins == facts.pins && listed.size == facts.size;
-        for (const NameList& list : kLists) same = same && listed.*list.names == facts.*list.names;
+        for (std::size_t kind = 0; kind < std::size(kLists); ++kind) {
+            same = same && listed.*kLists[kind] == facts.*kLists[kind];
+            for (const std::string& name : facts.*kLists[kind]) {
+                Statement& find =
+                    m_database->Cached("SELECT 1 FROM names WHERE kind = ? AND name = ? AND part = ?");
+                same = find.Bind(static_cast<int>(kind)).Bind(name).Bind(id).Step() && same;
+                find.Reset();
+            }
+        }
         return same;
     }
 
@@ -742,6 +820,7 @@ private:
     bool m_inMemory = false;
     std::string m_whyInMemory;
     bool m_refreshed = false;
+    std::vector<NewName> m_newNames;  // of the change that is being made
 };
 
 }  // namespace

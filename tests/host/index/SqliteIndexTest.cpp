@@ -82,6 +82,42 @@ TEST_F(Index, FindsWordsBeginningsAndPartsOfANumber) {
     EXPECT_THAT(Find("nothing"), IsEmpty());
 }
 
+TEST_F(Index, FindsPartsByNamesThatRepeatOrContainEachOther) {
+    Store({"PX-12",
+           "(CPN C1234 C1234-A 234 c1234) (PRODUCTFAMILY Amplifier amplifier PX-12) (PARTDESC \"Quiet "
+           "Amplifier\")"});
+    Store({"AMP", "(CPN 12) (PRODUCTFAMILY Amp)"});
+    EXPECT_THAT(Find("C1234"), ElementsAre("PX-12"));
+    EXPECT_THAT(Find("1234-a"), ElementsAre("PX-12"));
+    EXPECT_THAT(Find("234"), ElementsAre("PX-12"));
+    EXPECT_THAT(Find("12"), ElementsAre("AMP", "PX-12")) << "a company's number, and a word of the number";
+    EXPECT_THAT(Find("amplifier"), ElementsAre("PX-12"));
+    EXPECT_THAT(Find("amp"), ElementsAre("AMP", "PX-12"));
+    for (const char* where :
+         {"company-number=234", "company-number=c1234", "family=AMPLIFIER", "family=px-12"})
+        EXPECT_THAT(Find("", {where}), ElementsAre("PX-12")) << where;
+    EXPECT_THAT(Find("", {"company-number=1234"}), IsEmpty());
+    const auto index = Open();
+    const auto ids = index->Find({"PX-12", {}});
+    ASSERT_EQ(ids.size(), 1u);
+    EXPECT_THAT(index->Part(ids[0])->facts.companyNumbers, ElementsAre("C1234", "C1234-A", "234", "c1234"))
+        << "all of them in their order";
+    EXPECT_THAT(index->Verify(), IsEmpty());
+}
+
+TEST_F(Index, APartThatIsReplacedIsNotFoundByItsFormerNames) {
+    Store({"A", "(CPN OLD-1 BOTH) (PRODUCTFAMILY Old)"});
+    Store({"B", "(CPN OLD-1)"});
+    EXPECT_THAT(Find("", {"company-number=old-1"}), ElementsAre("A", "B"));
+    Store({"A", "(CPN NEW-1 BOTH) (PRODUCTFAMILY New)"});
+    EXPECT_THAT(Find("", {"company-number=old-1"}), ElementsAre("B"));
+    EXPECT_THAT(Find("", {"family=old"}), IsEmpty());
+    EXPECT_THAT(Find("old"), ElementsAre("B"));
+    EXPECT_THAT(Find("", {"company-number=both", "family=new"}), ElementsAre("A"));
+    std::filesystem::remove_all(Root() / "A");
+    EXPECT_THAT(Find("", {"company-number=both"}), IsEmpty());
+}
+
 TEST_F(Index, TheVeryNumberComesFirstThenThoseThatBeginWithIt) {
     for (const char* number : {"A-BC1", "BC1", "BC10", "XBC1"}) Store({number});
     EXPECT_THAT(Find("bc1"), ElementsAre("BC1", "BC10", "A-BC1", "XBC1"));
