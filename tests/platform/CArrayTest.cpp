@@ -21,6 +21,8 @@ TEST(CArray, GrowsByAnEighthAtLeastFourAndAtMost1024) {
     Opened array;
     array.Add(1);
     EXPECT_EQ(array.Capacity(), 4);
+    array.SetSize(4);
+    EXPECT_EQ(array.Capacity(), 4);
     array.SetSize(5);
     EXPECT_EQ(array.Capacity(), 8);
     array.SetSize(800);
