@@ -1,9 +1,13 @@
-"""Combines the sources of each target of a build into few files, for tools that read all headers again for each file.
+"""Combines the sources of each target of a build into few files, for tools and compilers that read all headers again for each
+file.
 
 combine-sources.py BUILD OUTPUT FOLDER...: writes into OUTPUT the files TARGET.1.cpp, TARGET.2.cpp ... for each target of BUILD
 that has sources in the folders of the project, beside each the file TARGET.1.sources with the paths of these sources, and a
 compile_commands.json for all of them. Sources that use the same name for things of their own are kept apart. Prints the paths
-of the combined files."""
+of the combined files.
+
+combine-sources.py --groups LIST: LIST has a line KEY|PATH for each source. Prints PATH|NUMBER for each. Sources of one key and
+of one number can be compiled together."""
 
 import json
 import pathlib
@@ -16,9 +20,15 @@ def own_names(text):
     names = set()
     for block in re.findall(r"^namespace \{$(.*?)^\}  // namespace$", text, re.MULTILINE | re.DOTALL):
         for line in re.findall(r"^[A-Za-z\[].*", block, re.MULTILINE):
-            found = re.search(r"^(?:struct|class|enum class|enum|using) (\w+)|(\w+)(?:\(|\{| = |\[|;)", line)
-            if found:
-                names.add(found.group(1) or found.group(2))
+            test = re.match(r"TEST(?:_F)?\((\w+), (\w+)\)", line)
+            found = re.search(r"^(?:struct|class|enum class|enum) (\w+)|^using (\w+) =|(\w+)(?:\(|\{| =(?: |$)|\[|;)", line)
+            if test:
+                names.add(f"{test.group(1)}_{test.group(2)}_Test")
+            elif found and not line.startswith("using namespace") and not re.match(r"using [\w:]+;", line):
+                names.add(found.group(1) or found.group(2) or found.group(3))
+                names.update(re.findall(r", (\w+) = ", line))
+        for members in re.findall(r"^enum \{(.*?)\}", block, re.MULTILINE | re.DOTALL):
+            names.update(re.findall(r"\w+", members))
     return names
 
 
@@ -46,7 +56,18 @@ def groups_of(paths):
     return [group["paths"] for group in groups] + alone
 
 
-def main():
+def print_groups(listed):
+    sources = {}
+    for line in pathlib.Path(listed).read_text().splitlines():
+        key, path = line.rsplit("|", 1)
+        sources.setdefault(key, []).append(path)
+    for paths in sources.values():
+        for number, group in enumerate(groups_of(sorted(paths)), start=1):
+            for path in group:
+                print(f"{path}|{number}")
+
+
+def combine():
     build, output, folders = sys.argv[1], pathlib.Path(sys.argv[2]), sys.argv[3:]
     project = pathlib.Path.cwd()
     targets = {}
@@ -74,4 +95,7 @@ def main():
     (output / "compile_commands.json").write_text(json.dumps(commands))
 
 
-main()
+if sys.argv[1] == "--groups":
+    print_groups(sys.argv[2])
+else:
+    combine()
