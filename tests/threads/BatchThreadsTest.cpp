@@ -151,10 +151,15 @@ TEST_F(BatchThreads, AnotherThreadCancelsABatch) {
 }
 
 TEST_F(BatchThreads, CtrlCThatAnotherThreadNotesCancelsABatch) {
+    // A program that a shell starts in the background ignores Ctrl-C, and so would this one.
+    void (*const former)(int) = std::signal(SIGINT, SIG_DFL);
     host::Interrupt::Forget();
-    const host::Interrupt interrupt;
-    ExpectToEndEarly([] { std::raise(SIGINT); }, host::Interrupt::Happened);
+    {
+        const host::Interrupt interrupt;
+        ExpectToEndEarly([] { std::raise(SIGINT); }, host::Interrupt::Happened);
+    }
     host::Interrupt::Forget();
+    std::signal(SIGINT, former);
 }
 
 TEST_F(BatchThreads, AnotherThreadStopsTheReadingAtAnyInstant) {
