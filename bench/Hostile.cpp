@@ -154,15 +154,15 @@ Result Measure(const Shape& shape, std::size_t size, bool checkRatio) {
 /// Measures a line at each doubling of its size, and returns how often a limit was exceeded. What exceeds one
 /// is measured once more: on a busy machine other programs use the same caches. The time of a byte rises
 /// where the index leaves the processor's cache, at one doubling or two. Only where a line costs more than
-/// its length it rises at each. After the last doubling there is no other one to see that.
+/// its length it rises at each. So where it rises at the last doubling the next ones are measured, too.
 int MeasureDoublings(const Shape& shape, std::size_t first, std::size_t last) {
     int failures = 0;
     int risesInTurn = 0;
-    for (std::size_t size = first; size <= last; size *= 2) {
+    for (std::size_t size = first; size <= last || (risesInTurn > 0 && risesInTurn < 3); size *= 2) {
         Result result = Measure(shape, size, true);
         if (!result.All()) result = Measure(shape, size, true);
         risesInTurn = result.ratio ? 0 : risesInTurn + 1;
-        failures += !result.others || risesInTurn > 2 || (!result.ratio && 2 * size > last);
+        failures += !result.others || risesInTurn > 2;
     }
     return failures;
 }
