@@ -88,13 +88,17 @@ function(veka_test_options target)
     if(WIN32)
         target_link_options(${target} PUBLIC -static)
     endif()
-    if(VEKA_LLD AND MINGW)
-        # g++ for Windows knows its linker by path, and takes another only from a file. Its own takes half a minute for a
-        # program of tests.
-        file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/lld.specs CONTENT "*linker:\n${VEKA_LLD}\n")
-        target_link_options(${target} PUBLIC -specs=${PROJECT_BINARY_DIR}/lld.specs -fno-use-linker-plugin)
-    elseif(VEKA_LLD)
+    if(VEKA_LLD AND NOT MINGW)
         target_link_options(${target} PUBLIC -fuse-ld=lld)
+    endif()
+endfunction()
+
+# A program of tests that is linked by lld on Windows, too. g++ for Windows knows its linker by path, and takes another only
+# from a file. Its own linker takes half a minute for a program of tests.
+function(veka_link_fast target)
+    if(VEKA_LLD AND MINGW)
+        file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/lld.specs CONTENT "*linker:\n${VEKA_LLD}\n")
+        target_link_options(${target} PRIVATE -specs=${PROJECT_BINARY_DIR}/lld.specs -fno-use-linker-plugin)
     endif()
 endfunction()
 
