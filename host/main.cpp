@@ -8,8 +8,10 @@
 #include <unistd.h>
 #endif
 
+#include "host/DesktopProgram.h"
 #include "host/Host.h"
 #include "host/Interrupt.h"
+#include "host/Messages.h"
 
 #if defined(VEKA_WITH_QT)
 #include "host/qt/QtDesktop.h"
@@ -38,6 +40,11 @@ int main([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const bool terminal = isatty(0) != 0, live = isatty(2) != 0;
     signal(SIGPIPE, SIG_IGN);  // a closed output is reported, and a store goes on
+#endif
+#ifdef VEKA_DESKTOP_PROGRAM
+    // To load the libraries for windows and solids takes longer than most commands.
+    const std::string failure = host::RunDesktopProgram(VEKA_DESKTOP_PROGRAM, arguments, argv);
+    if (!failure.empty()) host::Messages(std::cerr).Say(failure);
 #endif
     const int code = host::RunHost(arguments, {std::cin, std::cout, std::cerr, terminal, live}, desktop);
 #ifndef _WIN32
