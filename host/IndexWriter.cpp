@@ -9,10 +9,16 @@ namespace host {
 
 namespace {
 
-// What one transaction takes. The index writes what is added as a run, and merges runs later: fewer and
-// longer runs cost less.
+// What waits to be written.
 constexpr std::size_t kMostParts = 4096;
 constexpr std::size_t kMostBytes = 16 << 20;
+
+// What one transaction takes. The index writes what a transaction adds as a run, and merges runs later: fewer
+// and longer runs cost less.
+constexpr std::size_t kPartsAtOnce = 2048;
+constexpr std::size_t kBytesAtOnce = 8 << 20;
+// No other program can write the index meanwhile.
+constexpr auto kLongest = std::chrono::milliseconds(1000);
 
 std::size_t TextBytes(const PartFacts& facts) {
     std::size_t bytes = 0;
@@ -60,21 +66,34 @@ std::string IndexWriter::End() {
     return m_failure.empty() ? "" : "the index of the library was not written: " + m_failure;
 }
 
+bool IndexWriter::Take(std::vector<StoredPart>& parts, std::size_t& bytes, Clock::time_point until) {
+    std::unique_lock lock(m_mutex);
+    m_changed.wait_until(lock, until, [this] { return m_ended || !m_parts.empty(); });
+    parts = std::exchange(m_parts, {});
+    bytes += std::exchange(m_bytes, 0);
+    m_changed.notify_all();
+    return !m_ended || !parts.empty();
+}
+
 void IndexWriter::Work() {
     try {
         std::unique_ptr<LibraryIndex> index;
-        for (std::unique_lock lock(m_mutex);;) {
-            m_changed.wait(lock, [this] {
-                return m_ended || m_parts.size() >= kMostParts / 2 || m_bytes >= kMostBytes / 2;
-            });
-            if (m_parts.empty()) return;
-            const std::vector<StoredPart> parts = std::exchange(m_parts, {});
-            m_bytes = 0;
-            m_changed.notify_all();
-            lock.unlock();
-            if (!index) index = OpenIndex(m_library);
-            index->Put(parts);
-            lock.lock();
+        std::vector<StoredPart> parts;
+        std::size_t added = 0, bytes = 0;  // by this transaction
+        Clock::time_point end = Clock::now() + kLongest;
+        for (bool more = true; more;) {
+            more = Take(parts, bytes, end);
+            // Parts are added as they come, so that little is left to do at the end.
+            if (!parts.empty()) {
+                if (!index) index = OpenIndex(m_library);
+                if (added == 0) end = Clock::now() + kLongest;
+                index->Add(parts);
+                added += parts.size();
+            }
+            if (more && added < kPartsAtOnce && bytes < kBytesAtOnce && Clock::now() < end) continue;
+            if (index) index->Commit();
+            added = bytes = 0;
+            end = Clock::now() + kLongest;
         }
     } catch (const std::exception& error) {
         const std::lock_guard lock(m_mutex);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <filesystem>
 #include <mutex>
@@ -29,7 +30,12 @@ public:
     std::string End();
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     void Work();
+    /// Takes the parts that are to be written as soon as there are some, and none at `until`; adds the bytes
+    /// of their texts. False where none are left and none will follow.
+    bool Take(std::vector<StoredPart>& parts, std::size_t& bytes, Clock::time_point until);
 
     const std::filesystem::path m_library;
     std::mutex m_mutex;

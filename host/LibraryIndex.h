@@ -82,7 +82,16 @@ public:
     /// library cannot be read.
     virtual void Refresh(const IndexProgress& progress = nullptr) = 0;
     /// Takes parts over that were just stored. Raises `IndexError` where the index is in memory.
-    virtual void Put(const std::vector<StoredPart>& parts) = 0;
+    void Put(const std::vector<StoredPart>& parts) {
+        Add(parts);
+        Commit();
+    }
+    /// As `Put`, but the parts are there after `Commit`. Until then no other program can write the index, and
+    /// only `Add` and `Commit` may be called.
+    virtual void Add(const std::vector<StoredPart>& parts) = 0;
+    /// Ends what `Add` began. Without an `Add` before it does nothing. Raises `IndexError` where the parts
+    /// are not in the index.
+    virtual void Commit() = 0;
     /// The parts that a query wants.
     virtual std::vector<std::int64_t> Find(const PartQuery& query) = 0;
     /// A part that `Find` found; empty where the part is gone since.

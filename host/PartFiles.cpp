@@ -14,10 +14,12 @@ std::vector<std::string> PartFilesBelow(const std::filesystem::path& directory) 
     std::error_code error;
     std::filesystem::recursive_directory_iterator entry(directory, error), end;
     for (; !error && entry != end; entry.increment(error)) {
-        std::error_code vanished;  // a file that went since is none
-        if (!std::filesystem::is_regular_file(entry->symlink_status(vanished))) continue;
         std::string path(veka::FromPath(entry->path()).View());
-        if (IsPartDataName(path)) files.push_back(std::move(path));
+        if (!IsPartDataName(path)) continue;
+        // Most systems tell with the name what the entry is. A file that went since is none.
+        std::error_code vanished;
+        if (!entry->is_symlink(vanished) && entry->is_regular_file(vanished))
+            files.push_back(std::move(path));
     }
     if (error)
         throw SourceError("the directory \"" + std::string(veka::FromPath(directory).View()) +

@@ -109,6 +109,21 @@ bool WriteAll(int file, std::string_view bytes) {
     return true;
 }
 
+/// Appends at most so many bytes to a text: `write` writes them and returns how many there are. It raises
+/// nothing.
+template <class Write>
+void AppendAtMost(std::string& text, size_t most, Write write) {
+    const size_t size = text.size();
+#ifdef __cpp_lib_string_resize_and_overwrite
+    // Without zeros in place of bytes that are written next.
+    text.resize_and_overwrite(size + most,
+                              [&](char* bytes, size_t) { return size + write(bytes + size, most); });
+#else
+    text.resize(size + most);
+    text.resize(size + write(text.data() + size, most));
+#endif
+}
+
 /// Reads to the end, or until there are more bytes than `limit`; false where that fails.
 bool ReadAll(int file, std::uintmax_t limit, std::string& bytes) {
     constexpr size_t kBlock = 1 << 18;
@@ -116,9 +131,12 @@ bool ReadAll(int file, std::uintmax_t limit, std::string& bytes) {
     for (;;) {
         const size_t size = bytes.size();
         if (size > limit) return true;
-        bytes.resize(bytes.capacity() > size + kSpare ? bytes.capacity() : size + kBlock);
-        const ssize_t count = read(file, bytes.data() + size, bytes.size() - size);
-        bytes.resize(size + static_cast<size_t>(std::max<ssize_t>(count, 0)));
+        ssize_t count = 0;
+        AppendAtMost(bytes, bytes.capacity() > size + kSpare ? bytes.capacity() - size : kBlock,
+                     [&](char* place, size_t most) {
+                         count = read(file, place, most);
+                         return static_cast<size_t>(std::max<ssize_t>(count, 0));
+                     });
         if (count == 0) return true;
         if (count < 0 && errno != EINTR) return false;
     }

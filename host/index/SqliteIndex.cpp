@@ -270,16 +270,24 @@ public:
         Guarded([&] { RefreshNow(progress); }, false);
         m_refreshed = true;
     }
-    void Put(const std::vector<StoredPart>& parts) override {
-        const auto put = [&] {
+    void Add(const std::vector<StoredPart>& parts) override {
+        const auto add = [&] {
             // The next program that uses the index notices the parts by itself.
             if (m_inMemory) throw IndexError(m_whyInMemory);
-            Change change(*this);
+            if (!m_adding) m_adding.emplace(*this);
             for (const StoredPart& part : parts)
                 if (!HasRow(part)) Insert(part.facts, part.stamp, nullptr, part.origin);
-            change.Commit();
         };
-        Guarded(put, false);
+        Guarded(add, false);
+    }
+    void Commit() override {
+        const auto commit = [&, begun = m_adding.has_value()] {
+            // What was added is lost with the file.
+            if (begun && m_inMemory) throw IndexError(m_whyInMemory);
+            if (m_adding) m_adding->Commit();
+            m_adding.reset();
+        };
+        Guarded(commit, false);
     }
     std::vector<std::int64_t> Find(const PartQuery& query) override {
         return Guarded([&] { return FindNow(query); });
@@ -341,6 +349,7 @@ private:
         for (int attempt = 0;; ++attempt) try {
                 return deed();
             } catch (const SqliteError& error) {
+                m_adding.reset();
                 m_database.reset();
                 if (m_inMemory || attempt > 1)
                     throw IndexError("the index of the library cannot be used: " + std::string(error.what()));
@@ -821,6 +830,7 @@ private:
     std::string m_whyInMemory;
     bool m_refreshed = false;
     std::vector<NewName> m_newNames;  // of the change that is being made
+    std::optional<Change> m_adding;   // from an `Add` to its `Commit`
 };
 
 }  // namespace

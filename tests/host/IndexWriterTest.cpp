@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
+#include <thread>
 
 #include "host/LibraryIndex.h"
 #include "support/Children.h"
@@ -58,6 +60,17 @@ TEST_F(IndexWriter, WithoutPartsMakesNoIndex) {
 TEST_F(IndexWriter, ItsEndWritesWhatIsLeft) {
     { host::IndexWriter(Root()).Put(Parts(0, 7)); }
     EXPECT_EQ(Size(), 7u);
+}
+
+TEST_F(IndexWriter, WritesWhatWasPutThoughNothingFollows) {
+    host::IndexWriter writer(Root());
+    writer.Put(Parts(0, 7));
+    std::size_t size = 0;
+    for (int i = 0; i < 1000 && size == 0; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        size = Size();
+    }
+    EXPECT_EQ(size, 7u);
 }
 
 TEST_F(IndexWriter, AFileThatMayNotGrowIsTheReasonAlsoWhereOnlyTheEndOfAChangeFails) {

@@ -202,6 +202,31 @@ TEST_F(Index, FindsManyPartsInTheOrderOfAFewOnes) {
     EXPECT_EQ(Numbers(*index, {"p12345", {}}).front(), "P12345");
 }
 
+TEST_F(Index, PartsThatAreAddedAreThereAfterTheCommitAndNotBefore) {
+    std::vector<host::StoredPart> parts(2);
+    parts[0].facts.name = parts[0].facts.number = "ONE";
+    parts[1].facts.name = parts[1].facts.number = "TWO";
+    const auto index = host::OpenIndex(Root()), other = host::OpenIndex(Root());
+    index->Add({parts[0]});
+    index->Add({parts[1]});
+    EXPECT_EQ(other->Size(), 0u);
+    index->Commit();
+    EXPECT_EQ(other->Size(), 2u);
+    index->Commit();
+    EXPECT_EQ(other->Size(), 2u);
+    index->Add({});
+    index->Add({parts[1]});  // the index has this very part
+    index->Commit();
+    EXPECT_EQ(other->Size(), 2u);
+}
+
+TEST_F(Index, PartsThatWereAddedWithoutACommitAreForgotten) {
+    std::vector<host::StoredPart> parts(1);
+    parts[0].facts.name = parts[0].facts.number = "ONE";
+    { host::OpenIndex(Root())->Add(parts); }
+    EXPECT_EQ(host::OpenIndex(Root())->Size(), 0u);
+}
+
 TEST_F(Index, ConditionsChooseByFields) {
     Store({"A", "(NUMBEROFPINS 8) (MANUFACTURER \"Maker One\") (PACKAGETYPE SO8)"});
     Store({"B", "(NUMBEROFPINS 14) (MANUFACTURER Other) (PRODUCTFAMILY Logic)"});
